@@ -1,0 +1,71 @@
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+
+#include "common/byte_list.h"
+#include "thread/MutexClass.h"
+
+/// Values of PERIFCARD::cardClass.
+namespace card_class {
+inline constexpr std::int32_t kOutput = 0;
+inline constexpr std::int32_t kInput = 1;  ///< the only class that is polled
+inline constexpr std::int32_t kNone = 3;   ///< empty or unidentified
+}  // namespace card_class
+
+/// One card's record in the card table: what sits at a bus address and its last
+/// known data. Owned by ZOLT; the serial task writes it, the master loop reads
+/// it and writes where a member says so. There is no lock over a record: each
+/// number is atomic, and a reader tolerates a value one cycle old.
+class PERIFCARD {
+  public:
+    static constexpr std::size_t kAnalogueChannels = 6;
+    static constexpr std::size_t kBlocks = 16;
+    /// Poll answers that are averaged into one analogue reading.
+    static constexpr std::int32_t kAveraging = 6;
+
+    /// Back to an empty slot; the address and the sample count stay. Called by
+    /// the master loop before it sends a discovery request.
+    void clearPerifCard();
+
+    /// Master loop: forgets the PIO answer, so that an old one cannot pass for
+    /// the answer to the next request.
+    void ClearPIOAnswer();
+    /// Serial task: keeps the first 16 bytes of a 'Q' answer; missing ones are 0.
+    void StorePIOAnswer(const std::array<char, 16>& answer);
+    /// A byte (0 to 15) of the last PIO answer. Once byte 0 is 'Q' the others
+    /// belong to it.
+    char PIOAnswer(std::size_t index) const;
+
+    /// The poll frame is a list, so it alone has a lock of its own.
+    ByteList PollFrame();
+    void AppendToPollFrame(const ByteList& bytes);
+
+    std::atomic<std::int32_t> cardClass{card_class::kNone};
+    /// Data bytes the card carries; the third byte of its poll frame.
+    std::atomic<std::int32_t> dataLength{0};
+    /// 0 to 15, written at discovery.
+    std::atomic<std::uint8_t> address{0};
+    /// As received in the discovery answer.
+    std::atomic<char> kindCode{0};
+    /// Display name of the kind, at most 39 characters of static storage.
+    std::atomic<const char*> kindName{"EMPTY"};
+    /// Last known data bytes; the output translation writes them too.
+    std::array<std::atomic<std::uint8_t>, kBlocks> values{};
+    /// Serial task: 1 where the value of the same index changed in the last poll
+    /// answer.
+    std::array<std::atomic<std::uint8_t>, kBlocks> changed{};
+    /// The master loop's per-card switch; on after discovery of an input card.
+    std::atomic<bool> pollingOn{false};
+    /// Running sums of the channels, answers summed so far, and answers to sum.
+    std::array<std::atomic<std::int32_t>, kAnalogueChannels> analogueSums{};
+    std::atomic<std::int32_t> sampleCount{0};
+    std::atomic<std::int32_t> averagingCount{kAveraging};
+
+  private:
+    std::array<std::atomic<char>, 16> pioAnswer_{};
+    ByteList pollFrame_;
+    CMutexClass pollFrameLock_;
+};

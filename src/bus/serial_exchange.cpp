@@ -1,0 +1,83 @@
+#include <algorithm>
+#include <array>
+
+#include "bus/serial_interface.h"
+
+namespace {
+
+/// Read attempts, not time: there is no pause between them, so an answer is
+/// picked up within one read of its arrival. On an idle line the shorter limit
+/// is some tens of milliseconds.
+constexpr int kAttempts = 150000;
+/// The controller takes longer over the hardware check and discovery.
+constexpr int kLongAttempts = 300000;
+
+// Answers that the host makes itself. No static lists: those would be destroyed
+// at exit while the worker still runs.
+ByteList nothingSent() {
+    return {'L', 'C', 'E'};
+}
+ByteList noAnswer() {
+    return {'T', 'M', 'E'};
+}
+
+int attemptLimitOf(const ByteList& request) {
+    const char first = request.front();
+    return first == wire::kHardwareCheck || first == wire::kDiscovery ? kLongAttempts : kAttempts;
+}
+
+}  // namespace
+
+ByteList SERIAL_INTERFACE::Comm2HW(ByteList request) {
+    std::array<char, wire::kReadSize> stale{};
+    port_.Read(stale.data(), stale.size());
+    if (request.empty()) {
+        return nothingSent();
+    }
+    sendFrame(request);
+    return awaitAnswer(attemptLimitOf(request));
+}
+
+void SERIAL_INTERFACE::sendFrame(const ByteList& request) {
+    std::array<char, 1 + wire::kMaxRequest> frame{};
+    const std::size_t count = std::min(request.size(), wire::kMaxRequest);
+    frame[0] = static_cast<char>(count);
+    std::copy_n(request.begin(), count, frame.begin() + 1);
+
+    waitingForAnswer_ = true;
+    receivedCount_ = 0;
+    if (port_.Write(frame.data(), 1 + count) < 0) {
+        // The wait runs all the same and ends in the time-out that closes the
+        // port.
+        logger_.Error("unable to  write to " + devicePath_);
+    }
+}
+
+ByteList SERIAL_INTERFACE::awaitAnswer(int attemptLimit) {
+    std::array<char, wire::kReadSize> chunk{};
+    int attempts = 0;
+    while (waitingForAnswer_ && attempts < attemptLimit) {
+        const ssize_t count = port_.Read(chunk.data(), chunk.size());
+        if (count > 0) {
+            receive(chunk.data(), static_cast<std::size_t>(count));
+        }
+        ++attempts;
+    }
+    // An answer that completes on the very last attempt is a time-out, too.
+    if (attempts >= attemptLimit) {
+        return noAnswer();
+    }
+    const int payload = std::max(0, static_cast<int>(receiveBuffer_[0]));
+    return {receiveBuffer_.begin() + 1, receiveBuffer_.begin() + 1 + payload};
+}
+
+void SERIAL_INTERFACE::receive(const char* bytes, std::size_t count) {
+    const std::size_t kept = std::min(receivedCount_, receiveBuffer_.size());
+    std::copy_n(bytes, std::min(count, receiveBuffer_.size() - kept),
+                receiveBuffer_.begin() + static_cast<std::ptrdiff_t>(kept));
+    receivedCount_ += count;
+    // Signed on purpose: a length byte of 0x80 or more is complete at once.
+    if (static_cast<int>(receivedCount_) > receiveBuffer_[0]) {
+        waitingForAnswer_ = false;
+    }
+}

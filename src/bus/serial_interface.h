@@ -1,0 +1,107 @@
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <cstdio>
+#include <list>
+#include <string>
+
+#include "bus/perifcard.h"
+#include "bus/serial_port.h"
+#include "bus/wire.h"
+#include "core/logger.h"
+#include "core/zlqueue.h"
+#include "thread/Thread.h"
+
+/// The device paths in a listing of /dev, one name per line, in its order. Lines
+/// are read in pieces of at most 9 characters and each piece loses its last one,
+/// so names of more than 8 characters come out as several wrong paths.
+std::list<std::string> devicePathsIn(std::FILE* listing);
+
+/// The card bus link: a worker that alone talks to the bus. It finds the adapter
+/// and keeps the port open, sends the frames of the command queues one at a
+/// time, waits for each answer, keeps the card table and reports input changes.
+/// Owned by ZOLT; knows nothing of TCP.
+class SERIAL_INTERFACE final : public CThread {
+  public:
+    enum class LinkState {
+        kClosed = 0,     ///< the next cycle opens the port
+        kUnderTest = 1,  ///< port open, controller not heard yet
+        kReady = 3,      ///< controller found
+    };
+
+    /// An empty device path searches the ttyUSB devices whenever the link is
+    /// down; a given one is used as it stands. `cards` has wire::kCardRecords
+    /// records; it and `reports` outlive this object. The worker runs when the
+    /// constructor returns.
+    SERIAL_INTERFACE(std::string devicePath, LOGGER logger, PERIFCARD* cards, ZLQUEUE* reports,
+                     bool polling, bool autoDiscover);
+    ~SERIAL_INTERFACE();
+
+    using CThread::OnTask;
+    /// One cycle; runs on the worker. Always true.
+    bool OnTask() override;
+
+    /// Any thread: the frames for a bus address (0 to 15), or for the controller
+    /// (wire::kSystemQueue).
+    ZLQUEUE& CommandQueue(std::size_t index) { return commandQueues_[index]; }
+
+    /// Master loop: logs the signal and closes the port under the worker, whose
+    /// next exchange then times out.
+    void mf_SIGhandler(int signal);
+
+    /// Any thread; for tests and status.
+    LinkState State() const { return linkState_; }
+
+    /// Written by the master loop, read by the worker once per cycle.
+    /// Whether cards are polled at all.
+    std::atomic<bool> globalPolling;
+    /// Pause per cycle in microseconds.
+    std::atomic<std::int32_t> threadDelay;
+
+  private:
+    // Below: the worker only.
+
+    // serial_setup.cpp: finding the adapter
+    bool Init();
+    bool initGivenPort();
+    bool initSearchedPort();
+    static std::list<std::string> GetUSBDevices();
+    bool SetSerialParams();
+    bool HardwareCheck(const std::string& devicePath);
+
+    // serial_exchange.cpp: one request and its answer
+    ByteList Comm2HW(ByteList request);
+    void sendFrame(const ByteList& request);
+    ByteList awaitAnswer(int attemptLimit);
+    void receive(const char* bytes, std::size_t count);
+
+    // serial_task.cpp: the cycle
+    /// An answer's payload behind which missing bytes are 0.
+    using Answer = std::array<char, wire::kMaxAnswer + 1>;
+    void openLink();
+    void serveQueues();
+    void queuePolls();
+    void loseLink();
+    void actOn(const ByteList& list);
+    void takeDiscovery(const Answer& answer);
+    void takePioAnswer(const Answer& answer);
+    void takePollAnswer(const Answer& answer);
+    void WriteToQueue(const char* answer);
+
+    LOGGER logger_;
+    /// Whether the ttyUSB devices are searched; else devicePath_ is fixed.
+    const bool search_;
+    const bool autoDiscover_;
+    std::string devicePath_;
+    SerialPort port_;
+    std::atomic<LinkState> linkState_{LinkState::kClosed};
+    PERIFCARD* cards_;
+    ZLQUEUE* reports_;
+    std::array<ZLQUEUE, wire::kQueues> commandQueues_;
+    bool waitingForAnswer_ = false;
+    /// Bytes that came since the request; the buffer keeps the first of them.
+    std::size_t receivedCount_ = 0;
+    std::array<char, wire::kReceiveBuffer> receiveBuffer_{};
+};

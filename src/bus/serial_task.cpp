@@ -1,0 +1,151 @@
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "bus/card_kinds.h"
+#include "bus/polling.h"
+#include "bus/serial_interface.h"
+#include "common/answer_class.h"
+#include "common/pauses.h"
+#include "common/text.h"
+#include "core/speed.h"
+
+SERIAL_INTERFACE::SERIAL_INTERFACE(std::string devicePath, LOGGER logger, PERIFCARD* cards,
+                                   ZLQUEUE* reports, bool polling, bool autoDiscover)
+    : globalPolling(polling),
+      threadDelay(kDefaultThreadDelay),
+      logger_(logger),
+      search_(devicePath.empty()),
+      autoDiscover_(autoDiscover),
+      devicePath_(std::move(devicePath)),
+      cards_(cards),
+      reports_(reports) {
+    SetThreadType(kIntervalDriven, 1);
+}
+
+SERIAL_INTERFACE::~SERIAL_INTERFACE() {
+    Stop();
+}
+
+bool SERIAL_INTERFACE::OnTask() {
+    usleep(static_cast<useconds_t>(threadDelay.load()));
+    if (linkState_ == LinkState::kClosed) {
+        openLink();
+    }
+    if (linkState_ == LinkState::kReady) {
+        serveQueues();
+        // Also after a time-out has just closed the port: the polls then wait
+        // for the link to come back.
+        queuePolls();
+    }
+    return true;
+}
+
+void SERIAL_INTERFACE::openLink() {
+    if (!Init()) {
+        sleepsec(2);
+    } else if (autoDiscover_) {
+        commandQueues_[wire::kSystemQueue].ToQueue({wire::kDiscovery});
+        sleepsec(1);
+    }
+}
+
+void SERIAL_INTERFACE::serveQueues() {
+    for (ZLQUEUE& queue : commandQueues_) {
+        // One frame per queue and cycle, so a busy card cannot starve the others.
+        if (queue.IsEmpty()) {
+            continue;
+        }
+        const ByteList answer = Comm2HW(queue.DeQueue());
+        const unsigned answerClass = GetQListError(answer);
+        if (answerClass == answer_class::kTimeout) {
+            loseLink();
+            return;
+        }
+        if (answerClass == answer_class::kUsable) {
+            actOn(answer);
+        }
+    }
+}
+
+void SERIAL_INTERFACE::loseLink() {
+    logger_.Info("comm timeout " + devicePath_);
+    port_.Close();
+    linkState_ = LinkState::kClosed;
+}
+
+void SERIAL_INTERFACE::queuePolls() {
+    if (!globalPolling) {
+        return;
+    }
+    for (std::size_t address = 0; address < wire::kAddresses; ++address) {
+        PERIFCARD& card = cards_[address];
+        if (card.cardClass == card_class::kInput && card.pollingOn) {
+            commandQueues_[address].ToQueue(card.PollFrame());
+        }
+    }
+}
+
+void SERIAL_INTERFACE::actOn(const ByteList& list) {
+    struct Row {
+        char firstByte;
+        void (SERIAL_INTERFACE::*action)(const Answer& answer);
+    };
+    static constexpr std::array kActions{
+        Row{wire::kDiscoveryAnswer, &SERIAL_INTERFACE::takeDiscovery},
+        Row{wire::kPioAnswer, &SERIAL_INTERFACE::takePioAnswer},
+        Row{wire::kPollAnswer, &SERIAL_INTERFACE::takePollAnswer},
+    };
+    Answer answer{};
+    Convert_QList2BinBuff(list, answer.data());
+    // Answers are not matched to requests: each is acted on for what it is.
+    for (const Row& row : kActions) {
+        if (answer[0] == row.firstByte) {
+            (this->*row.action)(answer);
+        }
+    }
+}
+
+void SERIAL_INTERFACE::takeDiscovery(const Answer& answer) {
+    for (std::size_t address = 0; address < wire::kAddresses; ++address) {
+        setUpCard(cards_[address], static_cast<std::uint8_t>(address),
+                  answer[wire::kAnswerKinds + address]);
+    }
+}
+
+void SERIAL_INTERFACE::takePioAnswer(const Answer& answer) {
+    const auto address = static_cast<std::uint8_t>(answer[wire::kAnswerAddress]);
+    if (address >= wire::kAddresses) {
+        return;
+    }
+    std::array<char, wire::kPioBytes> kept{};
+    std::copy_n(answer.begin(), kept.size(), kept.begin());
+    cards_[address].StorePIOAnswer(kept);
+    WriteToQueue(answer.data());
+}
+
+void SERIAL_INTERFACE::takePollAnswer(const Answer& answer) {
+    const auto address = static_cast<std::uint8_t>(answer[wire::kAnswerAddress]);
+    if (address >= wire::kAddresses) {
+        return;
+    }
+    std::array<std::uint8_t, PERIFCARD::kAnalogueChannels> data{};
+    std::copy_n(answer.begin() + wire::kPollData, data.size(), data.begin());
+    if (takePollData(cards_[address], data.data())) {
+        WriteToQueue(answer.data());
+    }
+}
+
+void SERIAL_INTERFACE::WriteToQueue(const char* answer) {
+    const auto address = static_cast<std::uint8_t>(answer[wire::kAnswerAddress]);
+    for (const std::string& report : changeReports(cards_[address], address)) {
+        reports_->ToQueue(Convert_CharBuff2QList(report.c_str()));
+    }
+}
+
+void SERIAL_INTERFACE::mf_SIGhandler(int signal) {
+    logger_.Info("signal " + ITOA(signal) + " on serial interface");
+    port_.Close();
+}

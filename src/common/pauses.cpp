@@ -1,0 +1,18 @@
+#include "common/pauses.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <ctime>
+
+void sleepsec(int seconds) {
+    timespec rest{seconds, 0};
+    while (nanosleep(&rest, &rest) == -1 && errno == EINTR) {
+    }
+}
+
+void Sleep(unsigned int n) {
+    // 32-bit on purpose: the product wraps like the step count itself.
+    const std::uint32_t nanoseconds = static_cast<std::uint32_t>(n) * 100U;
+    const timespec request{0, static_cast<long>(nanoseconds)};
+    nanosleep(&request, nullptr);
+}

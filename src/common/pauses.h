@@ -1,0 +1,10 @@
+#pragma once
+
+/// Pauses the calling thread for `seconds`, the whole time also when a signal
+/// arrives. 0 and less return at once.
+void sleepsec(int seconds);
+
+/// Pauses for n steps of 100 nanoseconds with one request whose seconds part is
+/// 0: from ten million steps (one second) on the request is invalid and the
+/// call returns at once. A signal ends the pause early.
+void Sleep(unsigned int n);

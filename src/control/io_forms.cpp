@@ -1,0 +1,202 @@
+#include "control/io_forms.h"
+
+#include <algorithm>
+#include <array>
+
+#include "bus/card_kinds.h"
+#include "bus/wire.h"
+#include "common/text.h"
+
+namespace {
+
+/// The longest frame a card takes, in bytes.
+constexpr std::size_t kFrameLimit = 38;
+
+/// Operation code of the LCD's text frame; the controls are in kLcdControls.
+constexpr char kLcdText = 9;
+
+char at(const std::string& command, std::size_t position) {
+    if (position >= command.size()) {
+        throw kCommandTooShort;
+    }
+    return command[position];
+}
+
+bool contains(const std::string& command, const char* part) {
+    return command.find(part) != std::string::npos;
+}
+
+bool isForm(const std::string& command, char letter) {
+    return at(command, 0) == 'a' && at(command, 2) == letter;
+}
+
+char digitAt(const std::string& command, std::size_t position) {
+    return Convert_HexStr2Byte({at(command, position)});
+}
+
+char byteAt(const std::string& command, std::size_t position) {
+    return Convert_HexStr2Byte({at(command, position), at(command, position + 1)});
+}
+
+std::size_t addressOf(const std::string& command) {
+    return static_cast<std::size_t>(digitAt(command, 1));
+}
+
+/// 0x10, the address, the number of bytes that follow, those bytes.
+ByteList frameOf(std::size_t address, const ByteList& bytes) {
+    ByteList frame{wire::kOutput, static_cast<char>(address), static_cast<char>(bytes.size())};
+    frame.insert(frame.end(), bytes.begin(), bytes.end());
+    return frame;
+}
+
+std::optional<OutputFrame> frameForKind(const std::string& command, const ByteList& bytes,
+                                        char kind, PERIFCARD* cards) {
+    const std::size_t address = addressOf(command);
+    OutputFrame frame{address, frameOf(address, bytes)};
+    if (frame.bytes.size() > kFrameLimit || cards[address].kindCode != kind) {
+        return std::nullopt;
+    }
+    return frame;
+}
+
+// "aAbBdDD": a block of a card with output values
+
+/// How many values make up the whole output state of a kind.
+struct StateSize {
+    char kind;
+    std::size_t values;
+};
+
+constexpr std::array kStateSizes{
+    StateSize{card_kind::kDigitalOutput, 2},
+    StateSize{card_kind::kServo, 6},
+    StateSize{card_kind::kMotor, 4},
+};
+
+bool isBlock(const std::string& command) {
+    return isForm(command, 'b') && at(command, 4) == 'd';
+}
+
+std::optional<OutputFrame> block(const std::string& command, PERIFCARD* cards) {
+    const std::size_t address = addressOf(command);
+    const auto number = static_cast<std::size_t>(digitAt(command, 3));
+    const auto value = static_cast<std::uint8_t>(byteAt(command, 5));
+    PERIFCARD& card = cards[address];
+    // Before the kind is looked at: an input card then reports the difference at
+    // its next poll.
+    card.values[number] = value;
+    for (const StateSize& size : kStateSizes) {
+        if (card.kindCode == size.kind) {
+            return OutputFrame{
+                address,
+                frameOf(address, ByteList(card.values.begin(), card.values.begin() + size.values))};
+        }
+    }
+    return OutputFrame{address, {}};
+}
+
+// "aAsHSH1H2...": a stream for the IR card
+
+bool isStream(const std::string& command) {
+    return contains(command, "HS") && isForm(command, 's');
+}
+
+std::optional<OutputFrame> stream(const std::string& command, PERIFCARD* cards) {
+    constexpr std::size_t kStreamStart = 5;
+    if (command.compare(3, 2, "HS") != 0) {
+        return std::nullopt;
+    }
+    const std::size_t count = (command.size() - kStreamStart) / 2;
+    ByteList bytes{static_cast<char>(count)};
+    for (std::size_t i = 0; i < count; ++i) {
+        bytes.push_back(byteAt(command, kStreamStart + 2 * i));
+    }
+    return frameForKind(command, bytes, card_kind::kInfrared, cards);
+}
+
+// "aAlXX": an LCD control
+
+struct LcdControl {
+    char first;
+    char second;
+    char code;
+};
+
+constexpr std::array kLcdControls{
+    LcdControl{'C', 'L', 0},  // clear
+    LcdControl{'L', 'O', 1},  // backlight on
+    LcdControl{'L', 'F', 2},  // backlight off
+    LcdControl{'C', 'O', 3},  // cursor on
+    LcdControl{'C', 'F', 4},  // cursor off
+    LcdControl{'B', 'O', 5},  // cursor blinking on
+    LcdControl{'B', 'F', 6},  // cursor blinking off
+};
+
+bool isLcdControl(const std::string& command) {
+    return isForm(command, 'l') && !contains(command, "PAp");
+}
+
+std::optional<OutputFrame> lcdControl(const std::string& command, PERIFCARD* cards) {
+    const char first = at(command, 3);
+    const char second = at(command, 4);
+    for (const LcdControl& control : kLcdControls) {
+        if (control.first == first && control.second == second) {
+            return frameForKind(command, {control.code}, card_kind::kLcd, cards);
+        }
+    }
+    return std::nullopt;
+}
+
+// "aAlPApXXYYtTEXT": text on the LCD at column XX, row YY
+
+bool isLcdText(const std::string& command) {
+    return isForm(command, 'l');
+}
+
+std::optional<OutputFrame> lcdText(const std::string& command, PERIFCARD* cards) {
+    constexpr std::size_t kTextStart = 11;
+    const char column = byteAt(command, 6);
+    const char row = byteAt(command, 8);
+    if (command.size() < kTextStart) {
+        throw kCommandTooShort;
+    }
+    ByteList bytes{kLcdText, column, row};
+    bytes.insert(bytes.end(), command.begin() + kTextStart, command.end());
+    bytes.push_back('\0');
+    return frameForKind(command, bytes, card_kind::kLcd, cards);
+}
+
+struct Form {
+    bool (*matches)(const std::string& command);
+    std::optional<OutputFrame> (*translate)(const std::string& command, PERIFCARD* cards);
+};
+
+/// In test order; the first that matches decides.
+constexpr std::array kForms{
+    Form{isBlock, block},
+    Form{isStream, stream},
+    Form{isLcdControl, lcdControl},
+    Form{isLcdText, lcdText},
+};
+
+}  // namespace
+
+std::optional<OutputFrame> translateOutput(const std::string& command, PERIFCARD* cards) {
+    const auto* form = std::find_if(kForms.begin(), kForms.end(),
+                                    [&command](const Form& f) { return f.matches(command); });
+    return form == kForms.end() ? std::nullopt : form->translate(command, cards);
+}
+
+std::vector<std::string> splitCommands(const std::string& chunk, const std::string& separator) {
+    std::vector<std::string> commands;
+    std::size_t start = 0;
+    while (start < chunk.size()) {
+        const std::size_t end =
+            separator.empty() ? chunk.size() : std::min(chunk.find(separator, start), chunk.size());
+        if (end > start) {
+            commands.push_back(chunk.substr(start, end - start));
+        }
+        start = end + separator.size();
+    }
+    return commands;
+}

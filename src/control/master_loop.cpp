@@ -1,0 +1,89 @@
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+
+#include "common/pauses.h"
+#include "control/console.h"
+#include "control/zolt.h"
+
+namespace {
+
+constexpr int kRunning = -1;
+
+bool isConnected(const SOCKET_INTERFACE& interface) {
+    return interface.descriptor.connectionState == connection_state::kConnected;
+}
+
+}  // namespace
+
+void ZOLT::MasterThread() {
+    while (true) {
+        usleep(static_cast<useconds_t>(config_.threadDelay));
+        if (stopRequested()) {
+            return;
+        }
+        forwardBusReport();
+        handleIoLine();
+        handleCaeLine();
+    }
+}
+
+bool ZOLT::stopRequested() {
+    // Read anew each time: a second signal may come while the first is handled.
+    const auto flag = [this] { return std::atomic_ref<int>(*signalFlag_).load(); };
+    if (flag() == kRunning) {
+        return false;
+    }
+    for (SOCKET_INTERFACE* interface : {cae_.get(), io_.get(), mon_.get()}) {
+        interface->mf_SIGhandler(flag());
+    }
+    serial_->mf_SIGhandler(flag());
+    if (const int signal = flag(); signal != SIGTERM && signal != SIGINT) {
+        return false;
+    }
+    logger_.Info("zolt is stopped by SIGTERM or SIGINT");
+    return true;
+}
+
+void ZOLT::forwardBusReport() {
+    if (busReports_->IsEmpty()) {
+        return;
+    }
+    ByteList report = busReports_->DeQueue();
+    // A monitor watches the IO traffic: without an IO client there is none.
+    if (!isConnected(*io_)) {
+        return;
+    }
+    report.insert(report.end(), config_.io.outSeparator.begin(), config_.io.outSeparator.end());
+    io_->replyQueue.ToQueue(report);
+    if (isConnected(*mon_)) {
+        mon_->replyQueue.ToQueue(report);
+    }
+}
+
+void ZOLT::handleIoLine() {
+    if (ioRequests_->IsEmpty()) {
+        return;
+    }
+    const ByteList line = ioRequests_->DeQueue();
+    if (Convert_QList2String(line) == "EXIT" + config_.io.inpSeparator) {
+        io_->replyQueue.ToQueue(Convert_String2QList("ZOLT: Bye Bye..." + config_.io.outSeparator));
+        // The whole loop stands still, so that the farewell reaches the client.
+        sleepsec(1);
+        io_->CloseByCommand();
+        return;
+    }
+    ParseOutCommand(line);
+    if (isConnected(*mon_)) {
+        mon_->replyQueue.ToQueue(line);
+    }
+}
+
+void ZOLT::handleCaeLine() {
+    if (caeRequests_->IsEmpty()) {
+        return;
+    }
+    const ByteList line = caeRequests_->DeQueue();
+    interpretConsoleLine(Convert_QList2String(line), config_.cae.outSeparator, cae_->replyQueue);
+}

@@ -1,0 +1,81 @@
+#include "control/zolt.h"
+
+#include "common/text.h"
+#include "core/config_reader.h"
+
+namespace {
+
+constexpr const char* kConfigFile = "/etc/zolt/zoltconf.xml";
+
+}  // namespace
+
+ZOLT::ZOLT(LOGGER logger, int* signalFlag)
+    : logger_(logger),
+      ioRequests_(std::make_unique<ZLQUEUE>()),
+      caeRequests_(std::make_unique<ZLQUEUE>()),
+      monRequests_(std::make_unique<ZLQUEUE>()),
+      busReports_(std::make_unique<ZLQUEUE>()),
+      signalFlag_(signalFlag),
+      cards_(std::make_unique<PERIFCARD[]>(wire::kCardRecords)),
+      workArea_(std::make_unique<std::array<char, 16>>()) {
+    for (std::size_t i = 0; i < wire::kCardRecords; ++i) {
+        cards_[i].clearPerifCard();
+    }
+}
+
+ZOLT::~ZOLT() {
+    // The workers hold plain pointers to the queues.
+    for (const auto& interface : {cae_.get(), io_.get(), mon_.get()}) {
+        if (interface != nullptr) {
+            interface->End();
+        }
+    }
+    if (serial_ != nullptr) {
+        serial_->Stop();
+    }
+    for (auto* queue : {&ioRequests_, &caeRequests_, &monRequests_, &busReports_}) {
+        queue->reset();
+    }
+    for (auto* interface : {&cae_, &io_, &mon_}) {
+        interface->reset();
+    }
+    serial_.reset();
+}
+
+CONFIG_DESCRIPTOR ZOLT::ReadConfig() {
+    return readConfigFile(kConfigFile);
+}
+
+bool ZOLT::InitProgramData() {
+    config_ = ReadConfig();
+    logger_.level = config_.logLevel;
+    logger_.fileName = config_.debugLogFile;
+    logger_.Info("zolt is started");
+    if (config_.errorText != CONFIG_DESCRIPTOR::kNoError) {
+        logger_.Error(config_.errorText);
+        logger_.Info("zolt is stopped with error");
+        return false;
+    }
+    logger_.Info("Initparam Autodiscover: " + BTOA(config_.autoDiscover));
+    logger_.Info("Initparam Enablepoll: " + BTOA(config_.initialPollState));
+    logger_.Info("Initparam Speed (ThreadDelay): " + ITOA(config_.threadDelay));
+    return true;
+}
+
+void ZOLT::InitInterfaces() {
+    cae_ = startInterface(config_.cae, caeRequests_.get());
+    io_ = startInterface(config_.io, ioRequests_.get());
+    mon_ = startInterface(config_.mon, monRequests_.get());
+    serial_ = std::make_unique<SERIAL_INTERFACE>("", logger_, cards_.get(), busReports_.get(),
+                                                 config_.initialPollState, config_.autoDiscover);
+    serial_->threadDelay = config_.threadDelay;
+}
+
+std::unique_ptr<SOCKET_INTERFACE> ZOLT::startInterface(const INTERFACE_DESCRIPTOR& settings,
+                                                       ZLQUEUE* requests) {
+    auto interface =
+        std::make_unique<SOCKET_INTERFACE>(settings, logger_, requests, framing::kText);
+    // An interface that cannot listen says so in the log; the others still serve.
+    interface->Init();
+    return interface;
+}

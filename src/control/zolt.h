@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "bus/perifcard.h"
+#include "bus/serial_interface.h"
+#include "client/socket_interface.h"
+#include "common/byte_list.h"
+#include "core/descriptors.h"
+#include "core/logger.h"
+#include "core/zlqueue.h"
+
+/// The daemon: owns the configuration, the queues, the card table and the four
+/// workers, and runs the master loop that moves everything between them. One per
+/// process; all of it is used by the main thread alone, except what the workers
+/// share through queues and atomics.
+class ZOLT {
+  public:
+    /// `signalFlag` holds -1 until a signal's number is stored there, by a
+    /// handler in any thread; it outlives this object.
+    ZOLT(LOGGER logger, int* signalFlag);
+    /// Stops the workers. The daemon ends through exit() instead, which leaves
+    /// them to the end of the process.
+    ~ZOLT();
+    ZOLT(const ZOLT&) = delete;
+    ZOLT& operator=(const ZOLT&) = delete;
+
+    /// Loads the configuration and starts the log; false when the daemon must
+    /// not start.
+    bool InitProgramData();
+    /// Builds and starts the CAE, IO and MON interfaces and the serial link.
+    void InitInterfaces();
+    /// The master loop; returns after SIGTERM or SIGINT.
+    void MasterThread();
+
+  private:
+    static CONFIG_DESCRIPTOR ReadConfig();
+
+    // master_loop.cpp: the steps of one cycle; each takes one item at most
+    bool stopRequested();
+    void forwardBusReport();
+    void handleIoLine();
+    void handleCaeLine();
+
+    // io_output.cpp
+    bool ParseOutCommand(ByteList list);
+    void replyToConsole(const std::string& text);
+
+    std::unique_ptr<SOCKET_INTERFACE> startInterface(const INTERFACE_DESCRIPTOR& settings,
+                                                     ZLQUEUE* requests);
+
+    LOGGER logger_;
+    CONFIG_DESCRIPTOR config_;
+    std::unique_ptr<ZLQUEUE> ioRequests_;
+    std::unique_ptr<ZLQUEUE> caeRequests_;
+    /// Filled by the MON interface, read by nobody: a monitor only listens.
+    std::unique_ptr<ZLQUEUE> monRequests_;
+    std::unique_ptr<ZLQUEUE> busReports_;
+    std::unique_ptr<SOCKET_INTERFACE> cae_;
+    std::unique_ptr<SOCKET_INTERFACE> io_;
+    std::unique_ptr<SOCKET_INTERFACE> mon_;
+    std::unique_ptr<SERIAL_INTERFACE> serial_;
+    int* signalFlag_;
+    /// wire::kCardRecords records, shared with the serial link.
+    std::unique_ptr<PERIFCARD[]> cards_;
+    /// Room set aside for extensions; nothing uses it.
+    std::unique_ptr<std::array<char, 16>> workArea_;
+};

@@ -1,0 +1,60 @@
+#include "core/logger.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <ctime>
+
+namespace {
+
+/// The longest line, its line feed included; the text is cut to fit.
+constexpr std::size_t kLineLimit = 999;
+
+std::string timeStamp(std::time_t now) {
+    std::tm local{};
+    localtime_r(&now, &local);
+    std::array<char, 256> buffer{};
+    return {buffer.data(),
+            std::strftime(buffer.data(), buffer.size(), "%Y-%m-%d %H:%M:%S", &local)};
+}
+
+}  // namespace
+
+LOGGER::LOGGER(const LOGGER& other) : level(other.level), fileName(other.fileName) {
+    copyLockState(other);
+}
+
+LOGGER& LOGGER::operator=(const LOGGER& other) {
+    level = other.level;
+    fileName = other.fileName;
+    copyLockState(other);
+    return *this;
+}
+
+void LOGGER::copyLockState(const LOGGER& other) {
+    if (other.lock_.HeldByCaller()) {
+        lock_.Lock();
+    }
+}
+
+void LOGGER::LOG(std::string tag, std::string text, int messageLevel) {
+    const std::time_t now = std::time(nullptr);
+    MutexGuard guard(lock_);
+    // Non-blocking, so that a pipe that nobody reads cannot stop the caller.
+    const int file = open(fileName.c_str(),
+                          O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
+    if (file == -1) {
+        return;
+    }
+    if (messageLevel < level) {
+        return;  // the file stays open, see the class comment
+    }
+    std::string line = timeStamp(now) + " [" + tag + "] " + text;
+    line.resize(std::min(line.size(), kLineLimit - 1));
+    line += '\n';
+    // A full disk loses this line; there is nobody to tell.
+    [[maybe_unused]] const ssize_t written = write(file, line.data(), line.size());
+    close(file);
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <deque>
+
+#include "common/byte_list.h"
+#include "thread/MutexClass.h"
+
+/// The channel between the daemon's threads: an unbounded first-in, first-out
+/// queue of byte lists. Any number of threads may write; each queue has one
+/// reader. Items are copies in and copies out.
+class ZLQUEUE {
+  public:
+    void ToQueue(ByteList item);
+    bool IsEmpty();
+    /// The oldest item, or an empty list when there is none. An item may itself
+    /// be empty: a reader that has to tell the two apart asks IsEmpty() first.
+    ByteList DeQueue();
+
+  private:
+    CMutexClass lock_;
+    std::deque<ByteList> items_;
+};

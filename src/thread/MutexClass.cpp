@@ -1,0 +1,27 @@
+#include "thread/MutexClass.h"
+
+CMutexClass::CMutexClass() : created_(true) {
+    pthread_mutex_init(&mutex_, nullptr);
+}
+
+CMutexClass::~CMutexClass() {
+    Lock();
+    Unlock();
+    pthread_mutex_destroy(&mutex_);
+}
+
+void CMutexClass::Lock() {
+    if (HeldByCaller()) {
+        return;
+    }
+    pthread_mutex_lock(&mutex_);
+    owner_ = pthread_self();
+}
+
+void CMutexClass::Unlock() {
+    if (!HeldByCaller()) {
+        return;
+    }
+    owner_ = 0;
+    pthread_mutex_unlock(&mutex_);
+}

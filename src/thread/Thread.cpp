@@ -1,0 +1,291 @@
+#include "thread/Thread.h"
+
+#include <cstdio>
+#include <new>
+
+#include "common/pauses.h"
+
+namespace {
+
+constexpr std::uint32_t kQueueCapacity = 100;
+
+/// Between two tries to wake a kernel that is in a cycle: 10 microseconds.
+constexpr unsigned kWakeRetryPause = 100;
+
+}  // namespace
+
+int CTask::State() {
+    MutexGuard guard(lock_);
+    return state_;
+}
+
+void CTask::SetState(int state) {
+    MutexGuard guard(lock_);
+    state_ = state;
+}
+
+CThread::CThread()
+    : queue_(new (std::nothrow) void*[kQueueCapacity]),
+      capacity_(queue_ == nullptr ? 0 : kQueueCapacity) {
+    if (queue_ == nullptr) {
+        fault(thread_error::kQueueMemory);
+        return;
+    }
+    if (!lock_.Created()) {
+        std::perror("mutex creation failed");
+        fault(thread_error::kMutexCreation);
+        return;
+    }
+    if (!event_.Created()) {
+        std::perror("event creation failed");
+        fault(thread_error::kEventCreation);
+        return;
+    }
+    Start();
+}
+
+CThread::~CThread() {
+    if (kernel_ != Kernel::kNone) {
+        Stop();
+        pthread_join(handle_, nullptr);
+    }
+    delete[] queue_;
+}
+
+bool CThread::Start() {
+    MutexGuard guard(lock_);
+    const Kernel kernel = kernel_;
+    if (kernel == Kernel::kCreated || kernel == Kernel::kStarted) {
+        return true;
+    }
+    if (kernel == Kernel::kEnded) {
+        if (event_.BracketOpen()) {
+            return false;
+        }
+        pthread_join(handle_, nullptr);
+        kernel_ = Kernel::kNone;
+    }
+    errors_ &= ~thread_error::kThreadCreation;
+
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    if (stackSize_ != 0) {
+        pthread_attr_setstacksize(&attributes, stackSize_);
+    }
+    kernel_ = Kernel::kCreated;
+    const int error = pthread_create(&handle_, &attributes, _THKERNEL, this);
+    pthread_attr_destroy(&attributes);
+    if (error != 0) {
+        kernel_ = Kernel::kNone;
+        fault(thread_error::kThreadCreation);
+        std::fprintf(stderr, "error: could not create thread, pthread_create failed (%d)!\n",
+                     error);
+        return false;
+    }
+    return true;
+}
+
+void CThread::Stop() {
+    // A kernel that has not begun would set the running flag after us.
+    while (kernel_ == Kernel::kCreated) {
+        Sleep(idleTime_);
+    }
+    if (kernel_ == Kernel::kStarted) {
+        running_ = false;
+        Event(static_cast<void*>(nullptr));
+        do {
+            Sleep(idleTime_);
+        } while (kernel_ == Kernel::kStarted);
+    }
+    setState(thread_state::kDown);
+}
+
+bool CThread::PingThread(long timeout) {
+    for (long waited = 0; !running_;) {
+        waited += idleTime_;
+        Sleep(idleTime_);
+        if (timeout > 0 && waited > timeout) {
+            return running_;
+        }
+    }
+    return true;
+}
+
+void CThread::SetThreadType(ThreadType_t type, long idleTime) {
+    SetIdle(idleTime);
+    if (type_.exchange(type) != type) {
+        wakeKernel();
+    }
+}
+
+void CThread::SetIdle(long idleTime) {
+    idleTime_ = static_cast<std::uint32_t>(idleTime);
+}
+
+void CThread::SetPriority(long /*priority*/) {}
+
+void CThread::SetStackSize(std::uint32_t bytes) {
+    MutexGuard guard(lock_);
+    stackSize_ = bytes;
+}
+
+int CThread::ThreadState() {
+    MutexGuard guard(lock_);
+    return state_;
+}
+
+std::uint32_t CThread::ErrorFlags() {
+    MutexGuard guard(lock_);
+    return errors_;
+}
+
+std::uint32_t CThread::GetEventsPending() {
+    MutexGuard guard(lock_);
+    return pending_;
+}
+
+bool CThread::takesEvents() {
+    if (type_ == kEventDriven) {
+        return true;
+    }
+    MutexGuard guard(lock_);
+    fault(thread_error::kIllegalEvent);
+    return false;
+}
+
+bool CThread::Event(void* event) {
+    if (!takesEvents() || !Push(event)) {
+        return false;
+    }
+    wakeKernel();
+    return true;
+}
+
+bool CThread::Event(CTask* task) {
+    if (!takesEvents()) {
+        return false;
+    }
+    {
+        MutexGuard guard(lock_);
+        task->SetThreadId(threadId_);
+    }
+    if (!Push(task)) {
+        return false;
+    }
+    task->SetState(CTask::kQueued);
+    wakeKernel();
+    return true;
+}
+
+bool CThread::Push(void* event) {
+    if (event == nullptr) {
+        return true;
+    }
+    MutexGuard guard(lock_);
+    if (pending_ + 1 >= capacity_) {
+        return false;
+    }
+    queue_[pending_++] = event;
+    return true;
+}
+
+bool CThread::Pop() {
+    MutexGuard guard(lock_);
+    if (pending_ > 0) {
+        current_ = queue_[--pending_];
+    }
+    return true;
+}
+
+bool CThread::Empty() {
+    MutexGuard guard(lock_);
+    return pending_ == 0;
+}
+
+bool CThread::OnTask(void* event) {
+    auto* task = static_cast<CTask*>(event);
+    task->SetState(CTask::kRunning);
+    const bool result = task->Task();
+    task->SetState(CTask::kCompleted);
+    return result;
+}
+
+bool CThread::OnTask() {
+    std::puts("\nthread is alive");
+    return true;
+}
+
+bool CThread::KernelProcess() {
+    {
+        MutexGuard guard(lock_);
+        state_ = running_ ? thread_state::kBusy : thread_state::kShuttingDown;
+        if (!running_) {
+            return false;
+        }
+    }
+    bool goOn = true;
+    if (Empty()) {
+        goOn = OnTask();
+    } else {
+        while (goOn && !Empty()) {
+            Pop();
+            goOn = OnTask(current_);
+        }
+        MutexGuard guard(lock_);
+        current_ = nullptr;
+    }
+    setState(goOn ? thread_state::kWaiting : thread_state::kShuttingDown);
+    return goOn;
+}
+
+void* CThread::_THKERNEL(void* thread) {
+    auto& self = *static_cast<CThread*>(thread);
+    {
+        MutexGuard guard(self.lock_);
+        self.state_ = thread_state::kWaiting;
+        self.running_ = true;
+        self.threadId_ = static_cast<std::uint32_t>(pthread_self());
+        self.kernel_ = Kernel::kStarted;
+    }
+    while (true) {
+        const ThreadType_t type = self.type_;
+        if (type == kEventDriven) {
+            self.event_.Wait();
+        }
+        if (!self.KernelProcess()) {
+            break;
+        }
+        if (type == kEventDriven) {
+            self.event_.Reset();
+        }
+        if (self.type_ == kIntervalDriven) {
+            Sleep(self.idleTime_);
+        }
+    }
+    MutexGuard guard(self.lock_);
+    self.state_ = thread_state::kDown;
+    self.running_ = false;
+    self.kernel_ = Kernel::kEnded;
+    return nullptr;
+}
+
+void CThread::wakeKernel() {
+    // An ended event-driven kernel has left the event's mutex locked, so a
+    // blocking Set() would never return.
+    while (!event_.TrySet()) {
+        if (kernel_ == Kernel::kEnded) {
+            return;
+        }
+        Sleep(kWakeRetryPause);
+    }
+}
+
+void CThread::setState(int state) {
+    MutexGuard guard(lock_);
+    state_ = state;
+}
+
+void CThread::fault(std::uint32_t errorFlag) {
+    errors_ |= errorFlag;
+    state_ = thread_state::kFault;
+}
