@@ -3,24 +3,27 @@
 CEventClass::CEventClass() : created_(true) {
     pthread_mutex_init(&mutex_, nullptr);
     pthread_cond_init(&condition_, nullptr);
+    pthread_cond_init(&bracketClosed_, nullptr);
 }
 
 CEventClass::~CEventClass() {
+    pthread_cond_destroy(&bracketClosed_);
     pthread_cond_destroy(&condition_);
-    // Destroying a locked mutex is undefined; left alone it holds nothing
-    // outside this object.
-    if (!bracketOpen_) {
-        pthread_mutex_destroy(&mutex_);
-    }
+    pthread_mutex_destroy(&mutex_);
 }
 
 void CEventClass::Set() {
     pthread_mutex_lock(&mutex_);
+    while (bracketOpen_) {
+        pthread_cond_wait(&bracketClosed_, &mutex_);
+    }
     latchAndSignal();
 }
 
 bool CEventClass::TrySet() {
-    if (pthread_mutex_trylock(&mutex_) != 0) {
+    pthread_mutex_lock(&mutex_);
+    if (bracketOpen_) {
+        pthread_mutex_unlock(&mutex_);
         return false;
     }
     latchAndSignal();
@@ -40,10 +43,13 @@ bool CEventClass::Wait() {
     }
     latched_ = false;
     bracketOpen_ = true;
+    pthread_mutex_unlock(&mutex_);
     return true;
 }
 
 void CEventClass::Reset() {
+    pthread_mutex_lock(&mutex_);
     bracketOpen_ = false;
     pthread_mutex_unlock(&mutex_);
+    pthread_cond_broadcast(&bracketClosed_);
 }

@@ -5,9 +5,9 @@
 #include <atomic>
 
 /// A wake-up for one waiting thread. Wait() and Reset() bracket the waiter's
-/// work: between them it holds the event's mutex, so a Set() from another
-/// thread blocks until the work is done. A Set() that comes before the Wait()
-/// is kept, and only a Set() ends a Wait().
+/// work: between them it holds the event, so a Set() from another thread blocks
+/// until the work is done. A Set() that comes before the Wait() is kept, and
+/// only a Set() ends a Wait().
 class CEventClass {
   public:
     CEventClass();
@@ -17,14 +17,14 @@ class CEventClass {
     CEventClass(const CEventClass&) = delete;
     CEventClass& operator=(const CEventClass&) = delete;
 
-    /// Locks and unlocks the event's mutex, then wakes one waiter.
+    /// Waits for an open bracket to close, then wakes one waiter.
     void Set();
     /// Like Set(), but returns false at once instead of blocking while a
     /// bracket is open.
     bool TrySet();
-    /// Returns true after a Set(), with the event's mutex held.
+    /// Returns true after a Set(), with the bracket open.
     bool Wait();
-    /// Releases the mutex that Wait() left held; by the thread that waited.
+    /// Closes the bracket that Wait() opened.
     void Reset();
 
     bool Created() const { return created_; }
@@ -32,13 +32,20 @@ class CEventClass {
     bool BracketOpen() const { return bracketOpen_; }
 
   private:
+    /// The caller holds mutex_, which is free afterwards.
     void latchAndSignal();
 
+    /// For the thread in Wait().
     pthread_cond_t condition_{};
     pthread_mutex_t mutex_{};
     bool created_;
+    /// For threads in Set() while a bracket is open.
+    pthread_cond_t bracketClosed_{};
     /// Guarded by mutex_: a Set() that no Wait() has consumed. Without it the
     /// wake-up of a worker that is still on its way into Wait() would be lost.
     bool latched_ = false;
+    /// Written with mutex_ held. A mark and not a mutex that stays locked: a
+    /// kernel that ends in its cycle leaves its bracket open, and a mutex whose
+    /// owner is gone can be neither unlocked nor destroyed.
     std::atomic<bool> bracketOpen_{false};
 };

@@ -166,13 +166,15 @@ bool CThread::Event(CTask* task) {
         return false;
     }
     {
+        // One locked region: a kernel that is in a cycle could otherwise take and
+        // complete the task before it is marked as queued.
         MutexGuard guard(lock_);
         task->SetThreadId(threadId_);
+        if (!store(task)) {
+            return false;
+        }
+        task->SetState(CTask::kQueued);
     }
-    if (!Push(task)) {
-        return false;
-    }
-    task->SetState(CTask::kQueued);
     wakeKernel();
     return true;
 }
@@ -182,6 +184,10 @@ bool CThread::Push(void* event) {
         return true;
     }
     MutexGuard guard(lock_);
+    return store(event);
+}
+
+bool CThread::store(void* event) {
     if (pending_ + 1 >= capacity_) {
         return false;
     }
@@ -270,7 +276,7 @@ void* CThread::_THKERNEL(void* thread) {
 }
 
 void CThread::wakeKernel() {
-    // An ended event-driven kernel has left the event's mutex locked, so a
+    // An ended event-driven kernel has left the event's bracket open, so a
     // blocking Set() would never return.
     while (!event_.TrySet()) {
         if (kernel_ == Kernel::kEnded) {

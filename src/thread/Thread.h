@@ -93,6 +93,8 @@ class CThread {
     /// Waits until the kernel runs; false once the idle times waited exceed
     /// `timeout`. A time-out below 1 waits without end.
     bool PingThread(long timeout);
+    /// A change wakes the kernel and blocks while it is in an event-driven cycle,
+    /// so the kernel itself must not call it.
     void SetThreadType(ThreadType_t type, long idleTime);
     void SetIdle(long idleTime);
     /// Has no effect: the workers share the process's priority.
@@ -102,8 +104,9 @@ class CThread {
     std::uint32_t GetEventsPending();
 
     /// Posts an event to an event-driven thread and wakes it; blocks while it
-    /// is in a cycle. A null event only wakes it. False when the queue is full
-    /// or the thread is not event-driven; the caller then keeps the event.
+    /// is in a cycle, so the kernel itself must not call it. A null event only
+    /// wakes it. False when the queue is full or the thread is not event-driven;
+    /// the caller then keeps the event.
     bool Event(void* event);
     bool Event(CTask* task);
 
@@ -129,6 +132,8 @@ class CThread {
     static void* _THKERNEL(void* thread);
 
     bool takesEvents();
+    /// The caller holds lock_. False when the queue is full.
+    bool store(void* event);
     void wakeKernel();
     void setState(int state);
     void fault(std::uint32_t errorFlag);
