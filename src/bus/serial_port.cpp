@@ -8,8 +8,8 @@
 
 namespace {
 
-/// A request that some adapters' drivers take the settings by; the others
-/// refuse it, which does not matter.
+/// A request of no known effect that goes ahead of tcsetattr, which alone
+/// configures the port; its result is ignored.
 constexpr unsigned long kDriverSettings = 0x403C7414;
 
 }  // namespace

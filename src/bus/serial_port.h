@@ -9,14 +9,15 @@
 #include "thread/MutexClass.h"
 
 /// The port's descriptor. The serial task owns it; the master loop may close it
-/// at shutdown. Every call is short and non-blocking and holds a small lock, so
-/// no call ever works on a number that has been closed and given to another
-/// file; on a closed port calls fail with EBADF.
+/// at shutdown. Every call holds a small lock, so none ever works on a number
+/// that has been closed and given to another file; reads and writes do not
+/// block. On a closed port calls fail with EBADF.
 class SerialPort {
   public:
     ~SerialPort() { Close(); }
 
-    /// Closes what is open, then opens `path` for raw, non-blocking traffic.
+    /// Closes what is open, then opens `path` for non-blocking traffic. False when
+    /// the system refuses.
     bool Open(const std::string& path);
     /// 0, or the errno of tcsetattr.
     int Apply(const termios& settings);

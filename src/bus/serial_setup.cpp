@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstring>
 
 #include "bus/serial_interface.h"
 #include "common/answer_class.h"
@@ -35,11 +34,10 @@ termios rawSettings() {
 
 /// The version text of a hardware check answer, as much of it as is there.
 std::string versionIn(const ByteList& answer) {
-    ByteList version = answer;
-    version.erase(version.begin(),
-                  std::next(version.begin(), std::min(wire::kVersion, version.size())));
-    version.resize(std::min(wire::kVersionSize, version.size()));
-    return Convert_QList2String(version);
+    const std::string bytes(answer.begin(), answer.end());
+    const std::string version =
+        bytes.substr(std::min(wire::kVersion, bytes.size()), wire::kVersionSize);
+    return Convert_CharBuff2String(version.c_str());
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <utility>
 
 #include "client/socket_interface.h"
 #include "common/pauses.h"
@@ -22,7 +21,8 @@ struct SocketOption {
 };
 
 /// A client whose machine has vanished frees the interface within two minutes,
-/// and each reply goes out at once.
+/// and each reply goes out at once. The user timeout also ends a client that
+/// takes nothing for two minutes while replies wait for it.
 constexpr std::array kClientOptions{
     SocketOption{SOL_SOCKET, SO_KEEPALIVE, 1},
     SocketOption{IPPROTO_TCP, TCP_KEEPIDLE, 60},   // seconds
@@ -104,10 +104,10 @@ void SOCKET_INTERFACE::acceptClient() {
             setOption(client, option);
         }
     }
-    {
-        MutexGuard guard(lock_);
-        clientSocket_ = client;
-    }
+    // One locked region: a command that closes the interface comes before all of
+    // it, or after.
+    MutexGuard guard(lock_);
+    clientSocket_ = client;
     if (descriptor.connectionState != connection_state::kAccepting) {
         return;  // the command that closed the interface also ended the wait
     }
@@ -116,7 +116,7 @@ void SOCKET_INTERFACE::acceptClient() {
     info("client is connected on ",
          " interface from " + std::string(inet_ntoa(peer.sin_addr)) + ":" + ITOA(peer.sin_port));
     queueBanner();
-    descriptor.connectionState.replace(connection_state::kAccepting, connection_state::kConnected);
+    descriptor.connectionState = connection_state::kConnected;
 }
 
 void SOCKET_INTERFACE::queueBanner() {

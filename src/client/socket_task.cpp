@@ -35,6 +35,8 @@ SOCKET_INTERFACE::~SOCKET_INTERFACE() {
 }
 
 void SOCKET_INTERFACE::End() {
+    // First, so that a worker that is just reopening does not go on to accept.
+    RequestStop();
     {
         MutexGuard guard(lock_);
         shutDownSockets();

@@ -3,8 +3,7 @@
 #include "common/byte_list.h"
 
 /// What the first byte of a card answer says about it. The serial task acts on
-/// the two classes named here; the others (2 to 6) are told apart for traces
-/// and dropped.
+/// the two classes named here and drops the others (2 to 6).
 namespace answer_class {
 inline constexpr unsigned kUsable = 0;
 inline constexpr unsigned kTimeout = 1;

@@ -5,7 +5,7 @@
 #include "common/byte_list.h"
 
 /// Dumps to standard output, for tracing. Each byte is one item: the character
-/// (".": for control characters and bytes from 128 on), ":", the unsigned value
+/// ("." for control characters and bytes from 128 on), ":", the unsigned value
 /// in decimal, "|". Calls from several threads may interleave.
 
 /// "Buffer content: " and `count` items.

@@ -17,7 +17,7 @@ constexpr char kLcdText = 9;
 
 char at(const std::string& command, std::size_t position) {
     if (position >= command.size()) {
-        throw kCommandTooShort;
+        throw int{kCommandTooShort};
     }
     return command[position];
 }
@@ -39,7 +39,7 @@ char byteAt(const std::string& command, std::size_t position) {
 }
 
 std::size_t addressOf(const std::string& command) {
-    return static_cast<std::size_t>(digitAt(command, 1));
+    return static_cast<unsigned char>(digitAt(command, 1));
 }
 
 /// 0x10, the address, the number of bytes that follow, those bytes.
@@ -79,7 +79,7 @@ bool isBlock(const std::string& command) {
 
 std::optional<OutputFrame> block(const std::string& command, PERIFCARD* cards) {
     const std::size_t address = addressOf(command);
-    const auto number = static_cast<std::size_t>(digitAt(command, 3));
+    const auto number = static_cast<unsigned char>(digitAt(command, 3));
     const auto value = static_cast<std::uint8_t>(byteAt(command, 5));
     PERIFCARD& card = cards[address];
     // Before the kind is looked at: an input card then reports the difference at
@@ -158,7 +158,7 @@ std::optional<OutputFrame> lcdText(const std::string& command, PERIFCARD* cards)
     const char column = byteAt(command, 6);
     const char row = byteAt(command, 8);
     if (command.size() < kTextStart) {
-        throw kCommandTooShort;
+        throw int{kCommandTooShort};
     }
     ByteList bytes{kLcdText, column, row};
     bytes.insert(bytes.end(), command.begin() + kTextStart, command.end());

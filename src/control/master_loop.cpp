@@ -4,7 +4,6 @@
 #include <csignal>
 
 #include "common/pauses.h"
-#include "control/console.h"
 #include "control/zolt.h"
 
 namespace {
@@ -85,5 +84,5 @@ void ZOLT::handleCaeLine() {
         return;
     }
     const ByteList line = caeRequests_->DeQueue();
-    interpretConsoleLine(Convert_QList2String(line), config_.cae.outSeparator, cae_->replyQueue);
+    console_->interpret(Convert_QList2String(line));
 }

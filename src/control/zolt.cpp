@@ -69,6 +69,8 @@ void ZOLT::InitInterfaces() {
     serial_ = std::make_unique<SERIAL_INTERFACE>("", logger_, cards_.get(), busReports_.get(),
                                                  config_.initialPollState, config_.autoDiscover);
     serial_->threadDelay = config_.threadDelay;
+    console_.emplace(static_cast<ConsoleHost&>(*this), config_.cae.inpSeparator,
+                     config_.cae.outSeparator);
 }
 
 std::unique_ptr<SOCKET_INTERFACE> ZOLT::startInterface(const INTERFACE_DESCRIPTOR& settings,

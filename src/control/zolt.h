@@ -2,12 +2,15 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "bus/perifcard.h"
 #include "bus/serial_interface.h"
 #include "client/socket_interface.h"
 #include "common/byte_list.h"
+#include "control/console.h"
+#include "control/console_host.h"
 #include "core/descriptors.h"
 #include "core/logger.h"
 #include "core/zlqueue.h"
@@ -16,14 +19,14 @@
 /// workers, and runs the master loop that moves everything between them. One per
 /// process; all of it is used by the main thread alone, except what the workers
 /// share through queues and atomics.
-class ZOLT {
+class ZOLT final : private ConsoleHost {
   public:
     /// `signalFlag` holds -1 until a signal's number is stored there, by a
     /// handler in any thread; it outlives this object.
     ZOLT(LOGGER logger, int* signalFlag);
     /// Stops the workers. The daemon ends through exit() instead, which leaves
     /// them to the end of the process.
-    ~ZOLT();
+    ~ZOLT() override;
     ZOLT(const ZOLT&) = delete;
     ZOLT& operator=(const ZOLT&) = delete;
 
@@ -44,6 +47,17 @@ class ZOLT {
     void handleIoLine();
     void handleCaeLine();
 
+    // console_services.cpp: what the console's commands act on
+    void reply(const ByteList& item) override;
+    PERIFCARD& card(std::size_t address) override;
+    bool polling() const override;
+    void setPolling(bool on) override;
+    void setThreadDelay(std::int32_t microseconds) override;
+    void request(const ByteList& frame) override;
+    void report(const ByteList& line) override;
+    void pause(int seconds) override;
+    void closeConnection() override;
+
     // io_output.cpp
     bool ParseOutCommand(ByteList list);
     void replyToConsole(const std::string& text);
@@ -62,6 +76,8 @@ class ZOLT {
     std::unique_ptr<SOCKET_INTERFACE> io_;
     std::unique_ptr<SOCKET_INTERFACE> mon_;
     std::unique_ptr<SERIAL_INTERFACE> serial_;
+    /// Built with the interfaces, when its separators are known.
+    std::optional<Console> console_;
     int* signalFlag_;
     /// wire::kCardRecords records, shared with the serial link.
     std::unique_ptr<PERIFCARD[]> cards_;

@@ -11,7 +11,7 @@
 template <typename T>
 class SharedField {
   public:
-    SharedField(T value) : value_(value) {}  // NOLINT(google-explicit-constructor): reads as a T
+    SharedField(T value) : value_(value) {}
     SharedField(const SharedField& other) : value_(other.load()) {}
     SharedField& operator=(const SharedField& other) {
         store(other.load());
@@ -23,7 +23,7 @@ class SharedField {
     }
     ~SharedField() = default;
 
-    operator T() const { return load(); }  // NOLINT(google-explicit-constructor): reads as a T
+    operator T() const { return load(); }
     T load() const { return value_.load(); }
     void store(T value) { value_.store(value); }
     /// Stores `next` and returns true if the value is `expected`.

@@ -22,7 +22,7 @@ class LOGGER {
     /// Any thread. A file that cannot be opened is skipped without a word. A
     /// message below the threshold is not written, but its file stays open: one
     /// descriptor per filtered message, kept as a known cost.
-    void LOG(std::string tag, std::string text, int level);
+    void LOG(std::string tag, std::string text, int messageLevel);
     /// The two tags of the daemon, "INF" and "ERR", at its one level, 1.
     void Info(const std::string& text) { LOG("INF", text, 1); }
     void Error(const std::string& text) { LOG("ERR", text, 1); }

@@ -2,8 +2,6 @@
 
 #include <pthread.h>
 
-#include <atomic>
-
 /// A wake-up for one waiting thread. Wait() and Reset() bracket the waiter's
 /// work: between them it holds the event, so a Set() from another thread blocks
 /// until the work is done. A Set() that comes before the Wait() is kept, and
@@ -28,8 +26,6 @@ class CEventClass {
     void Reset();
 
     bool Created() const { return created_; }
-    /// A Wait() has returned and its Reset() has not come.
-    bool BracketOpen() const { return bracketOpen_; }
 
   private:
     /// The caller holds mutex_, which is free afterwards.
@@ -44,8 +40,9 @@ class CEventClass {
     /// Guarded by mutex_: a Set() that no Wait() has consumed. Without it the
     /// wake-up of a worker that is still on its way into Wait() would be lost.
     bool latched_ = false;
-    /// Written with mutex_ held. A mark and not a mutex that stays locked: a
-    /// kernel that ends in its cycle leaves its bracket open, and a mutex whose
-    /// owner is gone can be neither unlocked nor destroyed.
-    std::atomic<bool> bracketOpen_{false};
+    /// Guarded by mutex_: a Wait() has returned and its Reset() has not come. A
+    /// mark and not a mutex that stays locked: a kernel that ends in its cycle
+    /// leaves its bracket open, and a mutex whose owner is gone can be neither
+    /// unlocked nor destroyed.
+    bool bracketOpen_ = false;
 };

@@ -59,10 +59,9 @@ bool CThread::Start() {
         return true;
     }
     if (kernel == Kernel::kEnded) {
-        if (event_.BracketOpen()) {
-            return false;
-        }
         pthread_join(handle_, nullptr);
+        // An event-driven kernel took its open bracket along.
+        event_.Reset();
         kernel_ = Kernel::kNone;
     }
     errors_ &= ~thread_error::kThreadCreation;

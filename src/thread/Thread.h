@@ -84,8 +84,7 @@ class CThread {
     /// was woken with nothing stored; runs on the kernel. False ends the kernel.
     virtual bool OnTask();
 
-    /// Starts the kernel unless there is one; false when the system refused, or
-    /// when an event-driven kernel ended in its cycle: the event went with it.
+    /// Starts the kernel unless there is one; false when the system refused.
     bool Start();
     /// Ends the kernel after its current cycle and waits for it. Not to be
     /// called from the kernel itself.
@@ -120,6 +119,9 @@ class CThread {
     bool KernelProcess();
 
   protected:
+    /// Asks the kernel to end after its current cycle, without waiting for it;
+    /// Stop() does that.
+    void RequestStop() { running_ = false; }
     /// False once Stop() was called; for cycles that never return by themselves.
     bool Running() const { return running_; }
     /// The stack of kernels started from now on, in bytes; 0 is the system's
