@@ -1,0 +1,30 @@
+#!/bin/sh
+# Installs what is missing, builds everything and runs the tests.
+set -eu
+cd "$(dirname "$0")"
+
+if [ "${1-}" = --help ]; then
+    cat <<'END'
+usage: ./test.sh [PRESET] [CTEST-ARGUMENT...]
+
+Builds and runs every test; PRESET is dev (the default), asan (address, leak and
+undefined-behaviour sanitizers) or tsan (thread sanitizer). Arguments behind it
+go to ctest, for example
+  ./test.sh dev -R golden.block_output
+  ./test.sh tsan --rerun-failed
+END
+    exit 0
+fi
+
+preset=dev
+case "${1-}" in
+    dev | asan | tsan)
+        preset=$1
+        shift
+        ;;
+esac
+
+tools/install-packages g++ cmake ninja-build libpugixml-dev libgtest-dev libgmock-dev
+cmake --preset "$preset"
+cmake --build --preset "$preset"
+exec ctest --preset "$preset" "$@"

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+
+/// Makes the system refuse calls of the program under test, or lets something
+/// happen just before one. Works by standing in for the calls below, for which
+/// the test program is linked with --wrap. One at a time; any thread.
+class SystemFaults {
+  public:
+    enum class Call { kSocket, kSetsockopt, kBind, kListen, kAccept, kSelect };
+
+    SystemFaults();
+    ~SystemFaults();
+    SystemFaults(const SystemFaults&) = delete;
+    SystemFaults& operator=(const SystemFaults&) = delete;
+
+    /// The next `times` calls fail with this errno.
+    void fail(Call call, int error, int times = 1);
+    /// Runs just before the next such call goes to the system, on its thread.
+    void beforeNext(Call call, std::function<void()> action);
+
+    // For the wrapped calls: true when the call is to fail, with errno set.
+    static bool refused(Call call);
+
+  private:
+    struct Plan {
+        int error = 0;
+        int times = 0;
+        std::function<void()> action;
+    };
+
+    bool refuse(Call call);
+
+    std::mutex lock_;
+    std::map<Call, Plan> plans_;
+};

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/golden/item.h"
+#include "tests/support/daemon_settings.h"
+
+namespace golden {
+
+/// What stands before the first action: the bus, and the daemon's configuration.
+struct Setup {
+    /// Text of the bus file; without one no simulated bus runs.
+    std::optional<std::string> bus;
+    std::string link = "/dev/ttyUSB0";
+    int baud = 0;
+    bool pollsShown = false;
+    support::DaemonSettings settings;
+    /// The whole configuration file instead of the settings.
+    std::optional<std::string> configuration;
+};
+
+/// One action with what it brings about.
+struct Step {
+    int line = 0;
+    std::string verb;
+    /// What follows the verb.
+    std::string argument;
+    std::vector<Item> expected;
+    /// How long rebuild waits after the last item.
+    std::chrono::milliseconds settle{};
+
+    std::string text() const { return argument.empty() ? verb : verb + ' ' + argument; }
+};
+
+/// A golden dialogue. The format is described in docs/testing.md.
+class Dialogue {
+  public:
+    /// Throws std::invalid_argument, "NAME:LINE: reason".
+    static Dialogue parse(const std::string& name, const std::string& text);
+
+    const std::string& name() const { return name_; }
+    const Setup& setup() const { return setup_; }
+    const std::vector<Step>& steps() const { return steps_; }
+
+    /// The text of the file with other expectations, one list per step. All else
+    /// stays, also the comments.
+    std::string withExpectations(const std::vector<std::vector<Item>>& perStep) const;
+
+  private:
+    struct SourceLine {
+        std::string text;
+        bool expectation = false;
+        bool action = false;
+    };
+
+    void readLine(SourceLine& source, int number);
+
+    std::string name_;
+    Setup setup_;
+    std::vector<Step> steps_;
+    std::vector<SourceLine> lines_;
+    // Longer than the pauses of the daemon, of which the longest are the 2 x 2 s
+    // until a closed port is opened again.
+    std::chrono::milliseconds settle_{5500};
+};
+
+}  // namespace golden

@@ -1,0 +1,118 @@
+#include "tests/golden/runner.h"
+
+#include <algorithm>
+#include <thread>
+
+#include "tests/golden/comparer.h"
+#include "tests/golden/log_lines.h"
+#include "tests/golden/recording.h"
+#include "tests/golden/stage.h"
+#include "tests/support/wait.h"
+
+namespace golden {
+namespace {
+
+using support::Clock;
+
+constexpr std::chrono::seconds kStepPatience{20};
+constexpr std::chrono::milliseconds kLookEvery{3};
+// How long nothing more may come after the last step.
+constexpr std::chrono::milliseconds kEndQuiet{300};
+
+class Check {
+  public:
+    Check(const Dialogue& dialogue, const Listener& listener)
+        : dialogue_(dialogue), listener_(listener), stage_(dialogue.setup()) {}
+
+    Outcome run() {
+        for (const auto& step : dialogue_.steps()) {
+            if (!play(step)) return outcome();
+        }
+        stage_.waitForReads();
+        watch(Clock::now() + kEndQuiet, [] { return false; });
+        if (failure_.empty()) failure_ = stage_.finish();
+        return outcome();
+    }
+
+  private:
+    bool play(const Step& step) {
+        step_ = &step;
+        came_.clear();
+        stage_.waitForReads();
+        comparer_.expect(step.expected);
+        timeoutsExpected_ += std::count_if(step.expected.begin(), step.expected.end(), isTimeout);
+        listener_.action(step);
+        try {
+            stage_.perform(step);
+        } catch (const std::exception& error) {
+            failure_ = error.what();
+            return false;
+        }
+        watch(Clock::now() + kStepPatience, [this] { return comparer_.complete(); });
+        if (failure_.empty() && !comparer_.complete()) {
+            failure_ = "  missing:\n";
+            for (const auto& line : comparer_.missing()) failure_ += "    " + line + "\n";
+        }
+        return failure_.empty();
+    }
+
+    // Takes items until `done`, a failure or the deadline.
+    void watch(Clock::time_point deadline, const std::function<bool()>& done) {
+        do {
+            for (const auto& item : stage_.collect()) {
+                listener_.item(item);
+                came_.push_back(item);
+                if (isTimeout(item)) ++timeouts_;
+                const auto problem = comparer_.take(item);
+                if (problem && failure_.empty()) failure_ = *problem + "\n";
+            }
+            if (!failure_.empty() || done()) return;
+            std::this_thread::sleep_for(kLookEvery);
+        } while (Clock::now() < deadline);
+    }
+
+    Outcome outcome() const {
+        if (failure_.empty()) return {};
+        std::string report = dialogue_.name() + ":" + std::to_string(step_->line) + ": after \"" +
+                             step_->text() + "\"\n" + failure_ + "  what came in this step:\n";
+        for (const auto& item : came_) report += "    " + writeItem(item) + "\n";
+        return {report + "  last frames on the bus:\n" + stage_.frameLog(),
+                timeouts_ > timeoutsExpected_};
+    }
+
+    const Dialogue& dialogue_;
+    const Listener& listener_;
+    Stage stage_;
+    Comparer comparer_;
+    const Step* step_ = nullptr;
+    std::vector<Item> came_;
+    std::string failure_;
+    std::ptrdiff_t timeouts_ = 0;
+    std::ptrdiff_t timeoutsExpected_ = 0;
+};
+
+}  // namespace
+
+Outcome check(const Dialogue& dialogue, const Listener& listener) {
+    return Check(dialogue, listener).run();
+}
+
+std::vector<std::vector<Item>> record(const Dialogue& dialogue) {
+    Stage stage(dialogue.setup());
+    Recording recording;
+    std::vector<std::vector<Item>> steps;
+    for (const auto& step : dialogue.steps()) {
+        stage.waitForReads();
+        stage.perform(step);
+        for (auto quietSince = Clock::now(); Clock::now() < quietSince + step.settle;) {
+            for (const auto& item : stage.collect()) {
+                if (recording.add(item)) quietSince = Clock::now();
+            }
+            std::this_thread::sleep_for(kLookEvery);
+        }
+        steps.push_back(recording.endStep());
+    }
+    return steps;
+}
+
+}  // namespace golden

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/golden/dialogue.h"
+#include "tests/golden/item.h"
+
+namespace golden {
+
+/// Called with every action and item of a run as it happens.
+struct Listener {
+    std::function<void(const Step&)> action = [](const Step&) {};
+    std::function<void(const Item&)> item = [](const Item&) {};
+};
+
+struct Outcome {
+    /// What went wrong, over several lines; empty when the dialogue went as
+    /// written.
+    std::string failure;
+    /// The daemon gave up an answer that the simulated bus did give: the machine
+    /// was too slow for its time limit, and the failure may come from that.
+    bool machineTooSlow = false;
+};
+
+/// Plays a dialogue once and compares what comes with its expectations.
+Outcome check(const Dialogue& dialogue, const Listener& listener = {});
+
+/// Plays a dialogue and returns what came in each step. Throws std::exception
+/// when an action is impossible.
+std::vector<std::vector<Item>> record(const Dialogue& dialogue);
+
+}  // namespace golden

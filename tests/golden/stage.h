@@ -1,0 +1,76 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/golden/bus_trace.h"
+#include "tests/golden/dialogue.h"
+#include "tests/golden/item.h"
+#include "tests/support/daemon_process.h"
+#include "tests/support/files.h"
+#include "tests/support/silent_adapter.h"
+#include "tests/support/sim_process.h"
+#include "tests/support/system_log.h"
+#include "tests/support/tcp_client.h"
+
+namespace golden {
+
+/// What a dialogue plays on: the simulated bus, the daemon and its clients, in
+/// the private view of this process. One at a time.
+class Stage {
+  public:
+    /// Prepares everything and starts the simulated bus, not yet the daemon.
+    explicit Stage(const Setup& setup);
+
+    /// Carries out one action; throws std::exception when that is impossible.
+    void perform(const Step& step);
+    /// Everything that has come on any channel since the last call.
+    std::vector<Item> collect();
+    /// Waits until the daemon has read what the last send sent, so that the next
+    /// one is not read together with it.
+    void waitForReads();
+    /// Ends daemon and bus and returns what is wrong with that; empty when all
+    /// is well.
+    std::string finish();
+    /// The last frames on the bus, with their times.
+    std::string frameLog() const;
+    /// True once the daemon has been told to stop.
+    bool stopping() const { return stopping_; }
+
+  private:
+    struct Client {
+        support::TcpClient connection;
+        bool closeReported = false;
+    };
+
+    void start();
+    void controlBus(const std::string& line);
+    void connect(const std::string& name);
+    void awaitRefusal(const std::string& interface);
+    void send(const std::string& argument);
+    void signal(const std::string& name);
+    Client& client(const std::string& name);
+    void collectClients(std::vector<Item>& items);
+    void collectEnd(std::vector<Item>& items);
+
+    Setup setup_;
+    std::unique_ptr<support::SystemLog> systemLog_;
+    std::unique_ptr<support::SimProcess> bus_;
+    std::map<std::string, std::unique_ptr<support::SilentAdapter>> silentAdapters_;
+    support::DaemonProcess daemon_;
+    std::map<std::string, Client> clients_;
+    std::string lastSender_;
+    BusTrace busTrace_;
+    std::vector<Item> busAnswers_;
+    support::FileTail log_;
+    support::FileTail output_;
+    support::FileTail errors_;
+    bool started_ = false;
+    bool endReported_ = false;
+    bool stopping_ = false;
+};
+
+}  // namespace golden

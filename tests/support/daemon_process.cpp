@@ -1,0 +1,95 @@
+#include "tests/support/daemon_process.h"
+
+#include <fcntl.h>
+#include <signal.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "tests/support/daemon_settings.h"
+#include "tests/support/private_view.h"
+#include "tests/support/unique_fd.h"
+
+namespace support {
+namespace {
+
+UniqueFd createFile(const std::filesystem::path& path) {
+    UniqueFd file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0644));
+    if (!file.valid()) throw std::runtime_error("cannot write " + path.string());
+    return file;
+}
+
+}  // namespace
+
+void writeConfiguration(const std::string& xml) {
+    writeFile(kConfigurationFile, xml);
+}
+
+std::filesystem::path standardOutputFile() {
+    return workFolder() / "zolt.output";
+}
+std::filesystem::path standardErrorFile() {
+    return workFolder() / "zolt.errors";
+}
+
+std::string DaemonProcess::defaultProgram() {
+    return ZOLT_PROGRAM;
+}
+
+DaemonProcess::~DaemonProcess() {
+    if (!running()) return;
+    ::kill(daemon_, SIGKILL);
+    reap(daemon_);
+}
+
+std::string DaemonProcess::start(std::optional<int> output) {
+    const auto before = childrenRunning(defaultProgram());
+    const UniqueFd outputFile = createFile(standardOutputFile());
+    const UniqueFd errors = createFile(standardErrorFile());
+    StandardStreams streams;
+    streams.output = output.value_or(outputFile.get());
+    streams.error = errors.get();
+    const pid_t parent = spawn({defaultProgram()}, streams);
+    const auto status = reap(parent);
+    if (!status) throw std::runtime_error("the started process does not end");
+    // Orphaned by its parent's end, the daemon is now a child of this process,
+    // even when it has already ended.
+    for (const pid_t child : childrenRunning(defaultProgram())) {
+        if (std::find(before.begin(), before.end(), child) == before.end()) daemon_ = child;
+    }
+    return describeWaitStatus(*status);
+}
+
+bool DaemonProcess::running() {
+    if (daemon_ < 0 || endStatus_) return false;
+    endStatus_ = reap(daemon_, std::chrono::milliseconds(0));
+    return !endStatus_;
+}
+
+void DaemonProcess::signal(int number) const {
+    if (daemon_ > 0) ::kill(daemon_, number);
+}
+
+std::string DaemonProcess::waitForEnd(std::chrono::milliseconds patience) {
+    if (daemon_ < 0) return "never started";
+    if (!endStatus_) endStatus_ = reap(daemon_, patience);
+    return endStatus_ ? describeWaitStatus(*endStatus_) : "still running";
+}
+
+std::string DaemonProcess::stop() {
+    if (running()) signal(SIGTERM);
+    const std::string end = waitForEnd();
+    std::string problems = standardError();
+    if (end != "status 0") problems += "the daemon ended with " + end + "\n";
+    return problems;
+}
+
+std::string DaemonProcess::standardOutput() const {
+    return readFile(standardOutputFile());
+}
+
+std::string DaemonProcess::standardError() const {
+    return readFile(standardErrorFile());
+}
+
+}  // namespace support

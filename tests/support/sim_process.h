@@ -1,0 +1,67 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "tests/support/files.h"
+#include "tests/support/unique_fd.h"
+
+namespace support {
+
+/// A running simulated card bus (the program zolt-sim) with its control socket
+/// and its full trace.
+class SimProcess {
+  public:
+    struct Options {
+        /// The bus description, as a bus file holds it.
+        std::string bus;
+        /// Name under which the daemon finds the adapter.
+        std::filesystem::path link = "/dev/ttyUSB0";
+        /// Speed of the wire; 0 answers at once.
+        int baud = 0;
+        std::string program = defaultProgram();
+    };
+
+    /// Starts it and waits until the daemon could open it; throws
+    /// std::runtime_error with what it printed when it does not come up.
+    explicit SimProcess(const Options& options);
+    /// Ends it.
+    ~SimProcess();
+    SimProcess(const SimProcess&) = delete;
+    SimProcess& operator=(const SimProcess&) = delete;
+
+    /// Runs one control line and returns the lines of its answer without the
+    /// final "ok"; throws std::runtime_error when it is refused.
+    std::vector<std::string> control(const std::string& line);
+
+    /// The trace lines that have come since the last call.
+    std::vector<std::string> readNewTrace() { return trace_.readNewLines(); }
+    /// The last lines of the trace, for a report of a failure.
+    std::string traceTail(std::size_t lines) const;
+
+    /// Ends it as a user would and returns what is wrong with that: its exit
+    /// status and all it printed as errors. Empty when all is well.
+    std::string stop();
+
+    /// The zolt-sim of the same build.
+    static std::string defaultProgram();
+
+  private:
+    void connectControl();
+
+    std::filesystem::path traceFile_;
+    std::filesystem::path errorFile_;
+    FileTail trace_;
+    pid_t process_ = -1;
+    UniqueFd control_;
+    std::string controlInput_;
+};
+
+/// Text of a bus file that comes with the simulated bus, for example
+/// "all-kinds".
+std::string shippedBus(const std::string& name);
+
+}  // namespace support

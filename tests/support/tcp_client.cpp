@@ -1,0 +1,125 @@
+#include "tests/support/tcp_client.h"
+
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <system_error>
+
+namespace support {
+namespace {
+
+[[noreturn]] void fail(const std::string& what) {
+    throw std::system_error(errno, std::generic_category(), what);
+}
+
+std::string hexPort(std::uint16_t port) {
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), ":%04X", port);
+    return text.data();
+}
+
+bool endsWith(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() &&
+           text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+}  // namespace
+
+std::optional<TcpClient> TcpClient::tryConnect(std::uint16_t port) {
+    UniqueFd socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(port);
+    const auto* generic = reinterpret_cast<const sockaddr*>(&address);
+    if (::connect(socket.get(), generic, sizeof address) != 0) {
+        if (errno == ECONNREFUSED || errno == ECONNRESET) return std::nullopt;
+        fail("connect to port " + std::to_string(port));
+    }
+    // One packet per send, at once.
+    const int yes = 1;
+    ::setsockopt(socket.get(), IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
+    return TcpClient(std::move(socket), port);
+}
+
+TcpClient TcpClient::connect(std::uint16_t port, std::chrono::milliseconds patience) {
+    std::optional<TcpClient> client;
+    if (!waitUntil([&] { return (client = tryConnect(port)).has_value(); }, patience)) {
+        throw std::runtime_error("port " + std::to_string(port) + " stays refused");
+    }
+    return std::move(*client);
+}
+
+void TcpClient::send(std::string_view bytes) {
+    const auto sent = ::send(socket_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+    if (sent != static_cast<ssize_t>(bytes.size())) fail("send");
+}
+
+std::string TcpClient::receive() {
+    std::string bytes;
+    std::array<char, 4096> buffer{};
+    while (!closedByPeer_) {
+        const auto count = ::recv(socket_.get(), buffer.data(), buffer.size(), MSG_DONTWAIT);
+        if (count < 0 && (errno == EAGAIN || errno == EINTR)) break;
+        if (count <= 0) {
+            closedByPeer_ = true;
+        } else {
+            bytes.append(buffer.data(), static_cast<std::string::size_type>(count));
+        }
+    }
+    return bytes;
+}
+
+std::string TcpClient::receiveUntil(std::string_view end, std::chrono::milliseconds patience) {
+    const std::string wanted(end);
+    std::string bytes;
+    waitUntil(
+        [&] {
+            bytes += receive();
+            return endsWith(bytes, wanted) || closedByPeer_;
+        },
+        patience);
+    return bytes;
+}
+
+bool TcpClient::peerHasReadAll() const {
+    constexpr const char* kNone = "00000000";
+    sockaddr_in own{};
+    socklen_t size = sizeof own;
+    if (::getsockname(socket_.get(), reinterpret_cast<sockaddr*>(&own), &size) != 0) return true;
+    const std::string peer = hexPort(peerPort_);
+    const std::string self = hexPort(ntohs(own.sin_port));
+
+    // Columns: number, local address, remote address, state, and the bytes that
+    // wait for acknowledgement and for reading as "tx:rx". Nothing may wait for
+    // acknowledgement at this end and nothing for reading at the other.
+    std::ifstream table("/proc/net/tcp");
+    std::string line;
+    while (std::getline(table, line)) {
+        std::istringstream columns(line);
+        std::string number, local, remote, state, queues;
+        columns >> number >> local >> remote >> state >> queues;
+        const auto colon = queues.find(':');
+        if (colon == std::string::npos) continue;
+        const bool ownEnd = endsWith(local, self) && endsWith(remote, peer);
+        const bool otherEnd = endsWith(local, peer) && endsWith(remote, self);
+        if (ownEnd && queues.substr(0, colon) != kNone) return false;
+        if (otherEnd && queues.substr(colon + 1) != kNone) return false;
+    }
+    return true;
+}
+
+void TcpClient::reset() {
+    const linger atOnce{1, 0};
+    ::setsockopt(socket_.get(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+    socket_.reset();
+}
+
+}  // namespace support

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "tests/support/unique_fd.h"
+#include "tests/support/wait.h"
+
+namespace support {
+
+/// A client of one of the daemon's TCP ports, on the loopback interface.
+class TcpClient {
+  public:
+    /// Connects, trying again while the port is refused; throws
+    /// std::runtime_error when that lasts longer than `patience`.
+    static TcpClient connect(std::uint16_t port, std::chrono::milliseconds patience = kPatience);
+    /// One attempt; nothing when the port is refused.
+    static std::optional<TcpClient> tryConnect(std::uint16_t port);
+
+    /// Sends the bytes in one packet; throws std::runtime_error on failure.
+    void send(std::string_view bytes);
+    /// What has come since the last call.
+    std::string receive();
+    /// What comes until it ends in `end`, or until `patience` has passed.
+    std::string receiveUntil(std::string_view end, std::chrono::milliseconds patience = kPatience);
+    /// True once the other side has closed or reset the connection; known after
+    /// a receive.
+    bool closedByPeer() const { return closedByPeer_; }
+    /// True when the other side's program has read every byte sent, or has
+    /// closed the connection: only then does the next send make a chunk of its
+    /// own.
+    bool peerHasReadAll() const;
+    /// Closes by a reset, as a client that crashed does.
+    void reset();
+
+  private:
+    TcpClient(UniqueFd socket, std::uint16_t peerPort)
+        : socket_(std::move(socket)), peerPort_(peerPort) {}
+
+    UniqueFd socket_;
+    std::uint16_t peerPort_;
+    bool closedByPeer_ = false;
+};
+
+}  // namespace support

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "bus/card_kinds.h"
+#include "bus/wire.h"
+#include "control/io_forms.h"
+#include "tests/unit/bus/bytes.h"
+
+inline constexpr const char* kIllegal = "illegal";
+inline constexpr const char* kException = "exception";
+
+/// One card of each kind, at the addresses that the help text uses.
+class IoForms : public testing::Test {
+  protected:
+    IoForms() {
+        for (std::size_t i = 0; i < wire::kCardRecords; ++i) cards_[i].clearPerifCard();
+        setUpCard(cards_[0], 0, card_kind::kServo);
+        setUpCard(cards_[3], 3, card_kind::kDigitalInput);
+        setUpCard(cards_[5], 5, card_kind::kDigitalOutput);
+        setUpCard(cards_[9], 9, card_kind::kInfrared);
+        setUpCard(cards_[10], 10, card_kind::kMotor);
+        setUpCard(cards_[14], 14, card_kind::kLcd);
+    }
+
+    /// The frame in hexadecimal behind the address of its queue ("5: 10 05..."),
+    /// or what else became of the command.
+    std::string outcome(const std::string& command) {
+        try {
+            const auto frame = translateOutput(command, cards_.get());
+            if (!frame) return kIllegal;
+            return std::to_string(frame->address) + ": " + hexText(frame->bytes);
+        } catch (int error) {
+            EXPECT_EQ(error, kCommandTooShort);
+            return kException;
+        }
+    }
+
+    static std::string repeated(const std::string& text, std::size_t times) {
+        std::string result;
+        for (std::size_t i = 0; i < times; ++i) result += text;
+        return result;
+    }
+
+    const std::unique_ptr<PERIFCARD[]> cards_ = std::make_unique<PERIFCARD[]>(wire::kCardRecords);
+};

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "bus/perifcard.h"
+#include "bus/wire.h"
+#include "control/console_host.h"
+
+/// The console's host without daemon and bus: writes down in order what the
+/// commands do, and stands in for the cards. A pause takes no time; it is when
+/// the bus answers the request before it.
+class RecordingHost : public ConsoleHost {
+  public:
+    /// Puts a card into the bus; discovery finds it, its record stays as it is.
+    void plugIn(std::size_t address, char kind);
+    /// Puts a card into the bus and enters it into its record.
+    void addCard(std::size_t address, char kind);
+    /// All cards answer each configuration request with these bytes (at most
+    /// 16, in hexadecimal); without a call of this they are silent.
+    void answerWith(const std::string& hexBytes);
+    /// From now on answers come as soon as the request is queued.
+    void answerAtOnce() { atOnce_ = true; }
+    /// From now on answers come when answerRequest is called.
+    void answerLate() { late_ = true; }
+    /// The bus answers what was requested last, unless it has done so.
+    void answerRequest();
+
+    /// What has happened since the last call: "reply TEXT", "request HEX",
+    /// "report TEXT", "polling on" or "off", "delay MICROSECONDS", "pause
+    /// SECONDS", "close".
+    std::vector<std::string> takeEvents();
+
+    /// Called at each event, before it takes effect.
+    std::function<void(const std::string& event)> watch = [](const std::string&) {};
+
+    void reply(const ByteList& item) override;
+    /// Throws for an address that no card can have.
+    PERIFCARD& card(std::size_t address) override { return cards_.at(address); }
+    bool polling() const override { return polling_; }
+    void setPolling(bool on) override;
+    void setThreadDelay(std::int32_t microseconds) override;
+    void request(const ByteList& frame) override;
+    void report(const ByteList& line) override;
+    void pause(int seconds) override;
+    void closeConnection() override;
+
+  private:
+    void happened(const std::string& event);
+
+    std::array<PERIFCARD, wire::kAddresses> cards_;
+    /// The kinds in the bus, which the records need not show.
+    std::array<char, wire::kAddresses> kinds_{};
+    std::optional<std::array<char, 16>> answer_;
+    bool atOnce_ = false;
+    bool late_ = false;
+    bool polling_ = false;
+    /// Not yet answered; empty: none.
+    std::string request_;
+    std::vector<std::string> events_;
+};
