@@ -5,11 +5,13 @@ set -eu
 
 usage() {
     cat <<'END'
-usage: ./run.sh [--bus FILE] [--ports CAE,IO,MON] [--help]
+usage: ./run.sh [--bus FILE] [--ports CAE,IO,MON] [--telnet] [--help]
 
   --bus FILE             the cards on the simulated bus (default: one of each kind,
                          sim/buses/all-kinds.bus)
   --ports CAE,IO,MON     the three TCP ports (default: 4001,4002,4003)
+  --telnet               lines of clients end with CR LF, as telnet and nc -C send them
+                         (default: LF alone, as nc sends them)
   --help                 this text
 
 What you type while it runs goes to the simulated bus: "help" lists its controls.
@@ -33,9 +35,9 @@ writeConfiguration() {
   <InitPollState Action="TRUE"/>
   <AutoDiscover Action="TRUE"/>
   <Interfaces>
-    <Interface Name="CAE" InpSeparator="\n" OutSeparator="\r\n" Port="$caePort"/>
-    <Interface Name="IO" InpSeparator="\n" OutSeparator="\r\n" Port="$ioPort"/>
-    <Interface Name="MON" InpSeparator="\n" OutSeparator="\r\n" Port="$monPort"/>
+    <Interface Name="CAE" InpSeparator="$lineEnd" OutSeparator="\r\n" Port="$caePort"/>
+    <Interface Name="IO" InpSeparator="$lineEnd" OutSeparator="\r\n" Port="$ioPort"/>
+    <Interface Name="MON" InpSeparator="$lineEnd" OutSeparator="\r\n" Port="$monPort"/>
   </Interfaces>
 </ZOLTConfig>
 END
@@ -44,11 +46,19 @@ END
 explain() {
     cat <<END
 
-zolt is running on a simulated card bus ($(basename "$bus")).
-  console   nc localhost $caePort
-  IO        nc localhost $ioPort     then type  a5b1dFB  and see the frame 10 05 02 FF FB here
-  monitor   nc localhost $monPort     shows the IO traffic
-Each port takes one client, some 3 seconds after its "is waiting" line below.
+zolt is running on a simulated card bus ($(basename "$bus")); its ports are
+  console $caePort, IO $ioPort, monitor $monPort
+Each takes one client at a time and answers some 3 seconds after its "is waiting" line below.
+END
+    if [ "$bus" = "$allKinds" ]; then
+        cat <<END
+In other terminals:
+  $client localhost $caePort    type  REBOOT:E   and see  RBT:0xE:OK  there, the LCD card reboot here
+  $client localhost $ioPort    type  a5b1dFB    and see the frame 10 05 02 FF FB here
+  $client localhost $monPort    then type  press 3 6  here and see  a3b0d40  there and on IO
+END
+    fi
+    cat <<END
 Type  help  here for the simulated bus's controls. Ctrl-C stops everything.
 
 END
@@ -93,9 +103,12 @@ runInside() {
     trap '' TTIN
 
     writeConfiguration
-    # In the background with the terminal as input; Ctrl-C does not reach it.
-    "$build/sim/zolt-sim" --bus "$bus" --link /dev/ttyUSB0 --trace commands <&0 &
+    # In the background, where Ctrl-C does not reach it, and with the terminal as
+    # input: the shell gives background programs an empty one unless told otherwise.
+    exec 3<&0
+    "$build/sim/zolt-sim" --bus "$bus" --link /dev/ttyUSB0 --trace commands <&3 3<&- &
     simulator=$!
+    exec 3<&-
     if ! waitFor test -e /dev/ttyUSB0; then
         fail "the simulated bus did not start"
     fi
@@ -147,7 +160,7 @@ checkPorts() {
     fi
 }
 
-bus='' ports=4001,4002,4003 inside=''
+bus='' ports=4001,4002,4003 lineEnd='\n' client=nc inside=''
 while [ $# -gt 0 ]; do
     case "$1" in
         --help)
@@ -162,6 +175,10 @@ while [ $# -gt 0 ]; do
             esac
             shift 2
             ;;
+        --telnet)
+            lineEnd='\r\n' client=telnet
+            shift
+            ;;
         --inside)
             inside=1
             shift
@@ -172,7 +189,8 @@ done
 
 root=$(cd "$(dirname "$0")" && pwd)
 build=$root/build/release
-bus=${bus:-$root/sim/buses/all-kinds.bus}
+allKinds=$root/sim/buses/all-kinds.bus
+bus=${bus:-$allKinds}
 caePort=${ports%%,*}
 monPort=${ports##*,}
 ioPort=${ports#*,}
@@ -207,4 +225,6 @@ if ! { cmake --preset release && cmake --build --preset release; } >"$build/buil
     cat "$build/build.log" >&2
     fail "the build failed"
 fi
-exec tools/private-view "$root/run.sh" --inside --bus "$bus" --ports "$ports"
+telnet=''
+[ "$client" = nc ] || telnet=--telnet
+exec tools/private-view "$root/run.sh" --inside --bus "$bus" --ports "$ports" $telnet

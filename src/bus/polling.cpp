@@ -7,9 +7,9 @@
 
 namespace {
 
-bool takeChanges(PERIFCARD& card, const std::uint8_t* data, std::size_t blocks) {
+bool takeChanges(PERIFCARD& card, std::span<const std::uint8_t> data) {
     bool any = false;
-    for (std::size_t block = 0; block < blocks; ++block) {
+    for (std::size_t block = 0; block < data.size(); ++block) {
         if (card.values[block] != data[block]) {
             card.values[block] = data[block];
             card.changed[block] = 1;
@@ -19,7 +19,7 @@ bool takeChanges(PERIFCARD& card, const std::uint8_t* data, std::size_t blocks) 
     return any;
 }
 
-bool takeAnalogue(PERIFCARD& card, const std::uint8_t* data) {
+bool takeAnalogue(PERIFCARD& card, std::span<const std::uint8_t> data) {
     constexpr std::size_t kChannels = PERIFCARD::kAnalogueChannels;
     if (card.sampleCount < card.averagingCount) {
         for (std::size_t channel = 0; channel < kChannels; ++channel) {
@@ -36,20 +36,21 @@ bool takeAnalogue(PERIFCARD& card, const std::uint8_t* data) {
         card.analogueSums[channel] = 0;
     }
     card.sampleCount = 0;
-    return takeChanges(card, readings.data(), kChannels);
+    return takeChanges(card, readings);
 }
 
 }  // namespace
 
-bool takePollData(PERIFCARD& card, const std::uint8_t* data) {
+bool takePollData(PERIFCARD& card,
+                  std::span<const std::uint8_t, PERIFCARD::kAnalogueChannels> data) {
     for (auto& flag : card.changed) {
         flag = 0;
     }
     switch (card.kindCode) {
         case card_kind::kDigitalInput:
-            return takeChanges(card, data, 2);
+            return takeChanges(card, data.first(2));
         case card_kind::kKeyMatrix:
-            return takeChanges(card, data, 1);
+            return takeChanges(card, data.first(1));
         case card_kind::kAnalogueInput:
             return takeAnalogue(card, data);
         default:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,8 @@
 /// (2 digital, 6 analogue, 1 key matrix), and sets the changed flags, which are
 /// cleared first. Analogue answers are summed, and every seventh only triggers
 /// the comparison of the averages. True when a value changed.
-bool takePollData(PERIFCARD& card, const std::uint8_t* data);
+bool takePollData(PERIFCARD& card,
+                  std::span<const std::uint8_t, PERIFCARD::kAnalogueChannels> data);
 
 /// The text of a change report, "a3b0d40", without line end.
 std::string inputReport(unsigned address, unsigned block, std::uint8_t value);

@@ -133,7 +133,7 @@ void SERIAL_INTERFACE::takePollAnswer(const Answer& answer) {
     }
     std::array<std::uint8_t, PERIFCARD::kAnalogueChannels> data{};
     std::copy_n(answer.begin() + wire::kPollData, data.size(), data.begin());
-    if (takePollData(cards_[address], data.data())) {
+    if (takePollData(cards_[address], data)) {
         WriteToQueue(answer.data());
     }
 }

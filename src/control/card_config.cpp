@@ -26,6 +26,8 @@ void parseState(CardConfigArguments& arguments, const std::string& text, std::ui
     arguments.value = carried;
 }
 
+/// Also takes over the state of an LCD command, whatever card it then turns out
+/// to be for: it is the last one that was typed that is carried.
 CardConfigArguments parse(const CardConfigCommand& command, const ConsoleLine& line,
                           CarriedStates& carried) {
     CardConfigArguments arguments;
@@ -48,7 +50,8 @@ CardConfigArguments parse(const CardConfigCommand& command, const ConsoleLine& l
 
 ByteList frameOf(const CardConfigCommand& command, const CardConfigArguments& arguments) {
     // Anything but exactly "B" is end A.
-    const unsigned base = arguments.endText == "B" ? command.registerBaseB : command.registerBase;
+    const unsigned base =
+        command.registerBase + (arguments.endText == "B" ? command.endBOffset : 0U);
     ByteList frame{wire::kConfiguration, static_cast<char>(arguments.address),
                    static_cast<char>(command.operation),
                    static_cast<char>(base + arguments.channel)};

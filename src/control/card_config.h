@@ -39,23 +39,25 @@ struct CardConfigCommand {
     enum class Operation : char { kSet = 0x01, kRead = 0x40 };
 
     const char* keyword;
-    Shape shape;
-    /// The kind code that the card must have; none: any card, even none at all.
-    std::optional<char> kind;
-    const char* wrongKind;
+    Shape shape = Shape::kAddress;
+    /// The kind code that the card must have, and the reply when it has another;
+    /// none: any card, even none at all.
+    std::optional<char> kind = std::nullopt;
+    const char* wrongKind = "";
     Operation operation;
-    /// The card-side register of channel 0, and of channel 0 at end B.
+    /// The card-side register of channel 0 at end A, and how far behind it that
+    /// of end B is.
     unsigned registerBase;
-    unsigned registerBaseB;
-    Value value;
+    unsigned endBOffset = 0;
+    Value value = Value::kNone;
     /// For Value::kState: where the last state is kept.
-    std::uint8_t CarriedStates::*carried;
+    std::uint8_t CarriedStates::*carried = nullptr;
     const char* success;
     /// Whether " at address x" follows the success text.
-    bool namesAddress;
+    bool namesAddress = false;
     /// The machine-readable line, or none. `answer` is byte 3 of the card's
     /// answer.
-    std::string (*resultLine)(const CardConfigArguments& arguments, char answer);
+    std::string (*resultLine)(const CardConfigArguments& arguments, char answer) = nullptr;
     const char* failure;
 };
 

@@ -1,14 +1,25 @@
 #include "tests/support/files.h"
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 
 namespace support {
+namespace {
+
+// A read that fails ends the text: files below /proc go with their process, also
+// while they are being read.
+std::string readRest(std::ifstream& file) {
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+}  // namespace
 
 std::string readFile(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    return readRest(file);
 }
 
 void writeFile(const std::filesystem::path& path, const std::string& content) {
@@ -30,7 +41,7 @@ std::vector<std::string> splitLines(const std::string& text) {
 std::string FileTail::readNew() {
     std::ifstream file(path_, std::ios::binary);
     if (!file.seekg(position_)) return {};
-    std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::string text = readRest(file);
     position_ += static_cast<std::streamoff>(text.size());
     return text;
 }

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <string>
+
 #include "bus/card_kinds.h"
 #include "tests/unit/bus/bytes.h"
 
@@ -12,9 +16,10 @@ class Polling : public testing::Test {
     void become(char kind) { setUpCard(card_, 3, kind); }
 
     bool take(const std::string& hex) {
-        std::string data = bytes(hex);
-        data.resize(PERIFCARD::kAnalogueChannels);
-        return takePollData(card_, reinterpret_cast<const std::uint8_t*>(data.data()));
+        const std::string text = bytes(hex);
+        std::array<std::uint8_t, PERIFCARD::kAnalogueChannels> data{};
+        std::copy_n(text.begin(), std::min(text.size(), data.size()), data.begin());
+        return takePollData(card_, data);
     }
 
     /// The reports of one poll answer.
@@ -87,7 +92,7 @@ TEST_F(Polling, OtherKindsIgnoreTheAnswerButLoseTheirFlags) {
         card.kindCode = static_cast<char>(kind);
         for (auto& flag : card.changed) flag = 1;
         const std::array<std::uint8_t, 6> data{1, 2, 3, 4, 5, 6};
-        EXPECT_FALSE(takePollData(card, data.data())) << kind;
+        EXPECT_FALSE(takePollData(card, data)) << kind;
         EXPECT_EQ(card.values[0], 0) << kind;
         EXPECT_TRUE(changeReports(card, 3).empty()) << kind;
     }
