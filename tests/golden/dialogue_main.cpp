@@ -34,7 +34,7 @@ Dialogue load(const std::string& path) {
     return Dialogue::parse(path, support::readFile(path));
 }
 
-// A run in which the daemon missed an answer proves nothing and is repeated; a
+// A run on a machine that was too slow proves nothing and is repeated; a
 // fault of the daemon that looks like that fails all the same, at the last run.
 bool checkFile(const std::string& path) {
     const auto dialogue = load(path);
@@ -46,8 +46,8 @@ bool checkFile(const std::string& path) {
         }
         std::cout << outcome.failure << std::flush;
         if (!outcome.machineTooSlow || attempt == kAttempts) return false;
-        std::cout << "An answer of the bus was lost to the daemon's time limit: the machine was "
-                     "too slow.\nThe dialogue is played again.\n"
+        std::cout << "The machine was too slow for the daemon's time limits.\n"
+                     "The dialogue is played again.\n"
                   << std::flush;
     }
 }

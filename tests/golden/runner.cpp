@@ -7,6 +7,7 @@
 #include "tests/golden/log_lines.h"
 #include "tests/golden/recording.h"
 #include "tests/golden/stage.h"
+#include "tests/support/processor_waits.h"
 #include "tests/support/wait.h"
 
 namespace golden {
@@ -18,6 +19,10 @@ constexpr std::chrono::seconds kStepPatience{20};
 constexpr std::chrono::milliseconds kLookEvery{3};
 // How long nothing more may come after the last step.
 constexpr std::chrono::milliseconds kEndQuiet{300};
+// A thread that waits so long for a processor in one step misses the time limits
+// of the daemon (some tens of milliseconds for an answer of the bus, a second for
+// that of a card).
+constexpr std::chrono::milliseconds kLongWait{100};
 
 class Check {
   public:
@@ -38,6 +43,7 @@ class Check {
     bool play(const Step& step) {
         step_ = &step;
         came_.clear();
+        waitsBefore_ = support::processorWaits();
         stage_.waitForReads();
         comparer_.expect(step.expected);
         timeoutsExpected_ += std::count_if(step.expected.begin(), step.expected.end(), isTimeout);
@@ -77,7 +83,8 @@ class Check {
                              step_->text() + "\"\n" + failure_ + "  what came in this step:\n";
         for (const auto& item : came_) report += "    " + writeItem(item) + "\n";
         return {report + "  last frames on the bus:\n" + stage_.frameLog(),
-                timeouts_ > timeoutsExpected_};
+                timeouts_ > timeoutsExpected_ ||
+                    support::longestWaitSince(waitsBefore_) > kLongWait};
     }
 
     const Dialogue& dialogue_;
@@ -87,6 +94,7 @@ class Check {
     const Step* step_ = nullptr;
     std::vector<Item> came_;
     std::string failure_;
+    support::ProcessorWaits waitsBefore_;
     std::ptrdiff_t timeouts_ = 0;
     std::ptrdiff_t timeoutsExpected_ = 0;
 };

@@ -19,8 +19,9 @@ struct Outcome {
     /// What went wrong, over several lines; empty when the dialogue went as
     /// written.
     std::string failure;
-    /// The daemon gave up an answer that the simulated bus did give: the machine
-    /// was too slow for its time limit, and the failure may come from that.
+    /// The daemon gave up an answer that the simulated bus did give, or a thread
+    /// waited long for a processor: the machine was too slow for the daemon's time
+    /// limits, and the failure may come from that.
     bool machineTooSlow = false;
 };
 
