@@ -207,7 +207,7 @@ std::string BusModel::remove(std::uint8_t address) {
     if (slot.setup.content == SlotSetup::Content::kEmpty) {
         throw ControlError("address " + hexDigit(address) + " is empty already");
     }
-    const std::string change = label(address) + "removed";
+    std::string change = label(address) + "removed";
     slot = Slot{};
     return change;
 }

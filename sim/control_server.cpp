@@ -48,6 +48,7 @@ void ControlServer::serve(const std::vector<int>& stopDescriptors) {
     const std::size_t fixed = stopDescriptors.size() + 2;
     for (;;) {
         std::vector<pollfd> events;
+        events.reserve(fixed + clients_.size());
         for (const int stop : stopDescriptors) {
             events.push_back({stop, POLLIN, 0});
         }
