@@ -76,6 +76,9 @@ waitFor() {
 
 isGone() { ! kill -0 "$1" 2>/dev/null; }
 
+adapterIsThere() { [ -e /dev/ttyUSB0 ]; }
+simulatorHasDecided() { adapterIsThere || isGone "$simulator"; }
+
 stopAll() {
     trap '' INT TERM HUP
     # A stop may come while zolt is still on its way into the background.
@@ -109,7 +112,7 @@ runInside() {
     "$build/sim/zolt-sim" --bus "$bus" --link /dev/ttyUSB0 --trace commands <&3 3<&- &
     simulator=$!
     exec 3<&-
-    if ! waitFor test -e /dev/ttyUSB0; then
+    if ! waitFor simulatorHasDecided || ! adapterIsThere; then
         fail "the simulated bus did not start"
     fi
 

@@ -82,9 +82,9 @@ class Check {
         std::string report = dialogue_.name() + ":" + std::to_string(step_->line) + ": after \"" +
                              step_->text() + "\"\n" + failure_ + "  what came in this step:\n";
         for (const auto& item : came_) report += "    " + writeItem(item) + "\n";
-        return {
-            report + "  last frames on the bus:\n" + stage_.frameLog(),
-            timeouts_ > timeoutsExpected_ || support::longestWaitSince(waitsBefore_) > kLongWait};
+        return {report + "  last frames on the bus:\n" + stage_.frameLog(),
+                timeouts_ > timeoutsExpected_ ||
+                    support::longestWait(waitsBefore_, support::processorWaits()) > kLongWait};
     }
 
     const Dialogue& dialogue_;

@@ -46,9 +46,9 @@ ProcessorWaits processorWaits() {
     return waits;
 }
 
-std::chrono::milliseconds longestWaitSince(const ProcessorWaits& before) {
+std::chrono::milliseconds longestWait(const ProcessorWaits& before, const ProcessorWaits& after) {
     std::chrono::nanoseconds longest{0};
-    for (const auto& [thread, waited] : processorWaits()) {
+    for (const auto& [thread, waited] : after) {
         const auto earlier = before.find(thread);
         longest = std::max(longest, earlier == before.end() ? waited : waited - earlier->second);
     }

@@ -13,7 +13,8 @@ namespace support {
 using ProcessorWaits = std::map<pid_t, std::chrono::nanoseconds>;
 ProcessorWaits processorWaits();
 
-/// The longest that any one thread has waited since `before` was taken.
-std::chrono::milliseconds longestWaitSince(const ProcessorWaits& before);
+/// The longest that any one thread has waited between two looks; one that is new
+/// in the second has waited since its start.
+std::chrono::milliseconds longestWait(const ProcessorWaits& before, const ProcessorWaits& after);
 
 }  // namespace support
