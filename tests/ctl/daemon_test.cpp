@@ -37,6 +37,11 @@ bool DaemonTest::reached(const std::string& text) {
     });
 }
 
+bool DaemonTest::logged(const std::string& text) const {
+    return support::waitUntil(
+        [&] { return support::readFile(settings_.logFile).find(text) != std::string::npos; });
+}
+
 std::string DaemonTest::outputOf(const std::vector<std::string>& arguments) const {
     const auto outcome = ctl_test::run(arguments);
     EXPECT_EQ(outcome.end, "status 0");

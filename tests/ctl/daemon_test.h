@@ -25,6 +25,8 @@ class DaemonTest : public ::testing::Test {
     /// Waits until the simulated bus has traced a line that holds `text`, such as
     /// a frame or what a card did.
     bool reached(const std::string& text);
+    /// Waits until the daemon's log has a line that holds `text`.
+    bool logged(const std::string& text) const;
     /// Runs one command that has to succeed and returns what it prints.
     std::string outputOf(const std::vector<std::string>& arguments) const;
 

@@ -16,18 +16,18 @@
 namespace ctl_test {
 namespace {
 
-support::UniqueFd bindLoopback(std::uint16_t& port) {
+support::UniqueFd listenOnLoopback(std::uint16_t port) {
     support::UniqueFd socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const int yes = 1;
+    ::setsockopt(socket.get(), SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    auto* generic = reinterpret_cast<sockaddr*>(&address);
-    socklen_t size = sizeof address;
-    if (::bind(socket.get(), generic, size) != 0 ||
-        ::getsockname(socket.get(), generic, &size) != 0) {
-        throw std::system_error(errno, std::generic_category(), "bind");
+    address.sin_port = htons(port);
+    const auto* generic = reinterpret_cast<const sockaddr*>(&address);
+    if (::bind(socket.get(), generic, sizeof address) != 0 || ::listen(socket.get(), 1) != 0) {
+        throw std::system_error(errno, std::generic_category(), "port " + std::to_string(port));
     }
-    port = ntohs(address.sin_port);
     return socket;
 }
 
@@ -103,12 +103,9 @@ std::size_t FakeConnection::flood(std::string_view bytes, std::size_t limit) con
     return sent;
 }
 
-FakePort::FakePort(std::vector<Script> scripts) : listening_(bindLoopback(port_)) {
-    if (::listen(listening_.get(), 1) != 0) {
-        throw std::system_error(errno, std::generic_category(), "listen");
-    }
-    thread_ = std::thread([this, kept = std::move(scripts)] { serve(kept); });
-}
+FakePort::FakePort(std::uint16_t port, std::vector<Script> scripts)
+    : listening_(listenOnLoopback(port)),
+      thread_([this, kept = std::move(scripts)] { serve(kept); }) {}
 
 FakePort::~FakePort() {
     {
@@ -137,12 +134,6 @@ void FakePort::serve(const std::vector<Script>& scripts) {
         const std::lock_guard guard(lock_);
         served_ = -1;
     }
-}
-
-std::string freePort() {
-    std::uint16_t port = 0;
-    const auto socket = bindLoopback(port);
-    return std::to_string(port);
 }
 
 FakePort::Script console(Answers answers) {

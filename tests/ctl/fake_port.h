@@ -23,6 +23,11 @@ inline constexpr const char* kConsoleBanner =
 inline constexpr const char* kIoBanner = "ZOLT IO interface is ready\r\n\r";
 inline constexpr const char* kMonBanner = "ZOLT MON interface is ready\r\n\r";
 
+/// The ports that zoltctl goes to unless it is told others.
+inline constexpr std::uint16_t kDefaultCae = 4001;
+inline constexpr std::uint16_t kDefaultIo = 4002;
+inline constexpr std::uint16_t kDefaultMon = 4003;
+
 /// The scripted daemon's end of one connection. What a client does otherwise
 /// than the script demands fails the test.
 class FakeConnection {
@@ -54,28 +59,23 @@ class FakeConnection {
 class FakePort {
   public:
     using Script = std::function<void(FakeConnection&)>;
-    explicit FakePort(std::vector<Script> scripts);
-    explicit FakePort(Script script) : FakePort(std::vector<Script>{std::move(script)}) {}
+    FakePort(std::uint16_t port, std::vector<Script> scripts);
+    FakePort(std::uint16_t port, Script script)
+        : FakePort(port, std::vector<Script>{std::move(script)}) {}
     /// Ends the connection that is still served.
     ~FakePort();
     FakePort(const FakePort&) = delete;
     FakePort& operator=(const FakePort&) = delete;
 
-    std::string port() const { return std::to_string(port_); }
-
   private:
     void serve(const std::vector<Script>& scripts);
 
     support::UniqueFd listening_;
-    std::uint16_t port_ = 0;
     std::mutex lock_;
     int served_ = -1;
     bool ending_ = false;
     std::thread thread_;
 };
-
-/// A port that nobody listens on.
-std::string freePort();
 
 /// Commands, with their line end, and what the console sends for each.
 using Answers = std::map<std::string, std::string>;

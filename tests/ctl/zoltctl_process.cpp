@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <array>
@@ -105,6 +106,10 @@ bool ZoltctlProcess::running() {
     return !endStatus_;
 }
 
+bool ZoltctlProcess::hasStarted() const {
+    return support::readFile("/proc/" + std::to_string(process_) + "/comm") == "zoltctl\n";
+}
+
 Outcome ZoltctlProcess::waitForEnd(std::chrono::milliseconds patience) {
     Outcome outcome;
     const bool ended = support::waitUntil(
@@ -121,6 +126,12 @@ Outcome ZoltctlProcess::waitForEnd(std::chrono::milliseconds patience) {
 
 Outcome run(const std::vector<std::string>& arguments, const Surroundings& surroundings) {
     return ZoltctlProcess(arguments, surroundings).waitForEnd();
+}
+
+long largestChildKilobytes() {
+    rusage usage{};
+    ::getrusage(RUSAGE_CHILDREN, &usage);
+    return usage.ru_maxrss;
 }
 
 std::vector<std::string> joined(std::vector<std::string> first,

@@ -24,13 +24,13 @@ struct Outcome {
 struct Surroundings {
     /// "NAME=VALUE", above an environment without any ZOLT_ variable, in UTC and
     /// with a home folder of its own.
-    std::vector<std::string> environment;
+    std::vector<std::string> environment = {};
     /// What it reads on standard input, then the end of it.
-    std::string input;
+    std::string input = {};
     /// A descriptor of the caller's for standard output, instead of a pipe.
-    std::optional<int> output;
+    std::optional<int> output = std::nullopt;
     /// A descriptor of the caller's for all three streams, its controlling terminal.
-    std::optional<int> terminal;
+    std::optional<int> terminal = std::nullopt;
 };
 
 /// One running zoltctl of the same build. Used from one thread.
@@ -48,8 +48,9 @@ class ZoltctlProcess {
     /// Closes the reading end of its standard output.
     void closeOutput() { output_.reset(); }
     void signal(int number) const;
-    pid_t number() const { return process_; }
     bool running();
+    /// The program itself runs, and not the one that has started it.
+    bool hasStarted() const;
     /// Its end, with the output that readNewOutput has not fetched; "still
     /// running" when it does not end within `patience`.
     Outcome waitForEnd(std::chrono::milliseconds patience = kEndPatience);
@@ -68,6 +69,9 @@ class ZoltctlProcess {
 
 /// Runs zoltctl to its end.
 Outcome run(const std::vector<std::string>& arguments, const Surroundings& surroundings = {});
+
+/// The most memory that any process started so far has had.
+long largestChildKilobytes();
 
 /// The two lists one behind the other.
 std::vector<std::string> joined(std::vector<std::string> first,
