@@ -38,11 +38,11 @@ booted() {
 
 # Its end takes all processes inside with it; the groups go when they are empty.
 shutDown() {
-    if [ $? -ne 0 ]; then
-        booted journalctl -b -q --no-pager -u zolt -n 30 >&2 || true
-    fi
-    kill -KILL "$runner" 2>/dev/null || true
-    wait "$runner" 2>/dev/null || true
+    status=$?
+    set +e
+    [ "$status" -eq 0 ] || booted journalctl -b -q --no-pager -u zolt -n 30 >&2
+    kill -KILL "$runner" 2>/dev/null
+    wait "$runner" 2>/dev/null
     waitFor 20 removeGroups || echo "the control group $group could not be removed" >&2
 }
 
