@@ -5,24 +5,14 @@
 #include <memory>
 #include <utility>
 
-#include "ctl/commands.h"
 #include "ctl/failure.h"
+#include "ctl/text.h"
 
 namespace ctl {
 namespace {
 
-/// Where the parser puts the arguments of the commands.
-struct Arguments {
-    bool flag = false;
-    std::string first;
-    std::string second;
-    std::string third;
-    std::vector<std::string> words;
-    std::optional<std::string> duration;
-    std::optional<std::string> count;
-};
-
-using Shared = std::shared_ptr<Arguments>;
+/// More words than any command has: poll with the sixteen addresses has most.
+constexpr std::size_t kMostWords = 20;
 
 struct OptionRow {
     const char* name;
@@ -37,101 +27,182 @@ std::optional<std::string>& portTarget(GivenSettings& given) {
     return given.ports[static_cast<std::size_t>(port)];
 }
 
-constexpr OptionRow kOptions[] = {
-    {"--host", "ZOLT_HOST", "HOST", "where the daemon runs, default 127.0.0.1",
-     [](GivenSettings& given) -> std::optional<std::string>& { return given.host; }},
-    {"--cae-port", "ZOLT_CAE_PORT", "PORT", "the console's port, default 4001",
-     portTarget<Port::kCae>},
-    {"--io-port", "ZOLT_IO_PORT", "PORT", "the IO port, default 4002", portTarget<Port::kIo>},
-    {"--mon-port", "ZOLT_MON_PORT", "PORT", "the monitor's port, default 4003",
-     portTarget<Port::kMon>},
-    {"--config", "ZOLT_CONFIG", "FILE",
-     "configuration that gives ports and separators, default /etc/zolt/zoltconf.xml",
-     [](GivenSettings& given) -> std::optional<std::string>& { return given.config; }},
-    {"--line-end", "ZOLT_LINE_END", "END",
-     "what ends a line that is sent: auto, crlf, lf, cr or the characters themselves",
-     [](GivenSettings& given) -> std::optional<std::string>& { return given.lineEnd; }},
-    {"--timeout", "ZOLT_TIMEOUT", "SECONDS", "the longest time for each wait, default 20",
-     [](GivenSettings& given) -> std::optional<std::string>& { return given.timeout; }},
+constexpr std::array kOptions{OptionRow{"--host", "ZOLT_HOST", "HOST",
+                                        "where the daemon runs, default 127.0.0.1",
+                                        [](GivenSettings& given) -> auto& {return given.host;
+}  // namespace
+}  // namespace ctl
+,
+    OptionRow{"--cae-port", "ZOLT_CAE_PORT", "PORT", "the console's port, default 4001",
+              portTarget<Port::kCae>},
+    OptionRow{"--io-port", "ZOLT_IO_PORT", "PORT", "the IO port, default 4002",
+              portTarget<Port::kIo>},
+    OptionRow{"--mon-port", "ZOLT_MON_PORT", "PORT", "the monitor's port, default 4003",
+              portTarget<Port::kMon>},
+    OptionRow{"--config", "ZOLT_CONFIG", "FILE",
+              "gives ports and separators, default /etc/zolt/zoltconf.xml",
+              [](GivenSettings& given) -> auto& {return given.config;
+}
+}
+, OptionRow{"--line-end", "ZOLT_LINE_END", "END",
+            "what ends a line that is sent: auto, crlf, lf, cr or the characters themselves",
+            [](GivenSettings& given) -> auto& {return given.lineEnd;
+}
+}
+, OptionRow{"--timeout", "ZOLT_TIMEOUT", "SECONDS", "longest time of each wait, default 20",
+            [](GivenSettings& given) -> auto& {return given.timeout;
+}
+}
+,
+}
+;
+
+/// The parser's help, with the forms of a command for its usage.
+class HelpText : public CLI::Formatter {
+  public:
+    std::string make_usage(const CLI::App* app, std::string name) const override {
+        for (const CommandRow& row : commandRows()) {
+            if (app->get_name() == row.name) {
+                std::string text;
+                for (const std::string& form : row.forms) {
+                    text += (text.empty() ? "Use: " : "     ") + ("zoltctl " + form) + "\n";
+                }
+                return text + "\nzoltctl --help tells the options that every command has.\n";
+            }
+        }
+        return "Use: " + name + " [OPTION...] COMMAND [ARGUMENT...]\n" + "     " + name +
+               " COMMAND --help\n";
+    }
+    std::string make_positionals(const CLI::App* /*app*/) const override { return ""; }
 };
 
-void addOptions(CLI::App& app, Invocation& invocation) {
-    for (const OptionRow& row : kOptions) {
-        app.add_option(row.name, row.target(invocation.given), row.purpose)
-            ->envname(row.variable)
-            ->type_name(row.value);
+/// The parser's options, kept to be asked once it has parsed. Texts are taken as
+/// they were given: its own conversions drop empty ones and split "[a,b]".
+class Parser {
+  public:
+    Parser() : app_("Client of the card bus daemon zolt.", "zoltctl") {
+        app_.formatter(std::make_shared<HelpText>());
+        app_.fallthrough();
+        app_.require_subcommand(1);
+        app_.set_help_flag("--help", "print this text");
+        app_.set_version_flag("--version", "zoltctl " ZOLTCTL_VERSION, "print the version");
+        json_ = app_.add_flag("--json")->description("results as JSON");
+        noCheck_ = app_.add_flag("--no-check")
+                       ->description("set, lcd, ir: do not use the console to check the card and "
+                                     "to learn of a refusal");
+        for (const OptionRow& row : kOptions) {
+            options_.push_back(app_.add_option(row.name)
+                                   ->description(row.purpose)
+                                   ->type_name(row.value)
+                                   ->envname(row.variable));
+        }
+        for (const CommandRow& row : commandRows()) {
+            addCommand(row);
+        }
     }
-    app.add_flag("--json", invocation.json, "results as JSON");
-    app.add_flag_callback(
-        "--no-check", [&invocation] { invocation.check = false; },
-        "set, lcd, ir: do not use the console to check the card and learn of a refusal");
-    app.set_version_flag("--version", "zoltctl " ZOLTCTL_VERSION, "print the version");
-    app.set_help_flag("-h,--help", "print this text");
-}
 
-void addCardCommands(CLI::App& app, Invocation& invocation, const Shared& a) {
-    CLI::App* cards = app.add_subcommand("cards", "show the card table");
-    cards->add_flag("--all", a->flag, "also the addresses without a card");
-    cards->callback([&invocation, a] {
-        invocation.command = [a](const Settings& settings) { showCards(settings, a->flag); };
-    });
+    Invocation parse(const std::vector<std::string>& arguments) {
+        Invocation invocation;
+        try {
+            // The parser takes them from the back.
+            app_.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        } catch (const CLI::CallForHelp&) {
+            invocation.text = app_.help();
+            return invocation;
+        } catch (const CLI::CallForVersion&) {
+            invocation.text = app_.version() + "\n";
+            return invocation;
+        } catch (const CLI::ParseError& error) {
+            throw Failure(Status::kUsage, complaint(error) + " (zoltctl --help tells the use)");
+        }
+        for (std::size_t i = 0; i < kOptions.size(); ++i) {
+            kOptions[i].target(invocation.given) = textOf(options_[i]);
+        }
+        invocation.json = json_->count() > 0;
+        invocation.check = noCheck_->count() == 0;
+        takeCommand(invocation);
+        return invocation;
+    }
 
-    CLI::App* table = app.add_subcommand("discover", "show all sixteen addresses");
-    table->add_flag("--force", a->flag, "identify the cards anew; takes 2 seconds");
-    table->callback([&invocation, a] {
-        invocation.command = [a](const Settings& settings) { discover(settings, a->flag); };
-    });
-}
+  private:
+    struct Command {
+        CLI::App* app;
+        std::vector<CLI::Option*> words;
+        std::vector<CLI::Option*> options;
+    };
 
-void addDriverCommands(CLI::App& app, Invocation& invocation, const Shared& a) {
-    CLI::App* speed = app.add_subcommand("speed", "set how fast the daemon's loops run");
-    speed->add_option("PERCENT", a->first, "1 to 100")->required();
-    speed->callback([&invocation, a] {
-        invocation.command = [a](const Settings& settings) { setSpeed(settings, a->first); };
-    });
+    void addCommand(const CommandRow& row) {
+        Command command{app_.add_subcommand(row.name, row.purpose), {}, {}};
+        command.app->set_help_flag("--help", "print this text");
+        // One by one, so that "--" in front of a word that begins with "-" works.
+        for (std::size_t i = 0; i < kMostWords; ++i) {
+            command.words.push_back(command.app->add_option("word" + std::to_string(i)));
+        }
+        for (const CommandOption& option : row.options) {
+            CLI::Option* added = option.value == nullptr ? command.app->add_flag(option.name)
+                                                         : command.app->add_option(option.name);
+            added->description(option.purpose);
+            if (option.value != nullptr) {
+                added->type_name(option.value);
+            }
+            command.options.push_back(added);
+        }
+        commands_.push_back(command);
+    }
 
-    app.add_subcommand("version", "show the daemon's version")->callback([&invocation] {
-        invocation.command = showVersion;
-    });
+    static std::optional<std::string> textOf(const CLI::Option* option) {
+        return option->count() == 0 ? std::nullopt : std::optional(option->results()[0]);
+    }
 
-    CLI::App* raw = app.add_subcommand("raw", "send a line as it stands");
-    raw->require_subcommand(1);
-    CLI::App* console = raw->add_subcommand("cae", "to the console, and show its reply");
-    console->add_option("LINE", a->first, "without its end")->required();
-    console->callback([&invocation, a] {
-        invocation.command = [a](const Settings& settings) { rawConsole(settings, a->first); };
-    });
-}
+    void takeCommand(Invocation& invocation) const {
+        for (std::size_t i = 0; i < commands_.size(); ++i) {
+            const Command& command = commands_[i];
+            if (!command.app->parsed()) {
+                continue;
+            }
+            const CommandRow& row = commandRows()[i];
+            invocation.row = &row;
+            std::vector<std::string> words{row.name};
+            for (const CLI::Option* option : command.words) {
+                if (const auto word = textOf(option)) {
+                    words.push_back(*word);
+                }
+            }
+            const Phrase phrase = matchPhrase(words, row.forms);
+            invocation.request.form = phrase.index;
+            invocation.request.fields = phrase.fields;
+            for (std::size_t n = 0; n < command.options.size(); ++n) {
+                if (const auto value = textOf(command.options[n])) {
+                    invocation.request.options[row.options[n].name] = *value;
+                }
+            }
+        }
+    }
 
-/// The parser's complaint as one line.
-std::string complaint(const CLI::ParseError& error) {
-    std::string text = error.what();
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return text;
-}
+    /// The parser's complaint as one line.
+    std::string complaint(const CLI::ParseError& error) const {
+        const std::vector<std::string> rest = app_.remaining(true);
+        if (!rest.empty()) {
+            return quote(rest[0]) +
+                   (startsWith(rest[0], "-") ? " is no option" : " is no command");
+        }
+        if (app_.get_subcommands().empty() && error.get_name() == "RequiredError") {
+            return "a command is missing";
+        }
+        return printable(error.what());
+    }
+
+    CLI::App app_;
+    CLI::Option* json_ = nullptr;
+    CLI::Option* noCheck_ = nullptr;
+    std::vector<CLI::Option*> options_;
+    std::vector<Command> commands_;
+};
 
 }  // namespace
 
 Invocation readCommandLine(const std::vector<std::string>& arguments) {
-    Invocation invocation;
-    const Shared shared = std::make_shared<Arguments>();
-    CLI::App app("Client of the card bus daemon zolt.", "zoltctl");
-    app.fallthrough();
-    app.require_subcommand(1);
-    addOptions(app, invocation);
-    addCardCommands(app, invocation, shared);
-    addDriverCommands(app, invocation, shared);
-    try {
-        // The parser takes them from the back.
-        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
-    } catch (const CLI::CallForHelp&) {
-        invocation.text = app.help();
-    } catch (const CLI::CallForVersion&) {
-        invocation.text = app.version() + "\n";
-    } catch (const CLI::ParseError& error) {
-        throw Failure(Status::kUsage, complaint(error) + " (zoltctl --help tells the use)");
-    }
-    return invocation;
+    return Parser().parse(arguments);
 }
 
 }  // namespace ctl

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "ctl/commands.h"
 #include "ctl/settings.h"
 
 namespace ctl {
@@ -13,10 +13,9 @@ struct Invocation {
     GivenSettings given;
     bool json = false;
     bool check = true;
-    /// The command, ready to run.
-    std::function<void(const Settings&)> command;
-    /// The text of --help or --version instead of a command; empty when there is
-    /// one.
+    const CommandRow* row = nullptr;
+    Request request;
+    /// The text of --help or --version, instead of a command.
     std::string text;
 };
 

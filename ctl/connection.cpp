@@ -111,6 +111,16 @@ void Connection::halfClose() {
     ::shutdown(socket_.get(), SHUT_WR);
 }
 
+void Connection::leave() {
+    constexpr Seconds kLeaveTime{2};
+    const Deadline leaving = Deadline::in(kLeaveTime);
+    halfClose();
+    std::string ignored;
+    while (receive(ignored, leaving) == Wait::kBytes) {
+        ignored.clear();
+    }
+}
+
 Failure Connection::cut(const std::string& when) const {
     return {Status::kCut, label_ + ": the connection ended " + when};
 }

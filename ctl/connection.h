@@ -29,6 +29,10 @@ class Connection {
 
     /// Tells the peer that nothing more is sent.
     void halfClose();
+    /// Ends the connection in a way that the daemon has noticed when this returns:
+    /// the next client then finds the port closed for a while, instead of
+    /// waiting at it and being turned away. Failures do not matter any more.
+    void leave();
     int descriptor() const { return socket_.get(); }
     const std::string& label() const { return label_; }
 

@@ -9,14 +9,6 @@
 #include "ctl/text.h"
 
 namespace ctl {
-namespace {
-
-/// Leaving is a courtesy to whoever comes next: the daemon closes at once, and
-/// without it a quick successor would be turned away first.
-constexpr Seconds kLeaveTime{2};
-
-}  // namespace
-
 ConsoleSession::ConsoleSession(const Endpoint& endpoint, Seconds patience, int interrupt)
     : ConsoleSession(endpoint, openPort(endpoint, patience, interrupt), patience, interrupt) {}
 
@@ -32,22 +24,29 @@ ConsoleSession::ConsoleSession(const Endpoint& endpoint, OpenPort port, Seconds 
         findLineEnd(port.received);
     }
     items_.feed(port.received);
+    takeLeftover(port.leftover);
+}
+
+void ConsoleSession::takeLeftover(const std::string& leftover) {
+    ItemReader items(items_.outSeparator());
+    Dialogue dialogue(items_.outSeparator());
+    items.feed(leftover);
+    while (const auto item = items.next()) {
+        if (auto line = dialogue.feed(*item).unasked) {
+            unasked_.push_back(std::move(*line));
+        }
+    }
 }
 
 ConsoleSession::~ConsoleSession() {
     if (!inOrder_) {
         return;
     }
-    connection_.halfClose();
-    const Deadline leaving = Deadline::in(std::min(kLeaveTime, patience_));
-    std::string ignored;
     try {
-        while (connection_.receive(ignored, leaving) == Connection::Wait::kBytes) {
-            ignored.clear();
-        }
+        connection_.leave();
     } catch (const std::exception&) {
-        // The connection ends either way.
-        ignored.clear();
+        // The connection ends either way, and the command is done.
+        inOrder_ = false;
     }
 }
 

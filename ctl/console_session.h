@@ -41,6 +41,8 @@ class ConsoleSession {
     explicit ConsoleSession(const Endpoint& endpoint, OpenPort port, Seconds patience,
                             int interrupt);
     Deadline deadline() const { return Deadline::in(patience_, interrupt_); }
+    /// Refused IO commands that waited for a console.
+    void takeLeftover(const std::string& leftover);
     SeparatorFound probe(const std::string& end, std::string& received);
     void findLineEnd(std::string& received);
     /// Takes what has come apart; the reply, if it became whole.

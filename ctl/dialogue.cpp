@@ -38,7 +38,7 @@ void refuseForeignReply(std::string_view received) {
         if (event.reply) {
             throw Failure(Status::kNotZolt,
                           "the answer to DRVVER is none of zolt's: " +
-                              quoted(event.reply->lines.empty() ? "" : event.reply->lines[0]));
+                              quote(event.reply->lines.empty() ? "" : event.reply->lines[0]));
         }
     }
 }

@@ -19,7 +19,7 @@ constexpr std::size_t kBeforeLimit = 65536;
 void checkLength(const std::string& buffer) {
     if (buffer.size() > kItemLimit) {
         throw Failure(Status::kNotZolt,
-                      "the answer is none of zolt's: a line without end, " + quoted(buffer));
+                      "the answer is none of zolt's: a line without end, " + quote(buffer));
     }
 }
 
@@ -92,13 +92,15 @@ bool BannerFinder::begun() const {
 
 std::optional<Report> parseReport(std::string_view line) {
     constexpr std::size_t kLength = 7;
-    if (line.size() != kLength || line[0] != 'a' || line[2] != 'b' || line[4] != 'd') {
+    if (line.size() < kLength || line[0] != 'a' || line[2] != 'b' || line[4] != 'd' ||
+        (line.size() > kLength && hexDigit(line[kLength]))) {
         return std::nullopt;
     }
+    const std::string_view digits = line.substr(5, 2);
     const auto address = hexDigit(line[1]);
     const auto block = hexDigit(line[3]);
-    const auto value = parseHexByte(line.substr(5));
-    if (!address || !block || !value || upperCase(line.substr(5)) != line.substr(5)) {
+    const auto value = parseHexByte(digits);
+    if (!address || !block || !value) {
         return std::nullopt;
     }
     return Report{upperCase(line.substr(1, 1))[0], *block, *value};

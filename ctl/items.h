@@ -1,6 +1,7 @@
 // From the bytes that a port sends to what they say. Nothing here knows sockets.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,8 @@ namespace ctl {
 class ItemReader {
   public:
     explicit ItemReader(const std::string& outSeparator) : end_(outSeparator + '\r') {}
+
+    std::string outSeparator() const { return end_.substr(0, end_.size() - 1); }
 
     void feed(std::string_view bytes) { buffer_ += bytes; }
     /// The next whole item without its end. Throws Failure when an item grows
@@ -67,9 +70,10 @@ class BannerFinder {
 struct Report {
     char address;
     unsigned block;
-    unsigned value;
+    std::uint8_t value;
 };
 
+/// Behind the report may stand a separator that is not known here.
 std::optional<Report> parseReport(std::string_view line);
 
 }  // namespace ctl

@@ -32,7 +32,7 @@ void openMissingStreams() {
 
 void run(const std::vector<std::string>& arguments) {
     const ctl::Invocation invocation = ctl::readCommandLine(arguments);
-    if (!invocation.text.empty()) {
+    if (invocation.row == nullptr) {
         ctl::writeOut(invocation.text);
         return;
     }
@@ -42,7 +42,7 @@ void run(const std::vector<std::string>& arguments) {
     if (!settings.note.empty()) {
         std::fprintf(stderr, "zoltctl: note: %s\n", settings.note.c_str());
     }
-    invocation.command(settings);
+    invocation.row->run(settings, invocation.request);
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ Failure noBanner(const Endpoint& endpoint, const BannerFinder& banner, bool ende
     }
     return {Status::kNotZolt, endpoint.label() +
                                   " is none of zolt's: instead of its banner it sent " +
-                                  quoted(banner.before())};
+                                  quote(banner.before())};
 }
 
 /// Nothing when the daemon turned the connection away without a byte.

@@ -43,7 +43,7 @@ Failure foreignReply(const Reply& reply, const std::string& command) {
         text += (text.empty() ? "" : "\n") + line;
     }
     return {Status::kNotZolt,
-            "the answer to " + printable(command) + " is none of zolt's: " + quoted(text)};
+            "the answer to " + printable(command) + " is none of zolt's: " + quote(text)};
 }
 
 std::string onlyLine(const Reply& reply, const std::string& command, std::string_view start) {
@@ -67,7 +67,7 @@ std::vector<CardEntry> parseCards(const Reply& reply, const std::string& command
         if (!splitEntry(reply.lines[i + 1], "DTI:0x", card.address, kind) ||
             card.address != kAddressDigits[i]) {
             throw Failure(Status::kNotZolt, "the answer to " + command + " is none of zolt's: " +
-                                                quoted(reply.lines[i + 1]));
+                                                quote(reply.lines[i + 1]));
         }
         card.kind = kind;
         cards.push_back(card);
@@ -92,7 +92,7 @@ PollStates parsePollStates(const Reply& reply, const std::string& command) {
         if (!splitEntry(reply.lines[i], "PTI:0x", entry.address, polling) ||
             (polling != "ON" && polling != "OFF")) {
             throw Failure(Status::kNotZolt, "the answer to " + command +
-                                                " is none of zolt's: " + quoted(reply.lines[i]));
+                                                " is none of zolt's: " + quote(reply.lines[i]));
         }
         entry.polling = polling == "ON";
         states.cards.push_back(entry);

@@ -42,7 +42,7 @@ Answer lookUp(const std::string& host, std::uint16_t port, int flags) {
 }
 
 Failure unknown(const std::string& host, const std::string& reason) {
-    return {Status::kNoDaemon, "unknown host " + quoted(host) + ": " + reason};
+    return {Status::kNoDaemon, "unknown host " + quote(host) + ": " + reason};
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ Failure usage(const std::string& text) {
 std::uint16_t portOf(const std::string& text, const char* option) {
     const auto number = parseDecimal(text, kHighestPort);
     if (!number || *number == 0) {
-        throw usage(quoted(text) + " is no port: " + option + " takes a number from 1 to 65535");
+        throw usage(quote(text) + " is no port: " + option + " takes a number from 1 to 65535");
     }
     return static_cast<std::uint16_t>(*number);
 }
@@ -44,7 +44,7 @@ Seconds timeoutOf(const std::string& text) {
     constexpr double kLongest = 86400;
     const auto seconds = parsePositive(text, kLongest);
     if (!seconds) {
-        throw usage(quoted(text) + " is no time: --timeout takes seconds above 0 and up to 86400");
+        throw usage(quote(text) + " is no time: --timeout takes seconds above 0 and up to 86400");
     }
     return Seconds(*seconds);
 }

@@ -43,7 +43,7 @@ std::string printable(std::string_view text) {
     return result;
 }
 
-std::string quoted(std::string_view text) {
+std::string quote(std::string_view text) {
     if (text.size() <= kQuoteLimit) {
         return '"' + printable(text) + '"';
     }

@@ -13,7 +13,7 @@ namespace ctl {
 std::string printable(std::string_view text);
 
 /// Printable, in quotation marks, shortened when it is long: for error lines.
-std::string quoted(std::string_view text);
+std::string quote(std::string_view text);
 
 /// 0 to 15, or nothing.
 std::optional<unsigned> hexDigit(char digit);
