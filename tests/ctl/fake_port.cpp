@@ -89,6 +89,17 @@ void FakeConnection::keepSilent() {
     receiveRest();
 }
 
+void FakeConnection::awaitUnread() const {
+    pollfd readable{socket_, POLLIN, 0};
+    ::poll(&readable, 1, static_cast<int>(std::chrono::milliseconds(support::kPatience).count()));
+}
+
+void FakeConnection::hold() const {
+    // Of interest is only that both directions are shut.
+    pollfd ended{socket_, 0, 0};
+    ::poll(&ended, 1, static_cast<int>(std::chrono::milliseconds(support::kPatience).count()));
+}
+
 std::size_t FakeConnection::flood(std::string_view bytes, std::size_t limit) const {
     const auto deadline = support::Clock::now() + support::kPatience;
     std::size_t sent = 0;

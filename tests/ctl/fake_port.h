@@ -45,6 +45,11 @@ class FakeConnection {
     std::string receiveRest();
     /// Takes whatever comes and sends nothing, until the client has left.
     void keepSilent();
+    /// Waits until something has come, and leaves it unread: the end of the script
+    /// then resets the connection.
+    void awaitUnread() const;
+    /// Leaves the connection as it is until the port goes away.
+    void hold() const;
     /// Sends `bytes` again and again until the client has left; returns how
     /// many bytes it took. `limit` bounds them.
     std::size_t flood(std::string_view bytes, std::size_t limit) const;

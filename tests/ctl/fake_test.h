@@ -2,18 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "tests/ctl/fake_port.h"
 #include "tests/ctl/zoltctl_process.h"
+#include "tests/support/daemon_settings.h"
 #include "tests/support/files.h"
 #include "tests/support/private_view.h"
 
 /// zoltctl against a scripted daemon on the default ports, in a private view.
 class FakeTest : public ::testing::Test {
   protected:
-    void SetUp() override { support::enterTestBed(); }
+    void SetUp() override {
+        support::enterTestBed();
+        std::filesystem::remove(support::kConfigurationFile);
+    }
 
     /// Lines end in CR LF, so that nothing is asked but what a test is about.
     static ctl_test::Outcome run(const std::vector<std::string>& arguments) {

@@ -76,7 +76,7 @@ TEST_F(Opening, APortThatOpensLaterIsWaitedFor) {
 }
 
 TEST_F(Opening, WhatWaitedForAnEarlierClientIsSkipped) {
-    const std::string left = item(">") + item("COE:Illegal command -> nonsense\r\n") + item(">") +
+    const std::string left = item(">") + item("COE:Illegal command -> nonsense") + item(">") +
                              item("ZOLT: Bye Bye...") + "half an item";
     const FakePort cae(kDefaultCae, [&](FakeConnection& client) {
         client.send(left);
@@ -90,7 +90,7 @@ TEST_F(Opening, WhatWaitedForAnEarlierClientIsSkipped) {
 
 TEST_F(Opening, TheBannerMayComeInSingleBytes) {
     const FakePort cae(kDefaultCae, [](FakeConnection& client) {
-        client.sendSingly(item("COE:Illegal command -> x\r\n") + item(">") + kConsoleBanner);
+        client.sendSingly(item("COE:Illegal command -> x") + item(">") + kConsoleBanner);
         client.expect("DRVVER\r\n");
         client.sendSingly(reply({"CIA: DRIVER VERSION 1.20"}));
         client.keepSilent();
