@@ -43,11 +43,11 @@ TEST_F(Answers, AConnectionThatEndsInMidAnswer) {
 }
 
 TEST_F(Answers, AnAnswerThatDoesNotComeOrNotWholly) {
-    for (const std::string& sent : {std::string(), std::string("CIA: DRIVER VER"),
-                                   item("CIA: DRIVER VERSION 1.20"),
-                                   // The prompt lacks the carriage return of every item.
-                                   item("CIA: DRIVER VERSION 1.20") + ">\r\n",
-                                   std::string("CIA: DRIVER VERSION 1.20\r\n>\r\n")}) {
+    for (const std::string& sent :
+         {std::string(), std::string("CIA: DRIVER VER"), item("CIA: DRIVER VERSION 1.20"),
+          // The prompt lacks the carriage return of every item.
+          item("CIA: DRIVER VERSION 1.20") + ">\r\n",
+          std::string("CIA: DRIVER VERSION 1.20\r\n>\r\n")}) {
         SCOPED_TRACE(sent);
         const FakePort cae(kDefaultCae, answering("DRVVER", sent, hold));
         expectOutcome(run({"--timeout", "0.3", "version"}), 6, "",
@@ -65,28 +65,37 @@ TEST_F(Answers, OfAnotherCommandOrRubbish) {
     };
     const std::string list = reply({"DISCOVER LIST:", "DTI:0x0:EMPTY"});
     const std::vector<Row> rows{
-        {{"version"}, "DRVVER", reply({"CIA: GLOBAL POLLING IS ENABLED"}),
+        {{"version"},
+         "DRVVER",
+         reply({"CIA: GLOBAL POLLING IS ENABLED"}),
          "\"CIA: GLOBAL POLLING IS ENABLED\""},
         {{"version"}, "DRVVER", reply({}), "\"\""},
         {{"version"}, "DRVVER", reply({"\x01\x1B[2J\x9B"}), "\"\\x01\\x1B[2J\\x9B\""},
-        {{"version"}, "DRVVER", reply({"CIA: DRIVER VERSION 1.20", "more"}),
+        {{"version"},
+         "DRVVER",
+         reply({"CIA: DRIVER VERSION 1.20", "more"}),
          "\"CIA: DRIVER VERSION 1.20\\nmore\""},
-        {{"speed", "50"}, "SPEED=50", reply({"CIA: SPEED IS SET to 49%"}),
+        {{"speed", "50"},
+         "SPEED=50",
+         reply({"CIA: SPEED IS SET to 49%"}),
          "\"CIA: SPEED IS SET to 49%\""},
         {{"cards"}, "DISCOVER", list, "\"DISCOVER LIST:\\nDTI:0x0:EMPTY\""},
         {{"discover", "--force"}, "FORCEDISCOVER", list, "\"DISCOVER LIST:\\nDTI:0x0:EMPTY\""},
-        {{"poll"}, "POLLSTATE", reply({"CIA: GLOBAL POLLING IS ENABLED", "PTI:0x3:MAYBE"}),
+        {{"poll"},
+         "POLLSTATE",
+         reply({"CIA: GLOBAL POLLING IS ENABLED", "PTI:0x3:MAYBE"}),
          "\"PTI:0x3:MAYBE\""},
-        {{"config", "motor", "A", "silent-range", "2"}, "GETMSR2:A",
+        {{"config", "motor", "A", "silent-range", "2"},
+         "GETMSR2:A",
          reply({"CIA: MSR value is GOT from card", "MSR1:0xA:0x10"}),
          "\"CIA: MSR value is GOT from card\\nMSR1:0xA:0x10\""},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.quoted);
         const FakePort cae(kDefaultCae, answering(row.command, row.sent, hold));
-        expectOutcome(run(row.arguments), 7, "",
-                      "zoltctl: the answer to " + row.command + " is none of zolt's: " +
-                          row.quoted);
+        expectOutcome(
+            run(row.arguments), 7, "",
+            "zoltctl: the answer to " + row.command + " is none of zolt's: " + row.quoted);
     }
 }
 
@@ -114,9 +123,9 @@ TEST_F(Answers, AnEndlessAnswerIsGivenUpWithBoundedMemory) {
         const FakePort cae(kDefaultCae, answering("DISCOVER", "", [&](FakeConnection& client) {
                                client.flood(row.repeated, kLimit);
                            }));
-        const auto outcome =
-            ctl_test::run({"--timeout", "1", "cards"},
-                          {.environment = {"ZOLT_LINE_END=crlf", "ASAN_OPTIONS=quarantine_size_mb=16"}});
+        const auto outcome = ctl_test::run(
+            {"--timeout", "1", "cards"},
+            {.environment = {"ZOLT_LINE_END=crlf", "ASAN_OPTIONS=quarantine_size_mb=16"}});
         EXPECT_EQ(outcome.end, "status 7");
         EXPECT_EQ(outcome.output, "");
         EXPECT_EQ(support::splitLines(outcome.errors).size(), 1U);
@@ -130,18 +139,20 @@ TEST_F(Answers, RefusalsAreTheDaemonsOwnWords) {
         std::vector<std::string> arguments;
         std::string command;
         std::string words;
+        std::string about = {};
     };
     const std::vector<Row> rows{
         {{"speed", "101"}, "SPEED=101", "CIE: Parameter is out of range (1..100)"},
-        {{"poll", "on", "5"}, "POLLON:5", "CIE: THIS COMMAND IS VALID ON INPUT CARDS"},
+        {{"poll", "on", "5"}, "POLLON:5", "CIE: THIS COMMAND IS VALID ON INPUT CARDS", "card 5: "},
         {{"config", "reboot", "7"}, "REBOOT:7", "CIE: BUS WRITE ERROR"},
-        {{"config", "motor", "E", "silent-range", "2"}, "GETMSR2:E",
+        {{"config", "motor", "E", "silent-range", "2"},
+         "GETMSR2:E",
          "CIE: THIS COMMAND IS VALID ON DC MOTOR CONTROLLER CARD ONLY"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.command);
         const FakePort cae(kDefaultCae, answering(row.command, reply({row.words}), hold));
-        expectOutcome(run(row.arguments), 1, "", "zoltctl: " + row.words);
+        expectOutcome(run(row.arguments), 1, "", "zoltctl: " + row.about + row.words);
     }
 }
 

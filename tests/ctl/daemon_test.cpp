@@ -21,11 +21,22 @@ void DaemonTest::TearDown() {
 }
 
 void DaemonTest::start() {
-    sim_ = std::make_unique<support::SimProcess>(support::SimProcess::Options{.bus = bus_});
-    support::writeConfiguration(settings_.toXml());
-    ASSERT_EQ(daemon_.start(), "status 0");
+    startBoth(true);
     // The answer that names the card of each address.
     ASSERT_TRUE(reached("bus>  11 | 31")) << sim_->traceTail(20);
+}
+
+void DaemonTest::startUntraced() {
+    startBoth(false);
+}
+
+void DaemonTest::startBoth(bool traced) {
+    support::SimProcess::Options options;
+    options.bus = bus_;
+    options.traced = traced;
+    sim_ = std::make_unique<support::SimProcess>(options);
+    support::writeConfiguration(settings_.toXml());
+    ASSERT_EQ(daemon_.start(), "status 0");
 }
 
 bool DaemonTest::reached(const std::string& text) {

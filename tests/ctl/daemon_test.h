@@ -22,6 +22,8 @@ class DaemonTest : public ::testing::Test {
 
     /// Starts both and waits until the cards are known.
     void start();
+    /// Starts both; the bus writes no trace, so nothing can be waited for there.
+    void startUntraced();
     /// Waits until the simulated bus has traced a line that holds `text`, such as
     /// a frame or what a card did.
     bool reached(const std::string& text);
@@ -36,5 +38,7 @@ class DaemonTest : public ::testing::Test {
     std::unique_ptr<support::SimProcess> sim_;
 
   private:
+    void startBoth(bool traced);
+
     std::vector<std::string> trace_;
 };

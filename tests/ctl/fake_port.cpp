@@ -106,8 +106,7 @@ std::size_t FakeConnection::flood(std::string_view bytes, std::size_t limit) con
     while (sent < limit && support::Clock::now() < deadline) {
         pollfd writable{socket_, POLLOUT, 0};
         if (::poll(&writable, 1, 100) < 0) break;
-        const auto count =
-            ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+        const auto count = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
         if (count > 0) sent += static_cast<std::size_t>(count);
         if (count < 0 && errno != EAGAIN) break;
     }
@@ -130,8 +129,7 @@ FakePort::~FakePort() {
 
 void FakePort::serve(const std::vector<Script>& scripts) {
     for (const auto& script : scripts) {
-        const support::UniqueFd client(
-            ::accept4(listening_.get(), nullptr, nullptr, SOCK_CLOEXEC));
+        const support::UniqueFd client(::accept4(listening_.get(), nullptr, nullptr, SOCK_CLOEXEC));
         if (!client.valid()) return;
         const int yes = 1;
         ::setsockopt(client.get(), IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);

@@ -38,8 +38,8 @@ class Listening : public CommandTest {
     }
 
     const Dialogue names_{{"DISCOVER", cardList("DISCOVER LIST:")}};
-    const std::string changes_ = item("a3b0d40") + item("a8b0d5A") + item("aFb5d01") +
-                                 item("a1b0dFF") + item("a3b0d00");
+    const std::string changes_ =
+        item("a3b0d40") + item("a8b0d5A") + item("aFb5d01") + item("a1b0dFF") + item("a3b0d00");
 };
 
 TEST_F(Listening, WatchTellsTimeAddressNameBlockAndValue) {
@@ -155,11 +155,10 @@ TEST_F(Listening, WhatIsNoChangeIsToldBehindTheLastLine) {
         std::string sent;
         std::string quoted;
     };
-    for (const Row& row :
-         std::vector<Row>{{item("a3b0d4"), "\"a3b0d4\""},
-                          {item("a3b0d400"), "\"a3b0d400\""},
-                          {item("agb0d40"), "\"agb0d40\""},
-                          {item("\x01\xFF rubbish"), "\"\\x01\\xFF rubbish\""}}) {
+    for (const Row& row : std::vector<Row>{{item("a3b0d4"), "\"a3b0d4\""},
+                                           {item("a3b0d400"), "\"a3b0d400\""},
+                                           {item("agb0d40"), "\"agb0d40\""},
+                                           {item("\x01\xFF rubbish"), "\"\\x01\\xFF rubbish\""}}) {
         SCOPED_TRACE(row.quoted);
         const FakePort io(kDefaultIo, [&](FakeConnection& client) {
             client.send(kIoBanner + item("a3b0d40") + row.sent);
@@ -182,8 +181,8 @@ TEST_F(Listening, AnEndlessLineIsGivenUp) {
         };
         const FakePort io(kDefaultIo, flooding(kIoBanner));
         const FakePort mon(kDefaultMon, flooding(kMonBanner));
-        const auto outcome = ctl_test::run(
-            {command, "--timeout", "1"}, {.environment = {"ASAN_OPTIONS=quarantine_size_mb=16"}});
+        const auto outcome = ctl_test::run({command, "--timeout", "1"},
+                                           {.environment = {"ASAN_OPTIONS=quarantine_size_mb=16"}});
         EXPECT_EQ(outcome.end, "status 7");
         EXPECT_EQ(outcome.output, "");
         EXPECT_LT(outcome.errors.size(), 1000U);

@@ -110,7 +110,8 @@ TEST_F(OutputCommands, ACardOfAnotherKindIsRefusedBeforeAnythingIsSent) {
               "motor card"},
              {{"lcd", "9", "clear"},
               "card 9 is IR REMOTE CONTROLLER; lcd needs an LCD controller card"},
-             {{"ir", "7", "00"}, "card 7 is UNIDENTIFIED; ir needs an IR remote controller card"}}) {
+             {{"ir", "7", "00"},
+              "card 7 is UNIDENTIFIED; ir needs an IR remote controller card"}}) {
         const FakePort cae(kDefaultCae, playing({checks_[0]}));
         expectOutcome(run(row.arguments), 1, "", "zoltctl: " + row.reason);
     }

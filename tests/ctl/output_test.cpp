@@ -14,8 +14,7 @@ using namespace ctl_test;
 class Output : public FakeTest {
   protected:
     static Outcome runInto(int output, const std::vector<std::string>& arguments) {
-        return ctl_test::run(arguments,
-                             {.environment = {"ZOLT_LINE_END=crlf"}, .output = output});
+        return ctl_test::run(arguments, {.environment = {"ZOLT_LINE_END=crlf"}, .output = output});
     }
 
     const Answers version_{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
@@ -23,8 +22,7 @@ class Output : public FakeTest {
 
 TEST_F(Output, AFullDiskIsTold) {
     const support::UniqueFd full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
-    const std::string error =
-        "zoltctl: cannot write the output: No space left on device";
+    const std::string error = "zoltctl: cannot write the output: No space left on device";
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"version"}, {"--json", "version"}, {"raw", "cae", "DRVVER"}}) {
         const FakePort cae(kDefaultCae, console(version_));

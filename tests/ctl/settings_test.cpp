@@ -67,9 +67,9 @@ TEST_F(SettingsOrder, TheHost) {
     const FakePort cae(kDefaultCae, {consoleOf("1.01"), consoleOf("1.02")});
     expectOutcome(ctl_test::run({"version"}, {.environment = {"ZOLT_HOST=localhost"}}), 0,
                   "driver version 1.01\n");
-    expectOutcome(ctl_test::run({"--host", "127.0.0.1", "version"},
-                                {.environment = {"ZOLT_HOST=192.0.2.1"}}),
-                  0, "driver version 1.02\n");
+    expectOutcome(
+        ctl_test::run({"--host", "127.0.0.1", "version"}, {.environment = {"ZOLT_HOST=192.0.2.1"}}),
+        0, "driver version 1.02\n");
     expectOutcome(ctl_test::run({"version"}, {.environment = {"ZOLT_HOST=192.0.2.1"}}), 3, "",
                   "zoltctl: no daemon at console 192.0.2.1:4001: Network is unreachable");
 }
@@ -79,9 +79,9 @@ TEST_F(SettingsOrder, TheTimeout) {
     const std::string error =
         "zoltctl: console 127.0.0.1:4001: no banner came; another client holds the port";
     expectOutcome(ctl_test::run({"version"}, {.environment = {"ZOLT_TIMEOUT=0.2"}}), 4, "", error);
-    expectOutcome(ctl_test::run({"--timeout", ".2", "version"},
-                                {.environment = {"ZOLT_TIMEOUT=1000"}}),
-                  4, "", error);
+    expectOutcome(
+        ctl_test::run({"--timeout", ".2", "version"}, {.environment = {"ZOLT_TIMEOUT=1000"}}), 4,
+        "", error);
 }
 
 class Configuration : public FakeTest {};
@@ -116,8 +116,8 @@ class LineEnds : public FakeTest {
         std::string word;
         std::string bytes;
     };
-    const std::vector<Row> rows_{{"crlf", "\r\n"}, {"lf", "\n"},    {"cr", "\r"},
-                                 {";", ";"},       {"\\r\\n;", "\r\n;"}};
+    const std::vector<Row> rows_{
+        {"crlf", "\r\n"}, {"lf", "\n"}, {"cr", "\r"}, {";", ";"}, {"\\r\\n;", "\r\n;"}};
 
     // A console whose daemon is configured for this line end.
     static FakePort::Script daemonWith(const std::string& inSeparator,
@@ -143,8 +143,8 @@ TEST_F(LineEnds, AsTheOptionTheEnvironmentOrTheConfigurationSays) {
         expectOutcome(ctl_test::run({"--line-end", row.word, "version"},
                                     {.environment = {"ZOLT_LINE_END=auto"}}),
                       0, kVersionText);
-        expectOutcome(ctl_test::run({"version"}, {.environment = {"ZOLT_LINE_END=" + row.word}}),
-                      0, kVersionText);
+        expectOutcome(ctl_test::run({"version"}, {.environment = {"ZOLT_LINE_END=" + row.word}}), 0,
+                      kVersionText);
     }
     for (const std::string& separator : std::vector<std::string>{"\\r\\n", "\\n", "\\r", ";"}) {
         SCOPED_TRACE(separator);

@@ -75,12 +75,14 @@ class WatchChanges : public DaemonTest {
         for (std::size_t i = 0; i < kCards * kBlocks; ++i) {
             inputs_.push_back({kHexDigits[i / kBlocks], kHexDigits[i % kBlocks]});
         }
-        start();
+        startUntraced();
         monitor_ = TcpClient::connect(support::kMonPort);
         ASSERT_EQ(monitor_->receiveUntil("\n\r"), "ZOLT MON interface is ready\r\n\r");
         watch_.emplace(std::vector<std::string>{"watch"});
         // Changes without an IO client are shown by nobody.
         ASSERT_TRUE(logged("client is connected on IO interface"));
+        // By now the cards have long been identified: that was asked a second after
+        // the start, and a port takes its first client after three.
     }
 
     // Changes every input whose last change has been shown.

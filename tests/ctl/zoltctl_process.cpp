@@ -17,9 +17,9 @@
 namespace ctl_test {
 namespace {
 
-constexpr std::array kVariables{"ZOLT_HOST",     "ZOLT_CAE_PORT", "ZOLT_IO_PORT", "ZOLT_MON_PORT",
-                                "ZOLT_CONFIG",   "ZOLT_LINE_END", "ZOLT_TIMEOUT", "LINES",
-                                "COLUMNS",       "INPUTRC",       "EDITRC"};
+constexpr std::array kVariables{"ZOLT_HOST",   "ZOLT_CAE_PORT", "ZOLT_IO_PORT", "ZOLT_MON_PORT",
+                                "ZOLT_CONFIG", "ZOLT_LINE_END", "ZOLT_TIMEOUT", "LINES",
+                                "COLUMNS",     "INPUTRC",       "EDITRC"};
 
 std::vector<std::string> commandLine(const std::vector<std::string>& arguments,
                                      const Surroundings& surroundings) {

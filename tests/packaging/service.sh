@@ -132,10 +132,19 @@ quietly booted systemctl stop zolt
 isState inactive || fail "the service is $(property ActiveState)"
 booted test ! -e /run/zolt || fail "/run/zolt is still there"
 
-step "udev reads the rule"
-booted udevadm test --action=add /sys/class/tty/tty >"$work/udev" 2>&1 || true
+step "udev reads the rule without a complaint, and it sets group and mode"
+udevTest() { booted udevadm test --action=add /sys/class/tty/tty0 >"$work/udev" 2>&1 || true; }
+rule=$tree/lib/udev/rules.d/60-zolt.rules
+udevTest
 grep -q '60-zolt.rules' "$work/udev" || fail "udev did not read the rule"
 grep '60-zolt.rules:' "$work/udev" && fail "udev complains"
+# There is no adapter here; another terminal stands for it.
+sed 's/ttyUSB\[0-9\]\*/tty0/' "$rule" >"$tree/etc/udev/rules.d/61-stand-in.rules"
+udevTest
+for word in 'GROUP 20' 'MODE 0660'; do
+    grep -q "61-stand-in.rules:.* $word" "$work/udev" || fail "the rule does not set $word"
+done
+rm "$tree/etc/udev/rules.d/61-stand-in.rules"
 
 step "removing stops it, purging leaves nothing of it"
 quietly booted systemctl start zolt

@@ -47,10 +47,19 @@ SimProcess::SimProcess(const Options& options)
     const UniqueFd errors = createFile(errorFile_);
     StandardStreams streams;
     streams.error = errors.get();
-    process_ = spawn({options.program, "--bus", busFile, "--link", options.link, "--baud",
-                      std::to_string(options.baud), "--control", controlPath(), "--trace", "none",
-                      "--trace-file", traceFile_},
-                     streams);
+    std::vector<std::string> command{options.program,
+                                     "--bus",
+                                     busFile,
+                                     "--link",
+                                     options.link,
+                                     "--baud",
+                                     std::to_string(options.baud),
+                                     "--control",
+                                     controlPath(),
+                                     "--trace",
+                                     "none"};
+    if (options.traced) command.insert(command.end(), {"--trace-file", traceFile_});
+    process_ = spawn(command, streams);
     const bool up = waitUntil([&] {
         connectControl();
         return control_.valid() && std::filesystem::exists(options.link);

@@ -23,6 +23,8 @@ class SimProcess {
         /// Speed of the wire; 0 answers at once.
         int baud = 0;
         std::string program = defaultProgram();
+        /// Whether it writes the trace, which grows with every poll.
+        bool traced = true;
     };
 
     /// Starts it and waits until the daemon could open it; throws
