@@ -146,7 +146,7 @@ TEST_F(Listening, TheDaemonsEndIsToldBehindTheLastLine) {
         auto outcome = run({"watch", "--no-names"});
         outcome.output = withoutTime(outcome.output, kTextTime);
         expectOutcome(outcome, 5, "0000-00-00 00:00:00.000  3  block 0  40\n",
-                      "zoltctl: IO 127.0.0.1:4002: the connection ended by the daemon");
+                      "zoltctl: IO 127.0.0.1:4002: the connection ended while it was listened to");
     }
 }
 

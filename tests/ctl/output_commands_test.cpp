@@ -84,6 +84,7 @@ TEST_F(OutputCommands, DoWithoutTheConsoleWhenToldSo) {
         SCOPED_TRACE(row.json);
         row.dialogue.clear();
         const FakePort io(kDefaultIo, {ioPort(row.io), ioPort(row.io)});
+        row.text.insert(row.text.size() - 1, " (unchecked)");
         expectOutcome(run(joined({"--no-check"}, row.arguments)), 0, row.text);
         const auto checked = row.json.find("true}", row.json.find("checked"));
         row.json.replace(checked, 4, "false");
@@ -150,7 +151,7 @@ TEST_F(OutputCommands, ReportsMayComeMeanwhile) {
         EXPECT_EQ(client.receiveRest(), "a5b1dFB\r\n");
         client.send(reports);
     });
-    expectOutcome(run({"--no-check", "set", "5", "1", "FB"}), 0, "card 5: block 1 is FB\n");
+    expectOutcome(run({"--no-check", "set", "5", "1", "FB"}), 0, "card 5: block 1 is FB (unchecked)\n");
 }
 
 TEST_F(OutputCommands, AResetIsNoDelivery) {

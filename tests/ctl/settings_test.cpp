@@ -195,8 +195,8 @@ TEST_F(LineEnds, ADaemonThatTakesNoneOfThemIsTold) {
 TEST_F(LineEnds, AWrongOneIsGuessed) {
     const FakePort cae(kDefaultCae, console({}));
     expectOutcome(run({"version"}), 1, "",
-                  "zoltctl: the daemon does not know DRVVER (CIE: UNKNOWN COMMAND); does the line "
-                  "end fit its InpSeparator?");
+                  "zoltctl: the daemon does not know DRVVER (CIE: UNKNOWN COMMAND), or its "
+                  "InpSeparator is another than --line-end");
 }
 
 }  // namespace
