@@ -24,7 +24,7 @@ case "${1-}" in
         ;;
 esac
 
-tools/install-packages g++ cmake ninja-build libpugixml-dev libcli11-dev nlohmann-json3-dev libedit-dev libgtest-dev libgmock-dev
+tools/install-packages g++ cmake ninja-build libpugixml-dev libcli11-dev nlohmann-json3-dev libedit-dev libgtest-dev libgmock-dev zsh
 cmake --preset "$preset"
 cmake --build --preset "$preset"
 exec ctest --preset "$preset" "$@"
