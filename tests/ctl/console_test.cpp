@@ -69,9 +69,9 @@ TEST_F(ConsoleByPipe, LinesThatComeUnaskedAreShown) {
     expectOutcome(runWith("DRVVER\n"), 0, shown + shown + "CIA: DRIVER VERSION 1.20\n");
     const std::string told = R"({"unasked":"COE:Illegal command -> \u001b[2Jx"})"
                              "\n";
-    expectOutcome(runWith("DRVVER\n", {"--json"}), 0,
-                  told + told + R"({"command":"DRVVER","reply":["CIA: DRIVER VERSION 1.20"]})" +
-                      "\n");
+    expectOutcome(
+        runWith("DRVVER\n", {"--json"}), 0,
+        told + told + R"({"command":"DRVVER","reply":["CIA: DRIVER VERSION 1.20"]})" + "\n");
 }
 
 TEST_F(ConsoleByPipe, TheDaemonsEnd) {
@@ -88,9 +88,9 @@ TEST_F(ConsoleByPipe, TheDaemonsEnd) {
 
 TEST_F(ConsoleByPipe, ALineThatIsTooLong) {
     const FakePort cae(kDefaultCae, console(kAnswers));
-    expectOutcome(runWith("DRVVER\n" + std::string(300, 'x') + "\nDRVVER\n"), 2,
-                  "CIA: DRIVER VERSION 1.20\n",
-                  "zoltctl: the line is too long: with its end 302 bytes, and the daemon takes 255");
+    expectOutcome(
+        runWith("DRVVER\n" + std::string(300, 'x') + "\nDRVVER\n"), 2, "CIA: DRIVER VERSION 1.20\n",
+        "zoltctl: the line is too long: with its end 302 bytes, and the daemon takes 255");
 }
 
 class ConsoleOnTerminal : public FakeTest {
@@ -112,8 +112,7 @@ class ConsoleOnTerminal : public FakeTest {
         });
         Terminal terminal;
         ZoltctlProcess process(
-            {"console"},
-            {.environment = {"ZOLT_LINE_END=crlf"}, .terminal = terminal.inner()});
+            {"console"}, {.environment = {"ZOLT_LINE_END=crlf"}, .terminal = terminal.inner()});
         if (!terminal.shows("> ")) {
             ADD_FAILURE() << "no prompt: " << terminal.screen();
             return asked;
@@ -200,8 +199,9 @@ TEST_F(ConsoleOnTerminal, ALineThatComesUnaskedLeavesTheTypedOneAlone) {
 TEST_F(ConsoleOnTerminal, ALineThatIsTooLongCanBeTypedAgain) {
     EXPECT_EQ(talk([](Terminal& terminal) {
                   terminal.type(std::string(300, 'x') + kEnter);
-                  EXPECT_TRUE(terminal.shows("zoltctl: the line is too long: with its end 302 "
-                                             "bytes, and the daemon takes 255\r\n"));
+                  EXPECT_TRUE(
+                      terminal.shows("zoltctl: the line is too long: with its end 302 "
+                                     "bytes, and the daemon takes 255\r\n"));
                   terminal.type(std::string("DRVVER") + kEnter);
                   EXPECT_TRUE(terminal.shows("CIA: DRIVER VERSION 1.20\r\n"));
                   terminal.type(kCtrlD);

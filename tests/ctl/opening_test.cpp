@@ -126,9 +126,8 @@ TEST_F(Opening, AnotherServiceIsNotTakenForTheDaemon) {
 }
 
 TEST_F(Opening, AnEndlessGreetingIsGivenUpWithBoundedMemory) {
-    const FakePort cae(kDefaultCae, [](FakeConnection& client) {
-        client.flood(std::string(65536, 'x'));
-    });
+    const FakePort cae(kDefaultCae,
+                       [](FakeConnection& client) { client.flood(std::string(65536, 'x')); });
     const auto outcome = ctl_test::run({"--timeout", "1", "version"},
                                        {.environment = {"ASAN_OPTIONS=quarantine_size_mb=16"}});
     EXPECT_EQ(outcome.end, "status 7");

@@ -151,7 +151,8 @@ TEST_F(OutputCommands, ReportsMayComeMeanwhile) {
         EXPECT_EQ(client.receiveRest(), "a5b1dFB\r\n");
         client.send(reports);
     });
-    expectOutcome(run({"--no-check", "set", "5", "1", "FB"}), 0, "card 5: block 1 is FB (unchecked)\n");
+    expectOutcome(run({"--no-check", "set", "5", "1", "FB"}), 0,
+                  "card 5: block 1 is FB (unchecked)\n");
 }
 
 TEST_F(OutputCommands, AResetIsNoDelivery) {
