@@ -93,6 +93,10 @@ void interactiveConsole(const Settings& settings, const Request& /*request*/) {
     const bool atTerminal =
         !settings.json && ::isatty(STDIN_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 1;
     ConsoleSession console(settings.at(Port::kCae), settings.timeout);
+    if (atTerminal) {
+        writeOut("connected to " + settings.at(Port::kCae).label() +
+                 "; HELP lists its commands, EXIT or Ctrl-D leaves\n");
+    }
     const auto input = atTerminal ? makeTerminalInput() : makePlainInput();
     Conversation(console, *input, settings.json, atTerminal).run();
 }
