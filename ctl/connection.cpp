@@ -90,7 +90,7 @@ void Connection::send(std::string_view bytes, const Deadline& deadline) {
     }
 }
 
-Connection::Wait Connection::receive(std::string& bytes, const Deadline& deadline) {
+Connection::Wait Connection::receiveNow(std::string& bytes) {
     for (;;) {
         std::array<char, 4096> buffer;
         const ssize_t count = ::recv(socket_.get(), buffer.data(), buffer.size(), 0);
@@ -98,13 +98,28 @@ Connection::Wait Connection::receive(std::string& bytes, const Deadline& deadlin
             bytes.append(buffer.data(), static_cast<std::size_t>(count));
             return Wait::kBytes;
         }
-        if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
-            return Wait::kEnd;
-        }
-        if (!waitFor(socket_.get(), POLLIN, deadline)) {
+        if (count < 0 && errno == EAGAIN) {
             return Wait::kTimeout;
         }
+        if (count == 0 || errno != EINTR) {
+            reset_ = count != 0;
+            return Wait::kEnd;
+        }
     }
+}
+
+Connection::Wait Connection::receive(std::string& bytes, const Deadline& deadline) {
+    // Looked at first: a peer that never pauses is given up, too.
+    while (Clock::now() < deadline.end()) {
+        const Wait now = receiveNow(bytes);
+        if (now != Wait::kTimeout) {
+            return now;
+        }
+        if (!waitFor(socket_.get(), POLLIN, deadline)) {
+            break;
+        }
+    }
+    return Wait::kTimeout;
 }
 
 void Connection::halfClose() {

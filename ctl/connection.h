@@ -26,6 +26,11 @@ class Connection {
     enum class Wait { kBytes, kEnd, kTimeout };
     /// Appends what has come to `bytes`.
     Wait receive(std::string& bytes, const Deadline& deadline);
+    /// The same of what is already there; kTimeout when that is nothing.
+    Wait receiveNow(std::string& bytes);
+    /// Whether the end that was found was a reset: the peer has then not read all
+    /// that was sent.
+    bool wasReset() const { return reset_; }
 
     /// Tells the peer that nothing more is sent.
     void halfClose();
@@ -42,6 +47,7 @@ class Connection {
   private:
     Descriptor socket_;
     std::string label_;
+    bool reset_ = false;
 };
 
 /// What became of connecting to a list of addresses.

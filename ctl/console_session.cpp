@@ -128,6 +128,8 @@ Reply ConsoleSession::ask(const std::string& line) {
         connection_.send(packet, until);
         for (;;) {
             if (auto reply = take()) {
+                // What came behind it in the same packet.
+                keepStrays();
                 return std::move(*reply);
             }
             bytes.clear();
@@ -150,7 +152,7 @@ Reply ConsoleSession::ask(const std::string& line) {
 
 void ConsoleSession::readUnasked() {
     std::string bytes;
-    switch (connection_.receive(bytes, Deadline(Clock::now()))) {
+    switch (connection_.receiveNow(bytes)) {
         case Connection::Wait::kBytes:
             items_.feed(bytes);
             keepStrays();

@@ -22,6 +22,9 @@ void deliverToIo(const Endpoint& endpoint, const std::string& line, const std::s
             case Connection::Wait::kBytes:
                 break;
             case Connection::Wait::kEnd:
+                if (port.connection.wasReset()) {
+                    throw port.connection.cut("before the line was read");
+                }
                 return;
             case Connection::Wait::kTimeout:
                 throw port.connection.timedOut("does not take the line");

@@ -110,7 +110,7 @@ class Listener {
 
     void receive() {
         std::string bytes;
-        if (port_.connection.receive(bytes, Deadline(Clock::now())) == Connection::Wait::kEnd) {
+        if (port_.connection.receiveNow(bytes) == Connection::Wait::kEnd) {
             throw port_.connection.cut("while it was listened to");
         }
         lines_.feed(bytes);

@@ -24,20 +24,49 @@ std::string escaped(char byte) {
     }
 }
 
-bool isControl(char byte) {
-    const auto number = static_cast<unsigned char>(byte);
-    return number < 0x20 || number == 0x7F;
+/// How many bytes at the start are one character that may be shown: 0 for a control
+/// character and for what is no UTF-8.
+std::size_t shownLength(std::string_view text) {
+    struct Form {
+        unsigned char mask;
+        unsigned char lead;
+        unsigned first;  ///< smallest number of this length that may be shown
+    };
+    // The 32 control characters from 80 on would steer a terminal, too.
+    constexpr std::array kForms{Form{0x80, 0x00, 0x20}, Form{0xE0, 0xC0, 0xA0},
+                                Form{0xF0, 0xE0, 0x800}, Form{0xF8, 0xF0, 0x10000}};
+    const auto lead = static_cast<unsigned char>(text[0]);
+    for (std::size_t i = 0; i < kForms.size(); ++i) {
+        const Form& form = kForms[i];
+        if ((lead & form.mask) != form.lead || text.size() <= i) {
+            continue;
+        }
+        unsigned number = lead & static_cast<unsigned char>(~form.mask);
+        for (std::size_t n = 1; n <= i; ++n) {
+            const auto next = static_cast<unsigned char>(text[n]);
+            if ((next & 0xC0U) != 0x80U) {
+                return 0;
+            }
+            number = number << 6U | (next & 0x3FU);
+        }
+        const bool surrogate = number >= 0xD800 && number <= 0xDFFF;
+        return number < form.first || number == 0x7F || surrogate || number > 0x10FFFF ? 0 : i + 1;
+    }
+    return 0;
 }
 
 }  // namespace
 
 std::string printable(std::string_view text) {
     std::string result;
-    for (const char byte : text) {
-        if (isControl(byte)) {
-            result += escaped(byte);
+    while (!text.empty()) {
+        const std::size_t length = shownLength(text);
+        if (length == 0) {
+            result += escaped(text[0]);
+            text.remove_prefix(1);
         } else {
-            result += byte;
+            result += text.substr(0, length);
+            text.remove_prefix(length);
         }
     }
     return result;

@@ -8,8 +8,8 @@
 
 namespace ctl {
 
-/// With control bytes as \r, \n, \t or \xNN, so that nothing a peer sends can
-/// steer a terminal. Bytes of UTF-8 stay.
+/// With control characters and bytes that are no UTF-8 as \r, \n, \t or \xNN, so
+/// that nothing a peer sends can steer a terminal.
 std::string printable(std::string_view text);
 
 /// Printable, in quotation marks, shortened when it is long: for error lines.

@@ -19,7 +19,7 @@ using support::TcpClient;
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 constexpr std::size_t kCards = 16;
 constexpr std::size_t kBlocks = 2;
-constexpr std::size_t kChangesOfSuite = 4000;
+constexpr std::size_t kChangesOfSuite = 3000;
 
 // What tools/watch-hour asks for; the suite goes by the number of changes.
 std::optional<std::chrono::minutes> wantedDuration() {
