@@ -15,12 +15,19 @@ constexpr std::string_view kVersionStart = "CIA: DRIVER VERSION ";
 /// The daemon's longest reply has 69 lines, but one line can hold many commands.
 constexpr std::size_t kReplyLimit = 2000;
 
-/// What stands between `start` and `>` and again between `>` and the last carriage
-/// return: the separator. `middle` is what the daemon puts before the `>`.
+/// Longer separators are not looked for, nor is the answer to DRVVER among more
+/// bytes than these.
+constexpr std::size_t kSeparatorLimit = 64;
+constexpr std::size_t kProbeLimit = 65536;
+
+/// The separator at the start of `text`, known by its second place: it stands
+/// before `middle` and a `>`, and again between the `>` and a carriage return.
 std::optional<std::string> separatorBehind(std::string_view text, std::string_view middle) {
-    for (std::size_t length = 0; 2 * length + middle.size() + 2 <= text.size(); ++length) {
+    for (std::size_t length = 0;
+         length <= kSeparatorLimit && 2 * length + middle.size() + 2 <= text.size(); ++length) {
         const std::string separator(text.substr(0, length));
-        const std::string whole = separator + std::string(middle) + '>' + separator + '\r';
+        std::string whole = separator;
+        whole.append(middle).append(">").append(separator).append("\r");
         if (startsWith(text, whole)) {
             return separator;
         }
@@ -78,6 +85,9 @@ Dialogue::Event Dialogue::feed(const std::string& item) {
 }
 
 std::optional<SeparatorFound> findSeparator(std::string_view received) {
+    if (received.size() > kProbeLimit) {
+        throw Failure(Status::kNotZolt, "the answer to DRVVER is none of zolt's: it has no end");
+    }
     const std::size_t version = received.find(kVersionStart);
     if (version != std::string_view::npos) {
         const std::string_view text = received.substr(version + kVersionStart.size());

@@ -103,3 +103,12 @@ TEST(CtlSeparator, ForeignAnswerIsRefused) {
     EXPECT_EQ(failureOf([] { findSeparator("hello\r\n\r>\r\n\r"); }),
               "7 the answer to DRVVER is none of zolt's: \"hello\"");
 }
+
+TEST(CtlSeparator, AnswerWithoutEndIsRefused) {
+    std::string flood;
+    for (int i = 0; i < 1500; ++i) {
+        flood += "hello\r\n\r" + std::string(40, 'x') + "\r\n\r";
+    }
+    EXPECT_EQ(failureOf([&] { findSeparator(flood); }),
+              "7 the answer to DRVVER is none of zolt's: it has no end");
+}
