@@ -53,7 +53,8 @@ class ResetCycle : public testing::TestWithParam<const char*> {
         return std::move(*client);
     }
 
-    void expectServes() {
+    /// Serves a client, and returns the state with it.
+    DaemonState expectServes() {
         TcpClient client = served();
         client.send("a line");
         EXPECT_TRUE(waitUntil([this] { return !requests_.IsEmpty(); }));
@@ -61,6 +62,7 @@ class ResetCycle : public testing::TestWithParam<const char*> {
         interface_->replyQueue.ToQueue({'e', 'n', 'd'});
         const std::string got = client.receiveUntil("end\r");
         EXPECT_TRUE(got.ends_with("end\r")) << got;
+        return stateOf(::getpid());
     }
 
     support::RecordedPauses pauses_;
@@ -70,8 +72,7 @@ class ResetCycle : public testing::TestWithParam<const char*> {
 };
 
 TEST_P(ResetCycle, TwoThousandClientsThatConnectAndReset) {
-    expectServes();
-    const DaemonState before = stateOf(::getpid());
+    const DaemonState before = expectServes();
     for (int cycle = 0; cycle < kCycles; ++cycle) {
         TcpClient client = served();
         // With nothing, with a line and with a reply on its way.
@@ -80,12 +81,8 @@ TEST_P(ResetCycle, TwoThousandClientsThatConnectAndReset) {
         client.reset();
         while (!requests_.IsEmpty()) requests_.DeQueue();
     }
-    expectServes();
-    DaemonState after;
-    EXPECT_TRUE(waitUntil([&] {
-        after = stateOf(::getpid());
-        return after.descriptors.size() == before.descriptors.size();
-    })) << after.describe();
+    const DaemonState after = expectServes();
+    EXPECT_EQ(after.descriptors, before.descriptors);
     EXPECT_EQ(after.threads, before.threads);
     constexpr long kMemoryMargin = 1L << 20;
     if (memoryIsMeaningful()) {
