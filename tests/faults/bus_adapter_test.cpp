@@ -99,7 +99,13 @@ TEST_F(BusAdapter, TheLastOfTwentyIsTheRightOne) {
         if (number != kRight) others.push_back(std::make_unique<SilentAdapter>(deviceName(number)));
     }
     plugBus(deviceName(kRight));
-    startServing();
+    startDaemon();
+    for (unsigned number = 0; number < kAdapters; ++number) {
+        ASSERT_TRUE(logged("[INF] try to catch hardware on " + deviceName(number)));
+    }
+    ASSERT_TRUE(logged("[INF] hardware found on /dev/ttyUSB9 version: 1.04"));
+    expectFullRound();
+    noteState();
     for (unsigned number = 0; number < kAdapters; ++number) {
         EXPECT_EQ(timesLogged("[INF] try to catch hardware on " + deviceName(number)), 1);
     }

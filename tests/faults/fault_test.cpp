@@ -212,7 +212,7 @@ void FaultTest::expectDiscovery() {
     // While the link is down the request waits, and the list is still empty.
     const std::string expected = discoveryList();
     std::string got;
-    for (int attempt = 0; attempt < 10; ++attempt) {
+    for (int attempt = 0; attempt < 30; ++attempt) {
         got = answered("FORCEDISCOVER", "DTI:0xF:");
         if (got.ends_with(expected)) return;
     }

@@ -1,10 +1,12 @@
+#include <sched.h>
 #include <signal.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <functional>
+#include <cstring>
 #include <map>
-#include <thread>
+#include <sstream>
+#include <stdexcept>
 
 #include "tests/faults/fault_test.h"
 #include "tests/support/child_process.h"
@@ -16,6 +18,30 @@ namespace {
 using support::waitUntil;
 
 constexpr const char* kStopped = "[INF] zolt is stopped by SIGTERM or SIGINT";
+
+/// The daemon that a started process leaves behind, as soon as there is one.
+pid_t daemonOf(pid_t parent) {
+    const std::string program = support::DaemonProcess::defaultProgram();
+    const std::string number = std::to_string(parent);
+    const std::string children = "/proc/" + number + "/task/" + number + "/children";
+    for (const auto start = support::Clock::now();
+         support::Clock::now() < start + support::kPatience;) {
+        std::istringstream list(support::readFile(children));
+        if (pid_t child = 0; list >> child) return child;
+        // The parent may have ended already, and the daemon be a child of ours.
+        for (const pid_t child : support::childrenRunning(program)) {
+            if (child != parent) return child;
+        }
+    }
+    throw std::runtime_error("no daemon of " + number);
+}
+
+/// Both programs run at once where the machine can do that.
+void useAllProcessors() {
+    cpu_set_t all;
+    std::memset(&all, 0xFF, sizeof all);
+    ::sched_setaffinity(0, sizeof all, &all);
+}
 
 class SystemStop : public FaultTest {
   protected:
@@ -44,20 +70,23 @@ TEST_F(SystemStop, AtEveryStageOfTheStart) {
     plugBus();
     settings_.discover = true;
     support::writeConfiguration(settings_.toXml());
-    const std::string program = support::DaemonProcess::defaultProgram();
+    useAllProcessors();
     std::map<std::string, int> ends;
     constexpr int kSteps = 60;
     for (int step = 0; step < kSteps; ++step) {
-        const pid_t parent = support::spawn({program}, {});
-        // Without a pause in between: the first stages last for microseconds.
-        while (!support::reap(parent, std::chrono::milliseconds(0))) {
+        // Microseconds first, since the first stages last no longer, then milliseconds.
+        const auto delay = step < kSteps / 2
+                               ? std::chrono::microseconds(20 * step)
+                               : std::chrono::microseconds(2000 * (step - kSteps / 2));
+        const pid_t parent = support::spawn({support::DaemonProcess::defaultProgram()}, {});
+        const pid_t daemon = daemonOf(parent);
+        const auto start = support::Clock::now();
+        while (support::Clock::now() < start + delay) {
         }
-        const auto daemons = support::childrenRunning(program);
-        ASSERT_EQ(daemons.size(), 1U);
-        std::this_thread::sleep_for(std::chrono::milliseconds(step));
-        ::kill(daemons[0], SIGTERM);
-        const auto end = support::reap(daemons[0]);
-        ASSERT_TRUE(end.has_value()) << "still running, signal after " << step << " ms";
+        ::kill(daemon, SIGTERM);
+        ASSERT_TRUE(support::reap(parent).has_value());
+        const auto end = support::reap(daemon);
+        ASSERT_TRUE(end.has_value()) << "still running, signal after " << delay.count() << " us";
         ++ends[support::describeWaitStatus(*end)];
     }
     // Before its handlers are there the signal simply ends it.
