@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -22,6 +23,18 @@ void SIGhandler(int signal) {
     std::atomic_ref<int>(*pSignalFlag).store(signal);
 }
 
+/// A standard stream that was closed gets the null device: else a socket or the
+/// card bus would take its number, and get what the daemon prints.
+void keepStandardNumbers() {
+    int file = 0;
+    do {
+        file = open("/dev/null", O_RDWR);
+    } while (file >= 0 && file <= STDERR_FILENO);
+    if (file >= 0) {
+        close(file);
+    }
+}
+
 }  // namespace
 
 int main() {
@@ -31,6 +44,7 @@ int main() {
         std::exit(child < 0 ? 1 : 0);
     }
     setsid();
+    keepStandardNumbers();
 
     std::ofstream pidFile(kPidFile, std::ios::trunc);
     if (!pidFile) {

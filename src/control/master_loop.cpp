@@ -1,7 +1,9 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <csignal>
+#include <initializer_list>
 
 #include "common/pauses.h"
 #include "control/zolt.h"
@@ -9,6 +11,9 @@
 namespace {
 
 constexpr int kRunning = -1;
+
+/// Between two tries to start a worker for which there was no thread.
+constexpr std::chrono::seconds kWorkerStartPause{1};
 
 bool isConnected(const SOCKET_INTERFACE& interface) {
     return interface.descriptor.connectionState == connection_state::kConnected;
@@ -22,6 +27,7 @@ void ZOLT::MasterThread() {
         if (stopRequested()) {
             return;
         }
+        startMissingWorkers();
         forwardBusReport();
         handleIoLine();
         handleCaeLine();
@@ -43,6 +49,22 @@ bool ZOLT::stopRequested() {
     }
     logger_.Info("zolt is stopped by SIGTERM or SIGINT");
     return true;
+}
+
+void ZOLT::startMissingWorkers() {
+    if (workersRunning_) {
+        return;
+    }
+    const auto now = std::chrono::steady_clock::now();
+    if (now < nextWorkerStart_) {
+        return;
+    }
+    nextWorkerStart_ = now + kWorkerStartPause;
+    workersRunning_ = true;
+    for (CThread* worker :
+         std::initializer_list<CThread*>{cae_.get(), io_.get(), mon_.get(), serial_.get()}) {
+        workersRunning_ = worker->Start() && workersRunning_;
+    }
 }
 
 void ZOLT::forwardBusReport() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,6 +44,7 @@ class ZOLT final : private ConsoleHost {
 
     // master_loop.cpp: the steps of one cycle; each takes one item at most
     bool stopRequested();
+    void startMissingWorkers();
     void forwardBusReport();
     void handleIoLine();
     void handleCaeLine();
@@ -78,6 +80,10 @@ class ZOLT final : private ConsoleHost {
     std::unique_ptr<SERIAL_INTERFACE> serial_;
     /// Built with the interfaces, when its separators are known.
     std::optional<Console> console_;
+    /// The system may refuse a thread at the start; it is asked again from time to
+    /// time until all of them run.
+    bool workersRunning_ = false;
+    std::chrono::steady_clock::time_point nextWorkerStart_;
     int* signalFlag_;
     /// wire::kCardRecords records, shared with the serial link.
     std::unique_ptr<PERIFCARD[]> cards_;

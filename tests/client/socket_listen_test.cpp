@@ -118,7 +118,7 @@ TEST_F(Listening, ADeadClientIsFoundOutAndRepliesAreNotHeldBack) {
     EXPECT_EQ(own_sockets::option(socket, IPPROTO_TCP, TCP_KEEPIDLE), 60);
     EXPECT_EQ(own_sockets::option(socket, IPPROTO_TCP, TCP_KEEPINTVL), 15);
     EXPECT_EQ(own_sockets::option(socket, IPPROTO_TCP, TCP_KEEPCNT), 3);
-    EXPECT_EQ(own_sockets::option(socket, IPPROTO_TCP, TCP_USER_TIMEOUT), 120000);
+    EXPECT_EQ(own_sockets::option(socket, IPPROTO_TCP, TCP_USER_TIMEOUT), 105000);
     EXPECT_EQ(own_sockets::option(socket, IPPROTO_TCP, TCP_NODELAY), 1);
     EXPECT_EQ(::fcntl(socket, F_GETFD) & FD_CLOEXEC, FD_CLOEXEC);
 }

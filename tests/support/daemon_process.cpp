@@ -43,18 +43,23 @@ DaemonProcess::~DaemonProcess() {
 }
 
 std::string DaemonProcess::start(std::optional<int> output) {
-    const auto before = childrenRunning(defaultProgram());
     const UniqueFd outputFile = createFile(standardOutputFile());
     const UniqueFd errors = createFile(standardErrorFile());
     StandardStreams streams;
     streams.output = output.value_or(outputFile.get());
     streams.error = errors.get();
-    const pid_t parent = spawn({defaultProgram()}, streams);
+    return start(streams);
+}
+
+std::string DaemonProcess::start(const StandardStreams& streams) {
+    const auto before = childrenRunning(program_);
+    endStatus_.reset();
+    const pid_t parent = spawn({program_}, streams);
     const auto status = reap(parent);
     if (!status) throw std::runtime_error("the started process does not end");
     // Orphaned by its parent's end, the daemon is now a child of this process,
     // even when it has already ended.
-    for (const pid_t child : childrenRunning(defaultProgram())) {
+    for (const pid_t child : childrenRunning(program_)) {
         if (std::find(before.begin(), before.end(), child) == before.end()) daemon_ = child;
     }
     return describeWaitStatus(*status);

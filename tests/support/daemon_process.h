@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/child_process.h"
@@ -16,7 +17,7 @@ namespace support {
 /// run in the process that called enterTestBed, from one thread.
 class DaemonProcess {
   public:
-    DaemonProcess() = default;
+    explicit DaemonProcess(std::string program = defaultProgram()) : program_(std::move(program)) {}
     /// Kills what is left of it.
     ~DaemonProcess();
     DaemonProcess(const DaemonProcess&) = delete;
@@ -26,7 +27,10 @@ class DaemonProcess {
     /// behind, whose end is another matter. Throws when it does not end. Standard
     /// output goes to a file, or to `output`: a descriptor of the caller's, or
     /// StandardStreams::kClosed.
+    /// A daemon that has ended may be started again.
     std::string start(std::optional<int> output = std::nullopt);
+    /// As above, with all its standard streams the caller's.
+    std::string start(const StandardStreams& streams);
     /// The daemon's process number, found by its parentage and so independent of
     /// the PID file; -1 before start.
     pid_t number() const { return daemon_; }
@@ -47,6 +51,7 @@ class DaemonProcess {
     static std::string defaultProgram();
 
   private:
+    std::string program_;
     pid_t daemon_ = -1;
     std::optional<int> endStatus_;
 };

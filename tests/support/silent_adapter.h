@@ -15,6 +15,9 @@ class SilentAdapter {
     SilentAdapter(const SilentAdapter&) = delete;
     SilentAdapter& operator=(const SilentAdapter&) = delete;
 
+    /// The adapter's side of the line; stays this object's.
+    int controller() const { return controller_.get(); }
+
   private:
     std::filesystem::path link_;
     UniqueFd controller_;

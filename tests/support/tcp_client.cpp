@@ -1,5 +1,6 @@
 #include "tests/support/tcp_client.h"
 
+#include <linux/filter.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
@@ -120,6 +121,15 @@ void TcpClient::reset() {
     const linger atOnce{1, 0};
     ::setsockopt(socket_.get(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
     socket_.reset();
+}
+
+void TcpClient::vanish() const {
+    // Keeps 0 bytes of every packet: the system drops it unseen and unanswered.
+    sock_filter dropAll{BPF_RET | BPF_K, 0, 0, 0};
+    const sock_fprog program{1, &dropAll};
+    if (::setsockopt(socket_.get(), SOL_SOCKET, SO_ATTACH_FILTER, &program, sizeof program) != 0) {
+        fail("drop what comes");
+    }
 }
 
 }  // namespace support

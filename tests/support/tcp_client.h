@@ -34,6 +34,9 @@ class TcpClient {
     bool peerHasReadAll() const;
     /// Closes by a reset, as a client that crashed does.
     void reset();
+    /// From now on nothing reaches it and it says nothing, not even that it is
+    /// gone: as a machine that has lost its power. Lasts as long as the object.
+    void vanish() const;
 
   private:
     TcpClient(UniqueFd socket, std::uint16_t peerPort)

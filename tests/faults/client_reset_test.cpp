@@ -1,0 +1,84 @@
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <array>
+#include <chrono>
+#include <map>
+#include <thread>
+
+#include "tests/faults/fault_test.h"
+#include "tests/support/unique_fd.h"
+
+namespace {
+
+using support::TcpClient;
+
+constexpr std::array kPorts{support::kCaePort, support::kIoPort, support::kMonPort};
+
+enum class Attempt { kConnected, kRefused, kUnanswered };
+
+/// One try to connect that waits for nothing, and a reset at once when it
+/// succeeds. A port whose backlog is full leaves it unanswered.
+Attempt connectAndReset(std::uint16_t port) {
+    const support::UniqueFd socket(
+        ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    const linger atOnce{1, 0};
+    ::setsockopt(socket.get(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(port);
+    if (::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
+        return Attempt::kConnected;
+    }
+    pollfd entry{socket.get(), POLLOUT, 0};
+    if (::poll(&entry, 1, 0) != 1) return Attempt::kUnanswered;
+    int error = 0;
+    socklen_t size = sizeof error;
+    ::getsockopt(socket.get(), SOL_SOCKET, SO_ERROR, &error, &size);
+    return error == 0 ? Attempt::kConnected : Attempt::kRefused;
+}
+
+class ClientResets : public FaultTest {
+  protected:
+    /// Everybody leaves, so that all ports are free for what comes.
+    void leave() {
+        console_.reset();
+        io_.reset();
+    }
+};
+
+TEST_F(ClientResets, TwoThousandAttemptsOnEachPort) {
+    startServing();
+    leave();
+    // Spread over several rounds of closing, reopening and accepting; faster than
+    // that the daemon takes nobody.
+    constexpr std::chrono::milliseconds kPace{10};
+    std::map<Attempt, int> outcomes;
+    for (int attempt = 0; attempt < 2000; ++attempt) {
+        for (const auto port : kPorts) ++outcomes[connectAndReset(port)];
+        std::this_thread::sleep_for(kPace);
+    }
+    EXPECT_GT(outcomes[Attempt::kConnected], 0);
+    RecordProperty("connected", outcomes[Attempt::kConnected]);
+    RecordProperty("refused", outcomes[Attempt::kRefused]);
+    RecordProperty("unanswered", outcomes[Attempt::kUnanswered]);
+    expectServesAsBefore();
+}
+
+TEST_F(ClientResets, WhileRepliesAreOnTheirWay) {
+    startServing();
+    auto monitor = greeted(support::kMonPort);
+    console().send("HELP\r\n");
+    for (unsigned i = 0; i < 20; ++i) io().send("Z\r\na3b0d" + hexByte(i) + "\r\n");
+    ASSERT_FALSE(console().receiveUntil("\r").empty());
+    ASSERT_FALSE(monitor.receiveUntil("\r").empty());
+    monitor.reset();
+    console().reset();
+    io().reset();
+    leave();
+    expectServesAsBefore();
+}
+
+}  // namespace

@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "bus/serial_interface.h"
+#include "sim/simulated_bus.h"
+#include "tests/faults/daemon_state.h"
+#include "tests/support/log_file.h"
+#include "tests/support/private_view.h"
+#include "tests/support/recorded_pauses.h"
+#include "tests/support/wait.h"
+
+namespace {
+
+using support::waitUntil;
+
+constexpr int kCycles = 300;
+
+/// The link alone, whose pauses of whole seconds cost no time.
+class UnplugCycle : public testing::Test {
+  protected:
+    void SetUp() override {
+        support::enterTestBed();
+        sim::BusOptions options;
+        options.link = "/dev/ttyUSB0";
+        options.baud = 0;
+        options.keepTrace = false;
+        options.sinks.push_back({[this](const std::string& line) { keep(line); }, false});
+        bus_ = std::make_unique<sim::SimulatedBus>(
+            "3 digital-input\n5 digital-output\n8 keymatrix\nF analogue-input\n", options);
+        LOGGER logger;
+        logger.fileName = log_.path();
+        link_ =
+            std::make_unique<SERIAL_INTERFACE>("", logger, cards_.data(), &reports_, true, true);
+        link_->threadDelay = 500;
+    }
+
+    void TearDown() override {
+        link_.reset();
+        bus_.reset();
+    }
+
+    void control(const std::string& line) {
+        const auto answer = bus_->control(line);
+        ASSERT_EQ(answer.error, "") << line;
+    }
+
+    /// Waits for a trace line, without its time, from here on.
+    bool traced(const std::string& text) {
+        return waitUntil([&] {
+            const std::lock_guard guard(lock_);
+            const auto found = std::find(trace_.begin(), trace_.end(), text);
+            if (found == trace_.end()) return false;
+            trace_.erase(trace_.begin(), found + 1);
+            return true;
+        });
+    }
+
+    void forgetTrace() {
+        const std::lock_guard guard(lock_);
+        trace_.clear();
+    }
+
+    /// Waits for a report of the input card.
+    bool reported(const std::string& text) {
+        return waitUntil([&] {
+            while (!reports_.IsEmpty()) {
+                const ByteList report = reports_.DeQueue();
+                if (std::string(report.begin(), report.end()) == text) return true;
+            }
+            return false;
+        });
+    }
+
+    void expectServes() {
+        forgetTrace();
+        const char value = static_cast<char>(++value_);
+        link_->CommandQueue(5).ToQueue({0x10, 5, 2, 0x11, value});
+        EXPECT_TRUE(traced("card 5 digital-output: 11 " + hex(value)));
+        control("set 3 0 " + hex(value));
+        EXPECT_TRUE(reported("a3b0d" + hex(value)));
+    }
+
+    static std::string hex(char value) {
+        constexpr const char* kDigits = "0123456789ABCDEF";
+        const auto byte = static_cast<unsigned char>(value);
+        return {kDigits[byte >> 4U], kDigits[byte & 15U]};
+    }
+
+  private:
+    void keep(const std::string& line) {
+        const std::lock_guard guard(lock_);
+        trace_.push_back(line.substr(line.find(' ') + 1));
+    }
+
+    support::RecordedPauses pauses_;
+    support::LogFile log_;
+    std::mutex lock_;
+    std::vector<std::string> trace_;
+    unsigned char value_ = 0;
+    std::array<PERIFCARD, wire::kCardRecords> cards_;
+    ZLQUEUE reports_;
+    std::unique_ptr<sim::SimulatedBus> bus_;
+    std::unique_ptr<SERIAL_INTERFACE> link_;
+};
+
+TEST_F(UnplugCycle, ThreeHundredTimesInMidFrameUnderOtherNames) {
+    expectServes();
+    const DaemonState before = stateOf(::getpid());
+    for (int cycle = 0; cycle < kCycles; ++cycle) {
+        forgetTrace();
+        // The answer stops in its midst, and then the adapter goes.
+        control("fault raw 03 21 at 3 for poll once");
+        ASSERT_TRUE(traced("raw>  03 21")) << cycle;
+        control("unplug");
+        control("plug /dev/ttyUSB" + std::to_string((cycle + 1) % 10));
+        ASSERT_TRUE(traced("host> 03 | 40 6F 9A")) << cycle;
+        if (cycle % 30 == 0) expectServes();
+    }
+    expectServes();
+    const DaemonState after = stateOf(::getpid());
+    EXPECT_EQ(after.descriptors, before.descriptors);
+    EXPECT_EQ(after.threads, before.threads);
+    // Poll requests grow with each loss, and one more of each waits for its turn.
+    RecordProperty("bytes_after_all_losses", std::to_string(after.memory - before.memory));
+}
+
+}  // namespace
