@@ -15,6 +15,9 @@ class SilentAdapter {
     SilentAdapter(const SilentAdapter&) = delete;
     SilentAdapter& operator=(const SilentAdapter&) = delete;
 
+    /// The end behind the adapter: what is written there it sends. Stays owned.
+    int farEnd() const { return controller_.get(); }
+
   private:
     std::filesystem::path link_;
     UniqueFd controller_;
