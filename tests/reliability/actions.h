@@ -23,6 +23,10 @@ std::span<const Action> consoleActions();
 std::span<const Action> busActions();
 std::span<const Action> fileActions();
 
+/// More at once than storms bring, so that the daemon's heap has had its largest
+/// size before anybody looks whether it grows. All clients have been greeted.
+void floodAtMost(SoakStage& stage);
+
 /// All of them.
 std::vector<Action> allActions();
 /// One of them, by weight.

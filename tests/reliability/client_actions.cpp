@@ -57,24 +57,28 @@ void sendHalfLine(SoakStage& stage, Random& random) {
     type(stage, client, line.substr(0, 1 + random.below(line.size())));
 }
 
+constexpr std::size_t kLongestFlood = 200;
+constexpr std::size_t kLongestFloodLine = 120;
+
+void flood(Client& client, const std::string& packet, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) client.send(packet);
+}
+
 void floodIo(SoakStage& stage, Random& random) {
-    const std::string line(20 + random.below(100), 'x');
-    const std::size_t packets = 20 + random.below(180);
-    for (std::size_t i = 0; i < packets; ++i) stage.io().send(line + "\r\n" + line + "\r\n");
+    const std::string line(1 + random.below(kLongestFloodLine), 'x');
+    flood(stage.io(), line + "\r\n", 1 + random.below(kLongestFlood));
 }
 
 // To an address without a card: an empty frame each takes its turn on the bus.
 void floodIoWithEmptyFrames(SoakStage& stage, Random& random) {
-    const std::size_t packets = 1 + random.below(20);
     std::string packet;
     while (packet.size() < 240) packet += "aDb0d00\r\n";
-    for (std::size_t i = 0; i < packets; ++i) stage.io().send(packet);
+    flood(stage.io(), packet, 1 + random.below(20));
 }
 
 void floodConsole(SoakStage& stage, Random& random) {
-    const std::string line = random.bytes(10 + random.below(60));
-    const std::size_t packets = 20 + random.below(180);
-    for (std::size_t i = 0; i < packets; ++i) stage.cae().send(line + "\r\n");
+    const std::string line = random.bytes(1 + random.below(kLongestFloodLine));
+    flood(stage.cae(), line + "\r\n", 1 + random.below(kLongestFlood));
 }
 
 void floodMonitor(SoakStage& stage, Random& random) {
@@ -122,6 +126,14 @@ constexpr Action kActions[] = {
 
 std::span<const Action> clientActions() {
     return kActions;
+}
+
+void floodAtMost(SoakStage& stage) {
+    const std::string line = std::string(kLongestFloodLine, 'x') + "\r\n";
+    for (int i = 0; i < 3; ++i) {
+        flood(stage.io(), line + line, kLongestFlood);
+        flood(stage.cae(), line + line, kLongestFlood);
+    }
 }
 
 }  // namespace reliability

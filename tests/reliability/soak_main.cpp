@@ -51,6 +51,9 @@ class Soak {
 
     void play() {
         calm();
+        stage_.ask("SPEED=1", "CIA: SPEED IS SET to 1%");
+        floodAtMost(stage_);
+        calm();
         for (std::size_t minute = 1; minutesSoFar() < static_cast<double>(minutes_);) {
             storm();
             calm();
