@@ -82,11 +82,6 @@ std::size_t BusWatch::pollsOf(unsigned address) const {
     return polls_.at(address);
 }
 
-bool BusWatch::inService() const {
-    const std::lock_guard guard(lock_);
-    return inService_;
-}
-
 void BusWatch::onLine(std::string_view line) {
     // "0002.018298 host> 05 | 10 05 02 FF FB": the time ends at the first blank.
     const std::string_view text = line.substr(std::min(line.find(' ') + 1, line.size()));
@@ -121,7 +116,9 @@ void BusWatch::onHostFrame(std::string_view payload) {
 }
 
 void BusWatch::loseLink() {
-    if (found_) ++counts_.losses;
+    ++counts_.endings;
+    // The controller's answer may have been bent on the way.
+    if (found_ || inService_) ++counts_.losses;
     found_ = false;
     inService_ = false;
 }

@@ -23,6 +23,9 @@ class BusWatch {
         std::size_t polls = 0;
         /// The link was found and then lost again, for whatever reason.
         std::size_t losses = 0;
+        /// The daemon's end of the line was closed or cut off, whatever it was doing
+        /// there; losses are among them.
+        std::size_t endings = 0;
         /// The daemon served the cards again after a loss.
         std::size_t recoveries = 0;
         /// From the adapter's return to the first request for a card; only of
@@ -48,8 +51,6 @@ class BusWatch {
     std::vector<std::string> takeOutputs();
     Counts counts() const;
     std::size_t pollsOf(unsigned address) const;
-    /// The bus controller has answered the daemon and cards are being asked.
-    bool inService() const;
 
   private:
     void onLine(std::string_view line);

@@ -85,7 +85,7 @@ Tally SoakStage::outputs() const {
 }
 
 std::size_t SoakStage::explainedLosses() {
-    return bus().counts().losses + unread_;
+    return bus().counts().endings + unread_;
 }
 
 void SoakStage::typeOnMonitor(const std::string& text) {

@@ -50,7 +50,7 @@ class SoakStage : public Bench {
     void addClient(std::uint16_t port);
     std::size_t otherClients() const { return others_.size(); }
     void removeOtherClients() { others_.clear(); }
-    /// All connections that the daemon has greeted.
+    /// How often the daemon has greeted the three ports' own clients.
     std::size_t connections();
 
     /// The adapter comes back under this name; without one, under the last.
