@@ -56,6 +56,18 @@ void Bench::ask(const std::string& line, const std::string& reply) {
     cae_.take();
 }
 
+void Bench::findLink() {
+    const auto deadline = support::Clock::now() + kHang;
+    for (bool answered = false; !answered;) {
+        if (support::Clock::now() > deadline) throw Failure("the link does not come");
+        cae_.take();
+        cae_.send("REBOOT:E\r\n");
+        await("the console's answer to REBOOT",
+              [this] { return cae_.received().find(">\r\n\r") != std::string::npos; });
+        answered = cae_.take().find("RBT:0xE:OK") != std::string::npos;
+    }
+}
+
 void Bench::stop() {
     if (const auto problems = daemon_.stop(); !problems.empty()) throw Failure(problems);
 }

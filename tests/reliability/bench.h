@@ -38,6 +38,9 @@ class Bench {
     /// Types a command line on the console and waits until `reply` is part of what
     /// has come; what came is taken.
     void ask(const std::string& line, const std::string& reply);
+    /// Waits until a card answers: then the link stands, and requests to cards that
+    /// were typed before have been worked off.
+    void findLink();
 
     /// Ends the daemon; throws Failure when it does not end well or has printed
     /// anything as an error.

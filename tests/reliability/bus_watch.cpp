@@ -111,6 +111,7 @@ void BusWatch::onHostFrame(std::string_view payload) {
             support::Clock::now() - *returned_);
         counts_.longestReturn = std::max(counts_.longestReturn, took);
         ++counts_.measuredReturns;
+        if (took > kPromisedReturn) ++counts_.slowReturns;
         returned_.reset();
     }
 }

@@ -15,6 +15,10 @@
 
 namespace reliability {
 
+/// The daemon serves so soon after the adapter's return, on a machine that gives
+/// it a processor.
+inline constexpr std::chrono::seconds kPromisedReturn{5};
+
 /// A simulated card bus in this process that counts what happens on it. All
 /// functions may be called from any thread; plug and unplug from one.
 class BusWatch {
@@ -32,6 +36,8 @@ class BusWatch {
         /// returns that nothing else has disturbed.
         std::chrono::milliseconds longestReturn{0};
         std::size_t measuredReturns = 0;
+        /// Those that took more than kPromisedReturn.
+        std::size_t slowReturns = 0;
     };
 
     /// Plugged in under `link`; `busText` as in a bus file. Answers at once.

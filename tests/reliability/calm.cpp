@@ -23,7 +23,7 @@ class Calm {
     void run() {
         stage_.endStorm();
         passQueuedLines();
-        findLink();
+        stage_.findLink();
         clearCards();
         settleOutputs();
         drainReports();
@@ -62,21 +62,6 @@ class Calm {
                     stage_.mon().received().find(token) != std::string::npos);
         });
         return allServed();
-    }
-
-    // The card's answer proves the link; requests to cards wait in one queue, so
-    // that all before it have gone, too.
-    void findLink() {
-        const auto deadline = Clock::now() + kHang;
-        for (bool answered = false; !answered;) {
-            if (Clock::now() > deadline) throw Failure("the link does not come back");
-            stage_.cae().take();
-            stage_.cae().send("REBOOT:E\r\n");
-            stage_.await("the console's answer to REBOOT", [this] {
-                return stage_.cae().received().find(">\r\n\r") != std::string::npos;
-            });
-            answered = stage_.cae().received().find("RBT:0xE:OK") != std::string::npos;
-        }
     }
 
     void clearCards() {

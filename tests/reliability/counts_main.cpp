@@ -22,6 +22,7 @@ constexpr std::chrono::milliseconds kAfterwards{500};
 constexpr std::chrono::microseconds kIdle{300};
 // One in so many changes is one of the analogue card, which takes seven polls.
 constexpr std::size_t kReadingShare = 20;
+constexpr int kAttempts = 3;
 
 bool readNumber(const char* text, std::size_t limit, std::size_t& number) {
     const char* end = text + std::strlen(text);
@@ -54,20 +55,17 @@ bool report(const Traffic::Result& result, std::size_t linkLosses, std::chrono::
               << "  input reports at MON          " << result.reportsAtMon.text() << "\n"
               << "  lines of IO at MON            " << result.linesAtMon.text() << "\n"
               << "  link losses " << linkLosses << ", " << took.count() << " s" << std::endl;
-    if (result.exact()) return true;
-    // A request that is under way when the link is lost is lost with it, and
-    // nothing else.
-    Traffic::Result explained = result;
-    explained.commands.seen += explained.commands.lost;
-    explained.commands.lost = 0;
-    const bool excused = result.commands.lost <= linkLosses && explained.exact();
-    std::cout << (excused
-                      ? "  as many commands were lost as the link: the daemon got no processor\n"
-                      : "  NOT EQUAL\n");
-    return excused;
+    const bool exact = result.exact();
+    if (!exact) std::cout << "  NOT EQUAL" << std::endl;
+    return exact;
 }
 
-int run(std::size_t count, std::size_t percent) {
+enum class Outcome { kEqual, kNotEqual, kLinkLost };
+
+// A request that is under way when the link is lost is lost with it. On a sound
+// bus that only happens when the daemon gets no processor for the time of an
+// answer, which says nothing about it.
+Outcome run(std::size_t count, std::size_t percent) {
     support::enterTestBed();
     support::DaemonSettings settings;
     settings.percent = static_cast<int>(percent);
@@ -81,15 +79,27 @@ int run(std::size_t count, std::size_t percent) {
     bench.serveClients();
     bench.io().take();
     bench.mon().take();
+    bench.findLink();
     bench.ask("FORCEDISCOVER", trafficBusList());
     const auto begin = Clock::now();
     play(bench, traffic);
     const auto took = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - begin);
     const std::string console = bench.cae().take();
     if (!console.empty()) throw Failure("unexpected on the console: " + console);
-    const bool fine = report(traffic.result(), bench.bus().counts().losses, took);
+    const std::size_t linkLosses = bench.bus().counts().losses;
+    const bool equal = report(traffic.result(), linkLosses, took);
     bench.stop();
-    return fine ? 0 : 1;
+    if (equal) return Outcome::kEqual;
+    return linkLosses > 0 ? Outcome::kLinkLost : Outcome::kNotEqual;
+}
+
+bool runUndisturbed(std::size_t count, std::size_t percent) {
+    for (int attempt = 1; attempt < kAttempts; ++attempt) {
+        const Outcome outcome = run(count, percent);
+        if (outcome != Outcome::kLinkLost) return outcome == Outcome::kEqual;
+        std::cout << "  the daemon got no processor for too long: once more" << std::endl;
+    }
+    return run(count, percent) == Outcome::kEqual;
 }
 
 }  // namespace
@@ -103,7 +113,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        return run(count, percent);
+        return runUndisturbed(count, percent) ? 0 : 1;
     } catch (const std::exception& error) {
         std::cerr << "zolt-counts: " << error.what() << "\n";
         return 1;

@@ -68,9 +68,11 @@ std::string SoakReport::summary() const {
         trend.slope, trend.error, trend.points, trend.span);
     text += formatted("descriptors %zu at first, %zu at last; threads %zu and %zu\n",
                       first_.descriptors, last_.descriptors, first_.threads, last_.threads);
-    text +=
-        formatted("back in service after the adapter's return: at most %lld ms (%zu measured)\n",
-                  static_cast<long long>(bus_.longestReturn.count()), bus_.measuredReturns);
+    text += formatted(
+        "back in service after the adapter's return: at most %lld ms; of %zu, %zu took more than "
+        "%lld s\n",
+        static_cast<long long>(bus_.longestReturn.count()), bus_.measuredReturns, bus_.slowReturns,
+        static_cast<long long>(kPromisedReturn.count()));
     text += formatted("calm phases repeated because the link was lost: %zu\n", repeated_);
     return text;
 }
