@@ -1,6 +1,7 @@
 // What happens to inputs, answers and adapters.
 #include <array>
 #include <cstdio>
+#include <filesystem>
 
 #include "tests/reliability/actions.h"
 

@@ -1,6 +1,7 @@
 #include "tests/reliability/bus_watch.h"
 
 #include <algorithm>
+#include <functional>
 #include <stdexcept>
 #include <utility>
 

@@ -3,7 +3,6 @@
 #include <array>
 #include <chrono>
 #include <cstddef>
-#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>

@@ -1,7 +1,9 @@
 #include "tests/reliability/calm.h"
 
 #include <array>
+#include <functional>
 #include <thread>
+#include <utility>
 
 #include "tests/reliability/traffic.h"
 

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <chrono>
 #include <cstring>
+#include <functional>
 #include <iostream>
 #include <thread>
 

@@ -3,6 +3,7 @@
 // as if nothing had been. The seed decides the storms.
 #include <charconv>
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <deque>
 #include <iostream>
