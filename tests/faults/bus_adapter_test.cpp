@@ -31,7 +31,7 @@ class BabblingAdapter {
 
   private:
     void babble() {
-        const int controller = adapter_.controller();
+        const int controller = adapter_.farEnd();
         ::fcntl(controller, F_SETFL, O_NONBLOCK);
         std::array<char, 4096> asked{};
         while (!stop_) {

@@ -15,8 +15,8 @@ class SilentAdapter {
     SilentAdapter(const SilentAdapter&) = delete;
     SilentAdapter& operator=(const SilentAdapter&) = delete;
 
-    /// The adapter's side of the line; stays this object's.
-    int controller() const { return controller_.get(); }
+    /// The end behind the adapter: what is written there it sends. Stays owned.
+    int farEnd() const { return controller_.get(); }
 
   private:
     std::filesystem::path link_;

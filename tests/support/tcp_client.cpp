@@ -7,23 +7,16 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdio>
-#include <fstream>
-#include <sstream>
 #include <stdexcept>
 #include <system_error>
+
+#include "tests/support/tcp_table.h"
 
 namespace support {
 namespace {
 
 [[noreturn]] void fail(const std::string& what) {
     throw std::system_error(errno, std::generic_category(), what);
-}
-
-std::string hexPort(std::uint16_t port) {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), ":%04X", port);
-    return text.data();
 }
 
 bool endsWith(const std::string& text, const std::string& end) {
@@ -47,7 +40,7 @@ std::optional<TcpClient> TcpClient::tryConnect(std::uint16_t port) {
     // One packet per send, at once.
     const int yes = 1;
     ::setsockopt(socket.get(), IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
-    return TcpClient(std::move(socket), port);
+    return TcpClient(std::move(socket));
 }
 
 TcpClient TcpClient::connect(std::uint16_t port, std::chrono::milliseconds patience) {
@@ -91,30 +84,7 @@ std::string TcpClient::receiveUntil(std::string_view end, std::chrono::milliseco
 }
 
 bool TcpClient::peerHasReadAll() const {
-    constexpr const char* kNone = "00000000";
-    sockaddr_in own{};
-    socklen_t size = sizeof own;
-    if (::getsockname(socket_.get(), reinterpret_cast<sockaddr*>(&own), &size) != 0) return true;
-    const std::string peer = hexPort(peerPort_);
-    const std::string self = hexPort(ntohs(own.sin_port));
-
-    // Columns: number, local address, remote address, state, and the bytes that
-    // wait for acknowledgement and for reading as "tx:rx". Nothing may wait for
-    // acknowledgement at this end and nothing for reading at the other.
-    std::ifstream table("/proc/net/tcp");
-    std::string line;
-    while (std::getline(table, line)) {
-        std::istringstream columns(line);
-        std::string number, local, remote, state, queues;
-        columns >> number >> local >> remote >> state >> queues;
-        const auto colon = queues.find(':');
-        if (colon == std::string::npos) continue;
-        const bool ownEnd = endsWith(local, self) && endsWith(remote, peer);
-        const bool otherEnd = endsWith(local, peer) && endsWith(remote, self);
-        if (ownEnd && queues.substr(0, colon) != kNone) return false;
-        if (otherEnd && queues.substr(colon + 1) != kNone) return false;
-    }
-    return true;
+    return support::peerHasReadAll(socket_.get());
 }
 
 void TcpClient::reset() {

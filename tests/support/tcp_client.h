@@ -39,11 +39,9 @@ class TcpClient {
     void vanish() const;
 
   private:
-    TcpClient(UniqueFd socket, std::uint16_t peerPort)
-        : socket_(std::move(socket)), peerPort_(peerPort) {}
+    explicit TcpClient(UniqueFd socket) : socket_(std::move(socket)) {}
 
     UniqueFd socket_;
-    std::uint16_t peerPort_;
     bool closedByPeer_ = false;
 };
 

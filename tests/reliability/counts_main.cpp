@@ -1,0 +1,122 @@
+// zolt-counts COUNT PERCENT: sends COUNT output commands and makes COUNT input
+// changes at this speed of the daemon, and accounts for every one of them.
+#include <charconv>
+#include <chrono>
+#include <cstring>
+#include <functional>
+#include <iostream>
+#include <thread>
+
+#include "tests/reliability/bench.h"
+#include "tests/reliability/traffic.h"
+#include "tests/support/private_view.h"
+
+namespace {
+
+using namespace reliability;
+using support::Clock;
+
+// Everything may stand still for so long before what is missing is called lost.
+constexpr std::chrono::seconds kStandstill{20};
+// Time for what should not come any more.
+constexpr std::chrono::milliseconds kAfterwards{500};
+constexpr std::chrono::microseconds kIdle{300};
+// One in so many changes is one of the analogue card, which takes seven polls.
+constexpr std::size_t kReadingShare = 20;
+constexpr int kAttempts = 3;
+
+bool readNumber(const char* text, std::size_t limit, std::size_t& number) {
+    const char* end = text + std::strlen(text);
+    const auto result = std::from_chars(text, end, number);
+    return result.ec == std::errc() && result.ptr == end && number >= 1 && number <= limit;
+}
+
+void stepFor(Bench& bench, Traffic& traffic, const std::function<bool(bool moved)>& goOn) {
+    for (bool moved = true; goOn(moved);) {
+        bench.tick();
+        moved = traffic.step();
+        if (!moved) std::this_thread::sleep_for(kIdle);
+    }
+}
+
+void play(Bench& bench, Traffic& traffic) {
+    auto lastMove = Clock::now();
+    stepFor(bench, traffic, [&](bool moved) {
+        if (moved) lastMove = Clock::now();
+        return !traffic.done() && Clock::now() - lastMove < kStandstill;
+    });
+    const auto end = Clock::now() + kAfterwards;
+    stepFor(bench, traffic, [&](bool) { return Clock::now() < end; });
+    traffic.close();
+}
+
+bool report(const Traffic::Result& result, std::size_t linkLosses, std::chrono::seconds took) {
+    std::cout << "  output commands at the cards  " << result.commands.text() << "\n"
+              << "  input reports at IO           " << result.reportsAtIo.text() << "\n"
+              << "  input reports at MON          " << result.reportsAtMon.text() << "\n"
+              << "  lines of IO at MON            " << result.linesAtMon.text() << "\n"
+              << "  link losses " << linkLosses << ", " << took.count() << " s" << std::endl;
+    const bool exact = result.exact();
+    if (!exact) std::cout << "  NOT EQUAL" << std::endl;
+    return exact;
+}
+
+enum class Outcome { kEqual, kNotEqual, kLinkLost };
+
+// A request that is under way when the link is lost is lost with it. On a sound
+// bus that only happens when the daemon gets no processor for the time of an
+// answer, which says nothing about it.
+Outcome run(std::size_t count, std::size_t percent) {
+    support::enterTestBed();
+    support::DaemonSettings settings;
+    settings.percent = static_cast<int>(percent);
+    settings.polling = true;
+    std::cout << count << " commands and " << count << " input changes at " << percent << " %"
+              << std::endl;
+    Bench bench(settings, kTrafficBus);
+    const std::size_t readings = count / kReadingShare;
+    // Before the discovery, after which the cards are polled.
+    Traffic traffic(bench.bus(), bench.io(), bench.mon(), {count, count - readings, readings});
+    bench.serveClients();
+    bench.io().take();
+    bench.mon().take();
+    bench.findLink();
+    bench.ask("FORCEDISCOVER", trafficBusList());
+    const auto begin = Clock::now();
+    play(bench, traffic);
+    const auto took = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - begin);
+    const std::string console = bench.cae().take();
+    if (!console.empty()) throw Failure("unexpected on the console: " + console);
+    const std::size_t linkLosses = bench.bus().counts().losses;
+    const bool equal = report(traffic.result(), linkLosses, took);
+    bench.stop();
+    if (equal) return Outcome::kEqual;
+    return linkLosses > 0 ? Outcome::kLinkLost : Outcome::kNotEqual;
+}
+
+bool runUndisturbed(std::size_t count, std::size_t percent) {
+    for (int attempt = 1; attempt < kAttempts; ++attempt) {
+        const Outcome outcome = run(count, percent);
+        if (outcome != Outcome::kLinkLost) return outcome == Outcome::kEqual;
+        std::cout << "  the daemon got no processor for too long: once more" << std::endl;
+    }
+    return run(count, percent) == Outcome::kEqual;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::size_t count = 0;
+    std::size_t percent = 0;
+    if (argc != 3 || !readNumber(argv[1], 100'000'000, count) ||
+        !readNumber(argv[2], 100, percent)) {
+        std::cerr << "usage: zolt-counts COUNT PERCENT\n";
+        return 2;
+    }
+    try {
+        return runUndisturbed(count, percent) ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::cerr << "zolt-counts: " << error.what() << "\n";
+        return 1;
+    }
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "tests/reliability/calm.h"
+#include "tests/reliability/resources.h"
+#include "tests/reliability/soak_stage.h"
+#include "tests/reliability/trend.h"
+
+namespace reliability {
+
+/// The table that a soak prints, and its verdict on memory and descriptors.
+class SoakReport {
+  public:
+    static std::string header();
+
+    /// Adds what a calm phase has found, `minutes` after the start.
+    void add(double minutes, SoakStage& stage, const CalmCounts& calm);
+    /// The table's line about the last one added.
+    std::string line() const { return line_; }
+    /// What has grown, over lines; empty when nothing has.
+    std::string growth() const;
+    /// The trends and the longest return, over lines.
+    std::string summary() const;
+
+  private:
+    std::vector<TrendPoint> memory_;
+    Resources first_;
+    Resources last_;
+    BusWatch::Counts bus_;
+    std::size_t repeated_ = 0;
+    std::string line_;
+};
+
+}  // namespace reliability

@@ -1,0 +1,143 @@
+#include "tests/reliability/soak_stage.h"
+
+#include <filesystem>
+#include <thread>
+
+#include "tests/reliability/traffic.h"
+#include "tests/support/private_view.h"
+
+namespace reliability {
+namespace {
+
+namespace fs = std::filesystem;
+
+// What is typed on MON is kept for good, a list node of 32 bytes for each byte.
+constexpr std::size_t kMonitorBudget = 16 * 1024;
+constexpr std::size_t kBytesPerByte = 32;
+constexpr std::chrono::seconds kReadPatience{5};
+
+fs::path logFolder() {
+    return support::workFolder() / "log";
+}
+
+fs::path awayFolder() {
+    return support::workFolder() / "log.away";
+}
+
+support::DaemonSettings soakSettings() {
+    support::enterTestBed();
+    fs::create_directory(logFolder());
+    support::DaemonSettings settings;
+    settings.logFile = logFolder() / "zolt.log";
+    settings.polling = true;
+    settings.discover = true;
+    return settings;
+}
+
+}  // namespace
+
+SoakStage::SoakStage() : Bench(soakSettings(), kTrafficBus) {}
+
+void SoakStage::tick() {
+    Bench::tick();
+    for (Client& client : others_) client.tick();
+    strangers_.tick();
+    if (accounting_) takeFrames();
+}
+
+void SoakStage::takeFrames() {
+    for (const auto& frame : bus().takeOutputs()) {
+        // "10 0E ...": the second byte names the card.
+        ledgers_[static_cast<unsigned>(std::stoul(frame.substr(3, 2), nullptr, 16))].see(frame);
+    }
+}
+
+void SoakStage::sendOutputs(std::size_t count) {
+    if (!cardsKnown_ || !io().served() || io().stalled() || !io().hasBeenRead()) return;
+    std::string packet;
+    for (std::size_t i = 0; i < count; ++i) {
+        const OutputCommand command = commands_.nextWithoutState();
+        packet += command.line + "\r\n";
+        ledgers_[command.card].send(command.frame);
+    }
+    bool read = io().send(packet);
+    const auto deadline = support::Clock::now() + kReadPatience;
+    while (read && !io().hasBeenRead() && support::Clock::now() < deadline) {
+        tick();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    // A connection that has ended also has nothing left to be read.
+    tick();
+    read = read && io().connected() && io().hasBeenRead();
+    if (!read) unread_ += count;
+}
+
+std::size_t SoakStage::outputsUnderWay() const {
+    std::size_t count = 0;
+    for (const auto& [card, ledger] : ledgers_) count += ledger.underWay();
+    return count;
+}
+
+Tally SoakStage::outputs() const {
+    Tally tally;
+    for (const auto& [card, ledger] : ledgers_) tally += ledger.tally();
+    return tally;
+}
+
+std::size_t SoakStage::explainedLosses() {
+    return bus().counts().endings + unread_;
+}
+
+void SoakStage::typeOnMonitor(const std::string& text) {
+    if (typedOnMonitor_ + text.size() > kMonitorBudget || !mon().send(text)) return;
+    typedOnMonitor_ += text.size();
+}
+
+std::size_t SoakStage::monitorKib() const {
+    return typedOnMonitor_ * kBytesPerByte / 1024;
+}
+
+void SoakStage::addClient(std::uint16_t port) {
+    others_.emplace_back(port).connect();
+}
+
+std::size_t SoakStage::connections() {
+    return cae().timesServed() + io().timesServed() + mon().timesServed();
+}
+
+void SoakStage::plugIn(const std::string& link) {
+    if (bus().plugged()) return;
+    if (!link.empty()) link_ = link;
+    bus().control("faults clear");
+    bus().plug(link_);
+}
+
+void SoakStage::spoil(const std::string& fault) {
+    bus().dropMeasurement();
+    bus().control("fault " + fault);
+}
+
+void SoakStage::rotateLog() const {
+    std::error_code none;
+    fs::rename(logFolder() / "zolt.log", logFolder() / "zolt.log.1", none);
+}
+
+void SoakStage::moveLogFolder(bool away) const {
+    std::error_code already;
+    if (away) {
+        fs::rename(logFolder(), awayFolder(), already);
+    } else {
+        fs::rename(awayFolder(), logFolder(), already);
+    }
+}
+
+void SoakStage::endStorm() {
+    bus().control("faults clear");
+    plugIn();
+    strangers_.clear();
+    removeOtherClients();
+    moveLogFolder(false);
+    for (Client* client : {&cae(), &io(), &mon()}) client->stall(false);
+}
+
+}  // namespace reliability

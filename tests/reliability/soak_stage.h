@@ -1,0 +1,83 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <list>
+#include <map>
+#include <string>
+
+#include "tests/reliability/bench.h"
+#include "tests/reliability/ledger.h"
+#include "tests/reliability/output_commands.h"
+#include "tests/reliability/strange_adapters.h"
+
+namespace reliability {
+
+/// The bench with all that a storm does to it: clients too many, strange
+/// adapters, a log that moves; and with an account of the output commands that
+/// are sent in the midst of it.
+class SoakStage : public Bench {
+  public:
+    SoakStage();
+
+    void tick() override;
+
+    /// Sends so many commands whose way is accounted for, when the IO client is
+    /// in a state to: everything sent before has been read, and the cards are
+    /// known. Nothing otherwise.
+    void sendOutputs(std::size_t count);
+    /// Whether the frames at the cards are those of sendOutputs.
+    void accountForOutputs(bool on) { accounting_ = on; }
+    std::size_t outputsUnderWay() const;
+    /// Of all sendOutputs since the start. At most explainedLosses() may be lost:
+    /// what was under way when the link was lost, and packets that the daemon had
+    /// not read when their connection ended.
+    Tally outputs() const;
+    std::size_t explainedLosses();
+    /// A discovery that clears the cards is under way or has been disturbed:
+    /// until the next calm nobody knows which commands are legal.
+    bool cardsKnown() const { return cardsKnown_; }
+    void setCardsKnown(bool known) { cardsKnown_ = known; }
+
+    /// Types on the monitor, as long as what is typed there, and kept for good,
+    /// stays within bounds.
+    void typeOnMonitor(const std::string& text);
+    std::size_t typedOnMonitor() const { return typedOnMonitor_; }
+    /// What the daemon holds for it, at least.
+    std::size_t monitorKib() const;
+
+    /// A further client, beside the one that the port has.
+    void addClient(std::uint16_t port);
+    std::size_t otherClients() const { return others_.size(); }
+    void removeOtherClients() { others_.clear(); }
+    /// How often the daemon has greeted the three ports' own clients.
+    std::size_t connections();
+
+    /// The adapter comes back under this name; without one, under the last.
+    void plugIn(const std::string& link = "");
+    /// A fault that may cost the link or bend an answer.
+    void spoil(const std::string& fault);
+    StrangeAdapters& strangers() { return strangers_; }
+
+    void rotateLog() const;
+    void moveLogFolder(bool away) const;
+
+    /// Takes everything bad away: faults, strange adapters, clients too many,
+    /// stalls; the adapter is plugged in and the log folder in its place.
+    void endStorm();
+
+  private:
+    void takeFrames();
+
+    OutputCommands commands_;
+    std::map<unsigned, Ledger> ledgers_;
+    bool accounting_ = true;
+    bool cardsKnown_ = false;
+    std::size_t unread_ = 0;
+    std::size_t typedOnMonitor_ = 0;
+    std::list<Client> others_;
+    std::string link_ = "/dev/ttyUSB0";
+    StrangeAdapters strangers_;
+};
+
+}  // namespace reliability
