@@ -20,6 +20,11 @@ if(ZOLT_SANITIZE)
   target_link_options(zolt_options INTERFACE -fsanitize=${ZOLT_SANITIZE})
 endif()
 
+if(ZOLT_FUZZ)
+  # Counts what a run of a fuzzer reaches; the fuzzers add libFuzzer's main.
+  target_compile_options(zolt_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # zolt_library(NAME SOURCES... [DEPENDS libraries...]): one folder of src/.
 function(zolt_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;DEPENDS" ${ARGN})
