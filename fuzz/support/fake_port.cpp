@@ -34,6 +34,15 @@ void sleepsec(int /*seconds*/) {}
 
 void Sleep(unsigned int /*n*/) {}
 
+// A program that links this leads usleep here (--wrap=usleep).
+extern "C" {
+int __wrap_usleep(unsigned int microseconds);
+
+int __wrap_usleep(unsigned int /*microseconds*/) {
+    return 0;
+}
+}
+
 CThread::CThread() : queue_(nullptr), capacity_(0) {}
 
 CThread::~CThread() = default;
