@@ -223,7 +223,7 @@ flock -n 9 || fail "it is already running from this folder; stop it with Ctrl-C 
 checkPorts
 
 cd "$root"
-tools/install-packages g++ cmake ninja-build libpugixml-dev
+tools/install-packages g++ cmake ninja-build libpugixml-dev libcli11-dev nlohmann-json3-dev
 if ! { cmake --preset release && cmake --build --preset release; } >"$build/build.log" 2>&1; then
     cat "$build/build.log" >&2
     fail "the build failed"

@@ -24,7 +24,7 @@ case "${1-}" in
         ;;
 esac
 
-tools/install-packages g++ cmake ninja-build libpugixml-dev libgtest-dev libgmock-dev
+tools/install-packages g++ cmake ninja-build libpugixml-dev libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev
 cmake --preset "$preset"
 cmake --build --preset "$preset"
 exec ctest --preset "$preset" "$@"

@@ -1,31 +1,22 @@
-// Configuration files, from a file that exists in memory only.
+// Configuration files, from a file that exists in memory only: what the daemon
+// reads, and what zolt-check says about it.
 
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <nlohmann/json.hpp>
 #include <string>
 
+#include "check/check.h"
+#include "check/report.h"
 #include "core/config_reader.h"
 #include "fuzz/support/target.h"
 
-// The system log hears of every file that cannot be loaded. Those of the runs
-// are not for it: the linker leads the calls here.
-extern "C" {
-int __wrap_setlogmask(int mask);
-void __wrap_syslog(int priority, const char* format, ...);
-void __wrap_closelog();
-
-int __wrap_setlogmask(int /*mask*/) {
-    return 0;
-}
-void __wrap_syslog(int /*priority*/, const char* /*format*/, ...) {}
-void __wrap_closelog() {}
-}
-
 namespace {
 
-constexpr std::size_t kMostBytes = 16384;
+constexpr std::size_t kMostBytes = 4096;
 
 /// A file without a name, with another content for each run.
 class MemoryFile {
@@ -62,17 +53,38 @@ void requireInterface(const INTERFACE_DESCRIPTOR& entry, const char* name) {
     }
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const MemoryFile file;
-    file.hold(fuzz::textOf(data, size, kMostBytes));
-    const CONFIG_DESCRIPTOR config = readConfigFile(file.path());
+void requireConfig(const CONFIG_DESCRIPTOR& config) {
     fuzz::require(!config.errorText.empty() && config.errorText.size() < 100,
                   "an error text of at most 99 characters, or NONE");
     requireInterface(config.io, "IO");
     requireInterface(config.cae, "CAE");
     requireInterface(config.mon, "MON");
     fuzz::require(config.spare.name.empty(), "nothing sets the fourth interface");
+}
+
+void requireCheck(const check::Result& result) {
+    const bool error = std::any_of(
+        result.findings.begin(), result.findings.end(),
+        [](const check::Finding& finding) { return finding.severity == check::Severity::kError; });
+    fuzz::require(error != result.starts(), "an error is what keeps the daemon from starting");
+    fuzz::require((check::exitStatus(result, true) == 2) == error, "status 2 tells an error");
+    for (const bool quiet : {false, true}) {
+        const std::string text = check::report("zoltconf.xml", result, {.quiet = quiet});
+        fuzz::require(text.empty() || text.back() == '\n', "a report is whole lines");
+    }
+    fuzz::require(nlohmann::json::accept(check::report("zoltconf.xml", result, {.json = true})),
+                  "a report in JSON is JSON");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const MemoryFile file;
+    file.hold(fuzz::textOf(data, size, kMostBytes));
+    const CONFIG_DESCRIPTOR config = readConfigFile(file.path());
+    requireConfig(config);
+    const check::Result result = check::checkFile(file.path());
+    fuzz::require(result.config.errorText == config.errorText, "both read the same");
+    requireCheck(result);
     return 0;
 }

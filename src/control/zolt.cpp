@@ -43,7 +43,11 @@ ZOLT::~ZOLT() {
 }
 
 CONFIG_DESCRIPTOR ZOLT::ReadConfig() {
-    return readConfigFile(kConfigFile);
+    const CONFIG_DESCRIPTOR config = readConfigFile(kConfigFile);
+    if (config.errorText == kUnloadable) {
+        reportUnloadable();
+    }
+    return config;
 }
 
 bool ZOLT::InitProgramData() {

@@ -3,76 +3,28 @@
 #include <syslog.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
+#include <filesystem>
 #include <pugixml.hpp>
 
-#include "common/text.h"
+#include "core/config_schema.h"
 
 namespace {
 
-/// Ports below are the system's own.
-constexpr std::int32_t kLowestPort = 1025;
-
 constexpr std::size_t kErrorTextLimit = 99;
 
-/// More entries than this in one Interfaces element are not read.
-constexpr std::size_t kInterfaceEntries = 4;
+using InterfaceEntries = std::array<INTERFACE_DESCRIPTOR, config_schema::kEntryLimit>;
 
-using InterfaceEntries = std::array<INTERFACE_DESCRIPTOR, kInterfaceEntries>;
-
-/// What the handlers below fill; `done` ends the reading.
+/// What the functions below fill; `done` ends the reading.
 struct Reading {
     CONFIG_DESCRIPTOR config;
     InterfaceEntries entries;
     bool done = false;
 };
 
-void replaceAll(std::string& text, const std::string& from, const std::string& to) {
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-        text.replace(at, from.size(), to);
-    }
-}
-
-/// "\r" and "\n" as typed in the file become the characters.
-std::string separatorOf(std::string text) {
-    replaceAll(text, "\\r", "\r");
-    replaceAll(text, "\\n", "\n");
-    return text;
-}
-
-std::int32_t numberOf(const char* value) {
-    return static_cast<std::int32_t>(ATOL(value));
-}
-
-struct AttributeRow {
-    const char* element;
-    const char* attribute;
-    void (*apply)(CONFIG_DESCRIPTOR& config, const char* value);
-};
-
-constexpr std::array kAttributes{
-    AttributeRow{"Debuglog", "File",
-                 [](CONFIG_DESCRIPTOR& config, const char* value) { config.debugLogFile = value; }},
-    AttributeRow{
-        "Debuglog", "Loglevel",
-        [](CONFIG_DESCRIPTOR& config, const char* value) { config.logLevel = numberOf(value); }},
-    AttributeRow{"Speed", "Percent",
-                 [](CONFIG_DESCRIPTOR& config, const char* value) {
-                     config.threadDelay = threadDelayOfPercent(ATOL(value));
-                 }},
-    AttributeRow{"InitPollState", "Action",
-                 [](CONFIG_DESCRIPTOR& config, const char* value) {
-                     config.initialPollState = ATOB(value);
-                 }},
-    AttributeRow{
-        "AutoDiscover", "Action",
-        [](CONFIG_DESCRIPTOR& config, const char* value) { config.autoDiscover = ATOB(value); }},
-};
-
 void readAttributes(const pugi::xml_node& element, CONFIG_DESCRIPTOR& config) {
     for (const pugi::xml_attribute& attribute : element.attributes()) {
-        for (const AttributeRow& row : kAttributes) {
+        for (const config_schema::Setting& row : config_schema::settings()) {
             if (std::string(element.name()) == row.element &&
                 std::string(attribute.name()) == row.attribute) {
                 row.apply(config, attribute.value());
@@ -81,32 +33,17 @@ void readAttributes(const pugi::xml_node& element, CONFIG_DESCRIPTOR& config) {
     }
 }
 
-struct TargetRow {
-    const char* name;
-    INTERFACE_DESCRIPTOR CONFIG_DESCRIPTOR::*target;
-};
-
-constexpr std::array kTargets{
-    TargetRow{"IO", &CONFIG_DESCRIPTOR::io},
-    TargetRow{"CAE", &CONFIG_DESCRIPTOR::cae},
-    TargetRow{"MON", &CONFIG_DESCRIPTOR::mon},
-};
-
 /// False when the port is one of the system's own.
 bool readInterface(const pugi::xml_node& element, INTERFACE_DESCRIPTOR& entry) {
     for (const pugi::xml_attribute& attribute : element.attributes()) {
         const std::string key = attribute.name();
-        if (key == "Name") {
-            entry.name = attribute.value();
-        } else if (key == "InpSeparator") {
-            entry.inpSeparator = separatorOf(attribute.value());
-        } else if (key == "OutSeparator") {
-            entry.outSeparator = separatorOf(attribute.value());
-        } else if (key == "Port") {
-            entry.port = numberOf(attribute.value());
-            if (entry.port < kLowestPort) {
-                return false;
+        for (const config_schema::EntryAttribute& row : config_schema::entryAttributes()) {
+            if (key == row.name) {
+                row.apply(entry, attribute.value());
             }
+        }
+        if (key == config_schema::kPort && entry.port < config_schema::kLowestPort) {
+            return false;
         }
     }
     return true;
@@ -118,7 +55,7 @@ void readInterfaces(const pugi::xml_node& element, Reading& reading) {
         if (child.type() != pugi::node_element) {
             continue;
         }
-        if (next == kInterfaceEntries) {
+        if (next == reading.entries.size()) {
             return;
         }
         INTERFACE_DESCRIPTOR& entry = reading.entries[next++];
@@ -130,21 +67,18 @@ void readInterfaces(const pugi::xml_node& element, Reading& reading) {
             reading.done = true;
             return;
         }
-        for (const TargetRow& row : kTargets) {
+        for (const config_schema::Target& row : config_schema::targets()) {
             if (entry.name == row.name) {
-                reading.config.*row.target = entry;
+                reading.config.*row.interface = entry;
             }
         }
     }
 }
 
-void reportUnloadable() {
-    setlogmask(LOG_UPTO(LOG_NOTICE));
-    syslog(
-        LOG_NOTICE,
-        "Unable to start by user %d, because unable to load config, or unable to parse XML file!",
-        static_cast<int>(getuid()));
-    closelog();
+/// A directory opens like a file, and claims a size that no memory holds.
+bool isDirectory(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::is_directory(path, ignored);
 }
 
 }  // namespace
@@ -152,13 +86,12 @@ void reportUnloadable() {
 CONFIG_DESCRIPTOR readConfigFile(const std::string& path) {
     Reading reading;
     pugi::xml_document document;
-    if (!document.load_file(path.c_str())) {
-        reading.config.errorText = "Unable to load config, or unable to parse XML file!";
-        reportUnloadable();
+    if (isDirectory(path) || !document.load_file(path.c_str())) {
+        reading.config.errorText = kUnloadable;
         return reading.config;
     }
-    for (const pugi::xml_node& element : document.child("ZOLTConfig").children()) {
-        if (std::string(element.name()) == "Interfaces") {
+    for (const pugi::xml_node& element : document.child(config_schema::kRoot).children()) {
+        if (std::string(element.name()) == config_schema::kInterfaces) {
             readInterfaces(element, reading);
         } else {
             readAttributes(element, reading.config);
@@ -168,4 +101,13 @@ CONFIG_DESCRIPTOR readConfigFile(const std::string& path) {
         }
     }
     return reading.config;
+}
+
+void reportUnloadable() {
+    setlogmask(LOG_UPTO(LOG_NOTICE));
+    syslog(
+        LOG_NOTICE,
+        "Unable to start by user %d, because unable to load config, or unable to parse XML file!",
+        static_cast<int>(getuid()));
+    closelog();
 }

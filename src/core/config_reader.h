@@ -4,7 +4,13 @@
 
 #include "core/descriptors.h"
 
+/// The error text of a file that cannot be loaded.
+inline constexpr const char* kUnloadable = "Unable to load config, or unable to parse XML file!";
+
 /// Reads the XML configuration at `path`. Never throws; the result is complete,
-/// defaults included, and a failure is in its error text. A file that cannot be
-/// loaded is reported to the system log as well.
+/// defaults included, and a failure is in its error text: kUnloadable, or that
+/// of a port which is too low.
 CONFIG_DESCRIPTOR readConfigFile(const std::string& path);
+
+/// Tells the system log that the daemon cannot start for want of a configuration.
+void reportUnloadable();

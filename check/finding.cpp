@@ -1,0 +1,23 @@
+#include "check/finding.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace check {
+
+void Findings::error(ConfigPlace place, std::string text) {
+    list_.push_back({Severity::kError, place, std::move(text)});
+}
+
+void Findings::warning(ConfigPlace place, std::string text) {
+    list_.push_back({Severity::kWarning, place, std::move(text)});
+}
+
+std::vector<Finding> Findings::sorted() const {
+    std::vector<Finding> sorted = list_;
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const Finding& a, const Finding& b) { return a.place < b.place; });
+    return sorted;
+}
+
+}  // namespace check

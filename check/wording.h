@@ -1,0 +1,34 @@
+// How values appear in findings and settings.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "core/config_document.h"
+
+namespace check {
+
+/// A text of the file in quotation marks, as typed there: backslashes stay,
+/// control characters become \xHH, a long text is cut.
+std::string inQuotes(std::string_view text);
+
+/// A separator in quotation marks, whole, every character told apart: \r, \n,
+/// \t, \\ and \xHH.
+std::string shownSeparator(std::string_view separator);
+
+/// "Percent 50", or "Percent "50x" (counts as 50)" where the daemon reads another
+/// number than a person does.
+std::string asCounted(const std::string& label, const std::string& typed, long number);
+
+/// Why the daemon reads `number` where `typed` stands; empty when a person reads
+/// the same.
+std::string whyCounted(const std::string& typed, long number);
+
+/// The speed in percent that a pause belongs to, rounded.
+long percentOfDelay(std::int32_t delay);
+
+/// "line 7".
+std::string inLine(ConfigPlace place);
+
+}  // namespace check
