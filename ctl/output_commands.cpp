@@ -1,0 +1,172 @@
+// set, lcd, ir: commands over the IO port, and whether the daemon took them.
+#include <algorithm>
+#include <array>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <span>
+
+#include "ctl/commands.h"
+#include "ctl/console_session.h"
+#include "ctl/io_delivery.h"
+#include "ctl/output.h"
+#include "ctl/replies.h"
+#include "ctl/text.h"
+
+namespace ctl {
+namespace {
+
+/// The cards that a command is for.
+struct Target {
+    const char* command;
+    std::span<const std::string_view> kinds;
+    const char* needs;
+};
+
+constexpr std::array<std::string_view, 3> kBlockKinds{
+    "16 channel DIGITAL OUTPUT", "6 channel RC SERVO CONTROLLER", "3 channel DC MOTOR CONTROLLER"};
+constexpr std::array<std::string_view, 1> kLcdKinds{"ALPHANUMERIC LCD CONTROLLER"};
+constexpr std::array<std::string_view, 1> kInfraredKinds{"IR REMOTE CONTROLLER"};
+
+constexpr Target kBlockTarget{"set", kBlockKinds, "a digital output, RC servo or DC motor card"};
+constexpr Target kLcdTarget{"lcd", kLcdKinds, "an LCD controller card"};
+constexpr Target kInfraredTarget{"ir", kInfraredKinds, "an IR remote controller card"};
+
+void checkKind(ConsoleSession& console, const Target& target, char address) {
+    for (const CardEntry& card : parseCards(console.ask("DISCOVER"), "DISCOVER")) {
+        const bool fits =
+            std::find(target.kinds.begin(), target.kinds.end(), card.kind) != target.kinds.end();
+        if (card.address == address && !fits) {
+            throw Failure(Status::kRefused, "card " + std::string(1, address) + " is " +
+                                                printable(card.kind) + "; " + target.command +
+                                                " needs " + target.needs);
+        }
+    }
+}
+
+/// The daemon would take what stands behind it for another command.
+void checkSeparator(const std::string& line, const std::optional<std::string>& lineEnd) {
+    if (lineEnd && !lineEnd->empty() && line.find(*lineEnd) != std::string::npos) {
+        throw Failure(Status::kUsage,
+                      quote(line) + " holds the IO port's line end, " + quote(*lineEnd));
+    }
+}
+
+/// Throws when the daemon has refused the line, which it tells on the console
+/// before it answers what comes behind.
+void expectTaken(ConsoleSession& console, const std::string& line) {
+    expectAccepted(console.ask("DRVVER"), "DRVVER");
+    for (const std::string& refusal : console.unasked()) {
+        const std::size_t arrow = refusal.find("-> ");
+        if (arrow != std::string::npos && startsWith(refusal.substr(arrow + 3), line)) {
+            throw Failure(Status::kRefused, printable(refusal));
+        }
+    }
+}
+
+void sendLine(const Settings& settings, const Target& target, char address,
+              const std::string& line) {
+    const Endpoint& endpoint = settings.at(Port::kIo);
+    checkSeparator(line, endpoint.lineEnd);
+    if (!settings.check) {
+        deliverToIo(endpoint, line, endpoint.lineEnd.value_or(kSafeLineEnd), settings.timeout);
+        return;
+    }
+    ConsoleSession console(settings.at(Port::kCae), settings.timeout);
+    checkKind(console, target, address);
+    const std::string lineEnd = endpoint.lineEnd.value_or(console.lineEnd());
+    checkSeparator(line, lineEnd);
+    console.unasked().clear();
+    deliverToIo(endpoint, line, lineEnd, settings.timeout);
+    expectTaken(console, line);
+}
+
+std::string cardText(char address) {
+    return "card " + std::string(1, address) + ": ";
+}
+
+struct LcdForm {
+    const char* action;
+    const char* on;   ///< also where there is nothing to switch
+    const char* off;  ///< null where there is nothing to switch
+};
+
+/// By form of the command.
+constexpr std::array kLcdForms{
+    LcdForm{"clear", "CL", nullptr}, LcdForm{"light", "LO", "LF"},    LcdForm{"cursor", "CO", "CF"},
+    LcdForm{"blink", "BO", "BF"},    LcdForm{"text", "PAp", nullptr},
+};
+
+void lcdText(const Settings& settings, const Fields& fields) {
+    if (!settings.check && !settings.at(Port::kIo).lineEnd) {
+        throw Failure(Status::kUsage,
+                      "lcd text with --no-check needs --line-end: the end of the line would show "
+                      "on the LCD if it were not the daemon's");
+    }
+    const std::string line = std::string("a") + fields.address() + "lPAp" +
+                             hexByte(*fields.column) + hexByte(*fields.row) + "t" + fields.text;
+    sendLine(settings, kLcdTarget, fields.address(), line);
+    writeResult(settings.json,
+                cardText(fields.address()) + "text at column " + std::to_string(*fields.column) +
+                    ", row " + std::to_string(*fields.row),
+                {{"address", std::string(1, fields.address())},
+                 {"action", "text"},
+                 {"column", *fields.column},
+                 {"row", *fields.row},
+                 {"text", fields.text},
+                 {"checked", settings.check}});
+}
+
+}  // namespace
+
+void setBlock(const Settings& settings, const Request& request) {
+    const Fields& fields = request.fields;
+    const std::string data = hexByte(*fields.value);
+    sendLine(settings, kBlockTarget, fields.address(),
+             std::string("a") + fields.address() + "b" + *fields.block + "d" + data);
+    const unsigned block = *hexDigit(*fields.block);
+    writeResult(settings.json,
+                cardText(fields.address()) + "block " + std::to_string(block) + " is " + data,
+                {{"address", std::string(1, fields.address())},
+                 {"block", block},
+                 {"value", *fields.value},
+                 {"hex", data},
+                 {"checked", settings.check}});
+}
+
+void lcd(const Settings& settings, const Request& request) {
+    const Fields& fields = request.fields;
+    const LcdForm& form = kLcdForms[request.form];
+    if (fields.column) {
+        lcdText(settings, fields);
+        return;
+    }
+    const bool on = fields.on.value_or(true);
+    sendLine(settings, kLcdTarget, fields.address(),
+             std::string("a") + fields.address() + "l" + (on ? form.on : form.off));
+    Json json{{"address", std::string(1, fields.address())}, {"action", form.action}};
+    std::string text = cardText(fields.address()) + form.action;
+    if (fields.on) {
+        json["on"] = on;
+        text += on ? " is on" : " is off";
+    } else {
+        text += "ed";
+    }
+    json["checked"] = settings.check;
+    writeResult(settings.json, text, json);
+}
+
+void infrared(const Settings& settings, const Request& request) {
+    const Fields& fields = request.fields;
+    sendLine(settings, kInfraredTarget, fields.address(),
+             std::string("a") + fields.address() + "sHS" + fields.text);
+    const std::size_t bytes = fields.text.size() / 2;
+    writeResult(settings.json,
+                cardText(fields.address()) + std::to_string(bytes) +
+                    (bytes == 1 ? " byte is sent" : " bytes are sent"),
+                {{"address", std::string(1, fields.address())},
+                 {"bytes", bytes},
+                 {"hex", fields.text},
+                 {"checked", settings.check}});
+}
+
+}  // namespace ctl
