@@ -1,6 +1,7 @@
 #include "check/finding.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace check {
@@ -15,8 +16,9 @@ void Findings::warning(ConfigPlace place, std::string text) {
 
 std::vector<Finding> Findings::sorted() const {
     std::vector<Finding> sorted = list_;
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [](const Finding& a, const Finding& b) { return a.place < b.place; });
+    std::stable_sort(sorted.begin(), sorted.end(), [](const Finding& a, const Finding& b) {
+        return std::tie(a.place.line, a.place.column) < std::tie(b.place.line, b.place.column);
+    });
     return sorted;
 }
 

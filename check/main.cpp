@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <new>
 #include <string>
 
 #include "check/check.h"
@@ -62,8 +63,10 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         return run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::fputs("zolt-check: not enough memory for this file\n", stderr);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "zolt-check: %s\n", error.what());
-        return kFailed;
     }
+    return kFailed;
 }

@@ -63,7 +63,7 @@ std::string meantSeparator(const std::string& typed) {
 std::string unknownPair(const std::string& typed) {
     for (std::size_t at = typed.find('\\'); at != std::string::npos;
          at = typed.find('\\', at + 1)) {
-        const std::string pair = typed.substr(at, 2);
+        std::string pair = typed.substr(at, 2);
         if (pair != "\\r" && pair != "\\n" && pair.size() == 2) {
             return pair;
         }

@@ -57,17 +57,35 @@ constexpr std::array kOptions{OptionRow{"--host", "ZOLT_HOST", "HOST",
 }
 ;
 
+/// The forms of a command and what its parameters are.
+std::string formsText(const CommandRow& row) {
+    std::string text;
+    std::vector<std::string> names;
+    for (const std::string& form : row.forms) {
+        text += (text.empty() ? "Use: " : "     ") + ("zoltctl " + form) + "\n";
+        for (const std::string& name : parameterNames(form)) {
+            if (std::find(names.begin(), names.end(), name) == names.end()) {
+                names.push_back(name);
+            }
+        }
+    }
+    text += '\n';
+    for (const std::string& name : names) {
+        constexpr std::size_t kColumn = 12;
+        std::string line = "  " + name;
+        line.resize(std::max(line.size() + 1, kColumn), ' ');
+        text += line + parameterOf(name)->what + '\n';
+    }
+    return text + (names.empty() ? "" : "\n");
+}
+
 /// The parser's help, with the forms of a command for its usage.
 class HelpText : public CLI::Formatter {
   public:
     std::string make_usage(const CLI::App* app, std::string name) const override {
         for (const CommandRow& row : commandRows()) {
             if (app->get_name() == row.name) {
-                std::string text;
-                for (const std::string& form : row.forms) {
-                    text += (text.empty() ? "Use: " : "     ") + ("zoltctl " + form) + "\n";
-                }
-                return text + "\nzoltctl --help tells the options that every command has.\n";
+                return formsText(row) + "zoltctl --help tells the options of every command.\n";
             }
         }
         return "Use: " + name + " [OPTION...] COMMAND [ARGUMENT...]\n" + "     " + name +
@@ -81,15 +99,18 @@ class HelpText : public CLI::Formatter {
 class Parser {
   public:
     Parser() : app_("Client of the card bus daemon zolt.", "zoltctl") {
-        app_.formatter(std::make_shared<HelpText>());
+        const auto help = std::make_shared<HelpText>();
+        help->label("Subcommands", "Commands");
+        app_.formatter(help);
         app_.fallthrough();
         app_.require_subcommand(1);
         app_.set_help_flag("--help", "print this text");
         app_.set_version_flag("--version", "zoltctl " ZOLTCTL_VERSION, "print the version");
         json_ = app_.add_flag("--json")->description("results as JSON");
         noCheck_ = app_.add_flag("--no-check")
-                       ->description("set, lcd, ir: do not use the console to check the card and "
-                                     "to learn of a refusal");
+                       ->description(
+                           "set, lcd, ir: do not use the console to check the card and "
+                           "to learn of a refusal");
         for (const OptionRow& row : kOptions) {
             options_.push_back(app_.add_option(row.name)
                                    ->description(row.purpose)
@@ -183,8 +204,7 @@ class Parser {
     std::string complaint(const CLI::ParseError& error) const {
         const std::vector<std::string> rest = app_.remaining(true);
         if (!rest.empty()) {
-            return quote(rest[0]) +
-                   (startsWith(rest[0], "-") ? " is no option" : " is no command");
+            return quote(rest[0]) + (startsWith(rest[0], "-") ? " is no option" : " is no command");
         }
         if (app_.get_subcommands().empty() && error.get_name() == "RequiredError") {
             return "a command is missing";

@@ -30,8 +30,7 @@ Limits limitsOf(const Request& request) {
         const std::string& text = request.options.at("--for");
         const auto seconds = parsePositive(text, kYear);
         if (!seconds) {
-            throw Failure(Status::kUsage,
-                          quote(text) + " is no time: --for takes seconds above 0");
+            throw Failure(Status::kUsage, quote(text) + " is no time: --for takes seconds above 0");
         }
         limits.time = Seconds(*seconds);
     }
@@ -112,7 +111,7 @@ class Listener {
     void receive() {
         std::string bytes;
         if (port_.connection.receive(bytes, Deadline(Clock::now())) == Connection::Wait::kEnd) {
-            throw port_.connection.cut("by the daemon");
+            throw port_.connection.cut("while it was listened to");
         }
         lines_.feed(bytes);
     }

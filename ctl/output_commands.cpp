@@ -80,6 +80,11 @@ void sendLine(const Settings& settings, const Target& target, char address,
     expectTaken(console, line);
 }
 
+/// Without the check nobody knows whether the daemon and the card took it.
+std::string closing(const Settings& settings) {
+    return settings.check ? "" : " (unchecked)";
+}
+
 std::string cardText(char address) {
     return "card " + std::string(1, address) + ": ";
 }
@@ -107,7 +112,7 @@ void lcdText(const Settings& settings, const Fields& fields) {
     sendLine(settings, kLcdTarget, fields.address(), line);
     writeResult(settings.json,
                 cardText(fields.address()) + "text at column " + std::to_string(*fields.column) +
-                    ", row " + std::to_string(*fields.row),
+                    ", row " + std::to_string(*fields.row) + closing(settings),
                 {{"address", std::string(1, fields.address())},
                  {"action", "text"},
                  {"column", *fields.column},
@@ -125,7 +130,8 @@ void setBlock(const Settings& settings, const Request& request) {
              std::string("a") + fields.address() + "b" + *fields.block + "d" + data);
     const unsigned block = *hexDigit(*fields.block);
     writeResult(settings.json,
-                cardText(fields.address()) + "block " + std::to_string(block) + " is " + data,
+                cardText(fields.address()) + "block " + std::to_string(block) + " is " + data +
+                    closing(settings),
                 {{"address", std::string(1, fields.address())},
                  {"block", block},
                  {"value", *fields.value},
@@ -152,7 +158,7 @@ void lcd(const Settings& settings, const Request& request) {
         text += "ed";
     }
     json["checked"] = settings.check;
-    writeResult(settings.json, text, json);
+    writeResult(settings.json, text + closing(settings), json);
 }
 
 void infrared(const Settings& settings, const Request& request) {
@@ -162,7 +168,7 @@ void infrared(const Settings& settings, const Request& request) {
     const std::size_t bytes = fields.text.size() / 2;
     writeResult(settings.json,
                 cardText(fields.address()) + std::to_string(bytes) +
-                    (bytes == 1 ? " byte is sent" : " bytes are sent"),
+                    (bytes == 1 ? " byte is sent" : " bytes are sent") + closing(settings),
                 {{"address", std::string(1, fields.address())},
                  {"bytes", bytes},
                  {"hex", fields.text},

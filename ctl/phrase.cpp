@@ -113,4 +113,12 @@ Phrase matchPhrase(const std::vector<std::string>& words,
     throw complaint(words, expected);
 }
 
+std::vector<std::string> parameterNames(const std::string& pattern) {
+    std::vector<std::string> names = Form(pattern).tokens;
+    names.erase(std::remove_if(names.begin(), names.end(),
+                               [](const std::string& name) { return !parameterOf(name); }),
+                names.end());
+    return names;
+}
+
 }  // namespace ctl

@@ -19,4 +19,7 @@ struct Phrase {
 /// says what is expected where the words leave every pattern.
 Phrase matchPhrase(const std::vector<std::string>& words, const std::vector<std::string>& patterns);
 
+/// The parameters of a pattern, without brackets and dots.
+std::vector<std::string> parameterNames(const std::string& pattern);
+
 }  // namespace ctl

@@ -27,8 +27,8 @@ bool splitEntry(std::string_view line, std::string_view start, char& address,
 void expectAccepted(const Reply& reply, const std::string& command) {
     if (reply.unknown) {
         throw Failure(Status::kRefused, "the daemon does not know " + printable(command) +
-                                            " (CIE: UNKNOWN COMMAND); does the line end fit its "
-                                            "InpSeparator?");
+                                            " (CIE: UNKNOWN COMMAND), or its InpSeparator is "
+                                            "another than --line-end");
     }
     for (const std::string& line : reply.lines) {
         if (startsWith(line, "CIE:")) {
@@ -66,8 +66,8 @@ std::vector<CardEntry> parseCards(const Reply& reply, const std::string& command
         std::string_view kind;
         if (!splitEntry(reply.lines[i + 1], "DTI:0x", card.address, kind) ||
             card.address != kAddressDigits[i]) {
-            throw Failure(Status::kNotZolt, "the answer to " + command + " is none of zolt's: " +
-                                                quote(reply.lines[i + 1]));
+            throw Failure(Status::kNotZolt, "the answer to " + command +
+                                                " is none of zolt's: " + quote(reply.lines[i + 1]));
         }
         card.kind = kind;
         cards.push_back(card);

@@ -9,11 +9,17 @@
 namespace ctl {
 namespace {
 
+/// A blocked signal comes even if it is ignored: those that are have to be left out.
 sigset_t stopSet() {
     sigset_t set;
     ::sigemptyset(&set);
-    ::sigaddset(&set, SIGINT);
-    ::sigaddset(&set, SIGTERM);
+    for (const int number : {SIGINT, SIGTERM}) {
+        struct sigaction action {};
+        ::sigaction(number, nullptr, &action);
+        if (action.sa_handler != SIG_IGN) {
+            ::sigaddset(&set, number);
+        }
+    }
     return set;
 }
 

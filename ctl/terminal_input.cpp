@@ -74,11 +74,11 @@ class TerminalInput : public LineInput {
         const char* text = ::el_gets(line_, &count);
         onReadable_ = nullptr;
         if (thrown_) {
-            ::write(STDOUT_FILENO, "\n", 1);
+            endLine();
             std::rethrow_exception(std::exchange(thrown_, nullptr));
         }
         if (text == nullptr || count <= 0) {
-            ::write(STDOUT_FILENO, "\n", 1);
+            endLine();
             return std::nullopt;
         }
         std::string line(text, static_cast<std::size_t>(count));
@@ -93,6 +93,11 @@ class TerminalInput : public LineInput {
     void comeBack() override { ::el_set(line_, EL_REFRESH); }
 
   private:
+    /// Ends the line that the cursor stands in. A terminal that is gone needs none.
+    static void endLine() {
+        [[maybe_unused]] const ssize_t written = ::write(STDOUT_FILENO, "\n", 1);
+    }
+
     static TerminalInput& self(EditLine* line) {
         void* data = nullptr;
         ::el_get(line, EL_CLIENTDATA, &data);

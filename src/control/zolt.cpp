@@ -43,7 +43,7 @@ ZOLT::~ZOLT() {
 }
 
 CONFIG_DESCRIPTOR ZOLT::ReadConfig() {
-    const CONFIG_DESCRIPTOR config = readConfigFile(kConfigFile);
+    CONFIG_DESCRIPTOR config = readConfigFile(kConfigFile);
     if (config.errorText == kUnloadable) {
         reportUnloadable();
     }

@@ -8,8 +8,6 @@
 struct ConfigPlace {
     std::size_t line = 1;
     std::size_t column = 1;
-
-    auto operator<=>(const ConfigPlace&) const = default;
 };
 
 struct ConfigAttribute {

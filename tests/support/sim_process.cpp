@@ -47,10 +47,19 @@ SimProcess::SimProcess(const Options& options)
     const UniqueFd errors = createFile(errorFile_);
     StandardStreams streams;
     streams.error = errors.get();
-    process_ = spawn({options.program, "--bus", busFile, "--link", options.link, "--baud",
-                      std::to_string(options.baud), "--control", controlPath(), "--trace", "none",
-                      "--trace-file", traceFile_},
-                     streams);
+    std::vector<std::string> command{options.program,
+                                     "--bus",
+                                     busFile,
+                                     "--link",
+                                     options.link,
+                                     "--baud",
+                                     std::to_string(options.baud),
+                                     "--control",
+                                     controlPath(),
+                                     "--trace",
+                                     "none"};
+    if (options.traced) command.insert(command.end(), {"--trace-file", traceFile_});
+    process_ = spawn(command, streams);
     const bool up = waitUntil([&] {
         connectControl();
         return control_.valid() && std::filesystem::exists(options.link);
@@ -76,11 +85,25 @@ void SimProcess::connectControl() {
 }
 
 std::vector<std::string> SimProcess::control(const std::string& line) {
-    const std::string request = line + "\n";
-    const auto sent = ::send(control_.get(), request.data(), request.size(), MSG_NOSIGNAL);
-    if (sent != static_cast<ssize_t>(request.size())) {
-        throw std::runtime_error("zolt-sim does not take the control line \"" + line + "\"");
+    sendControl(line + "\n");
+    return controlAnswer(line);
+}
+
+void SimProcess::controlAll(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const auto& line : lines) text += line + "\n";
+    sendControl(text);
+    for (const auto& line : lines) controlAnswer(line);
+}
+
+void SimProcess::sendControl(const std::string& lines) {
+    const auto sent = ::send(control_.get(), lines.data(), lines.size(), MSG_NOSIGNAL);
+    if (sent != static_cast<ssize_t>(lines.size())) {
+        throw std::runtime_error("zolt-sim does not take the control \"" + lines + "\"");
     }
+}
+
+std::vector<std::string> SimProcess::controlAnswer(const std::string& line) {
     std::vector<std::string> answer;
     const bool complete = waitUntil([&] {
         std::array<char, 4096> buffer{};

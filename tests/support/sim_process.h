@@ -23,6 +23,8 @@ class SimProcess {
         /// Speed of the wire; 0 answers at once.
         int baud = 0;
         std::string program = defaultProgram();
+        /// Whether it writes the trace, which grows with every poll.
+        bool traced = true;
     };
 
     /// Starts it and waits until the daemon could open it; throws
@@ -36,6 +38,8 @@ class SimProcess {
     /// Runs one control line and returns the lines of its answer without the
     /// final "ok"; throws std::runtime_error when it is refused.
     std::vector<std::string> control(const std::string& line);
+    /// Runs many control lines whose answers do not matter, in one go.
+    void controlAll(const std::vector<std::string>& lines);
 
     /// The trace lines that have come since the last call.
     std::vector<std::string> readNewTrace() { return trace_.readNewLines(); }
@@ -51,6 +55,8 @@ class SimProcess {
 
   private:
     void connectControl();
+    void sendControl(const std::string& lines);
+    std::vector<std::string> controlAnswer(const std::string& line);
 
     std::filesystem::path traceFile_;
     std::filesystem::path errorFile_;

@@ -1,0 +1,84 @@
+// Where the output goes, and when it cannot go there.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+
+#include "tests/ctl/fake_test.h"
+#include "tests/support/child_process.h"
+
+namespace {
+
+using namespace ctl_test;
+
+class Output : public FakeTest {
+  protected:
+    static Outcome runInto(int output, const std::vector<std::string>& arguments) {
+        return ctl_test::run(arguments, {.environment = {"ZOLT_LINE_END=crlf"}, .output = output});
+    }
+
+    const Answers version_{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
+};
+
+TEST_F(Output, AFullDiskIsTold) {
+    const support::UniqueFd full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
+    const std::string error = "zoltctl: cannot write the output: No space left on device";
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"version"}, {"--json", "version"}, {"raw", "cae", "DRVVER"}}) {
+        const FakePort cae(kDefaultCae, console(version_));
+        expectOutcome(runInto(full.get(), arguments), 8, "", error);
+    }
+    expectOutcome(runInto(full.get(), {"--help"}), 8, "", error);
+    expectOutcome(runInto(full.get(), {"--version"}), 8, "", error);
+
+    const FakePort mon(kDefaultMon, [](FakeConnection& client) {
+        client.send(kMonBanner);
+        client.send(item("a3b0d40"));
+        client.keepSilent();
+    });
+    expectOutcome(runInto(full.get(), {"monitor"}), 8, "", error);
+}
+
+TEST_F(Output, AClosedStandardOutputIsTold) {
+    const FakePort cae(kDefaultCae, console(version_));
+    expectOutcome(runInto(support::StandardStreams::kClosed, {"version"}), 8, "",
+                  "zoltctl: cannot write the output: Bad file descriptor");
+}
+
+// As "zoltctl monitor | head -1" does.
+TEST_F(Output, AReaderThatLeavesEndsItQuietly) {
+    bool left = false;
+    {
+        const FakePort mon(kDefaultMon, [&](FakeConnection& client) {
+            client.send(kMonBanner);
+            client.send(item("a3b0d40"));
+            client.expect("");
+            left = true;
+        });
+        ZoltctlProcess process({"monitor"}, {.environment = {"ZOLT_LINE_END=crlf"}});
+        std::string first;
+        ASSERT_TRUE(support::waitUntil([&] {
+            first += process.readNewOutput();
+            return first.ends_with("\n");
+        }));
+        EXPECT_TRUE(first.ends_with("a3b0d40\n")) << first;
+        process.closeOutput();
+        const auto outcome = process.waitForEnd();
+        EXPECT_EQ(outcome.end, "status 141");
+        EXPECT_EQ(outcome.errors, "");
+    }
+    EXPECT_TRUE(left);
+}
+
+TEST_F(Output, APipeThatIsClosedBeforeAResultEndsItQuietly) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
+    const support::UniqueFd writeEnd(ends[1]);
+    ::close(ends[0]);
+    const FakePort cae(kDefaultCae, console(version_));
+    const auto outcome = runInto(writeEnd.get(), {"version"});
+    EXPECT_EQ(outcome.end, "status 141");
+    EXPECT_EQ(outcome.errors, "");
+}
+
+}  // namespace
