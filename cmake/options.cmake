@@ -14,10 +14,34 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
 
+# What makes a memory error hard to exploit, in every build; tools/check-hardening
+# holds the programs to it.
+include(CheckPIESupported)
+check_pie_supported()
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+target_compile_definitions(zolt_options INTERFACE _GLIBCXX_ASSERTIONS)
+target_compile_options(zolt_options INTERFACE -fstack-protector-strong -fstack-clash-protection)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86")
+  target_compile_options(zolt_options INTERFACE -fcf-protection)
+endif()
+target_link_options(zolt_options INTERFACE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+if(NOT ZOLT_SANITIZE)
+  # Needs optimisation. The sanitizers check the same calls themselves, and do not
+  # see them behind the checked variants. -U: the compiler or a package build may
+  # have set another level already.
+  target_compile_options(zolt_options INTERFACE
+    $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=3>)
+endif()
+
 if(ZOLT_SANITIZE)
   target_compile_options(zolt_options INTERFACE
     -fsanitize=${ZOLT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(zolt_options INTERFACE -fsanitize=${ZOLT_SANITIZE})
+endif()
+
+if(ZOLT_FUZZ)
+  # Counts what a run of a fuzzer reaches; the fuzzers add libFuzzer's main.
+  target_compile_options(zolt_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # zolt_library(NAME SOURCES... [DEPENDS libraries...]): one folder of src/.

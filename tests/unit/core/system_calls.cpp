@@ -32,6 +32,12 @@ void recordLogCall(std::string call) {
     logCalls.push_back(std::move(call));
 }
 
+void recordMessage(int priority, const char* format, std::va_list arguments) {
+    std::array<char, 1000> message{};
+    std::vsnprintf(message.data(), message.size(), format, arguments);
+    recordLogCall("priority " + std::to_string(priority) + ": " + message.data());
+}
+
 bool isToBeHeld(const char* path) {
     const std::lock_guard guard(heldPathMutex);
     if (heldPath.empty() || heldPath != path) {
@@ -84,12 +90,18 @@ int __wrap_setlogmask(int mask) {
 }
 
 void __wrap_syslog(int priority, const char* format, ...) {
-    std::array<char, 1000> message{};
     std::va_list arguments;
     va_start(arguments, format);
-    std::vsnprintf(message.data(), message.size(), format, arguments);
+    recordMessage(priority, format, arguments);
     va_end(arguments);
-    recordLogCall("priority " + std::to_string(priority) + ": " + message.data());
+}
+
+// What a build with fortified calls makes of it.
+void __wrap___syslog_chk(int priority, int /*flag*/, const char* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    recordMessage(priority, format, arguments);
+    va_end(arguments);
 }
 
 void __wrap_closelog() {

@@ -1,0 +1,90 @@
+// Configuration files, from a file that exists in memory only: what the daemon
+// reads, and what zolt-check says about it.
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "check/check.h"
+#include "check/report.h"
+#include "core/config_reader.h"
+#include "fuzz/support/target.h"
+
+namespace {
+
+constexpr std::size_t kMostBytes = 4096;
+
+/// A file without a name, with another content for each run.
+class MemoryFile {
+  public:
+    MemoryFile() : descriptor_(memfd_create("configuration", MFD_CLOEXEC)) {
+        fuzz::require(descriptor_ != -1, "a file in memory can be made");
+    }
+    ~MemoryFile() { close(descriptor_); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
+    void hold(std::string_view content) const {
+        fuzz::require(ftruncate(descriptor_, 0) == 0 &&
+                          pwrite(descriptor_, content.data(), content.size(), 0) ==
+                              static_cast<ssize_t>(content.size()),
+                      "the file can be written");
+    }
+
+  private:
+    int descriptor_;
+};
+
+void requireInterface(const INTERFACE_DESCRIPTOR& entry, const char* name) {
+    const bool absent = entry.name.empty();
+    fuzz::require(absent || entry.name == name, "an interface has its own name or none");
+    fuzz::require(entry.port == 0 || (!absent && entry.port > 1024), "no port of the system");
+    fuzz::require(entry.connectionState == connection_state::kNotListening, "not connected yet");
+    // What is typed as two characters is one behind the reader.
+    for (const std::string& separator : {entry.inpSeparator, entry.outSeparator}) {
+        fuzz::require(separator.find("\\r") == std::string::npos &&
+                          separator.find("\\n") == std::string::npos,
+                      "no \\r or \\n in letters");
+    }
+}
+
+void requireConfig(const CONFIG_DESCRIPTOR& config) {
+    fuzz::require(!config.errorText.empty() && config.errorText.size() < 100,
+                  "an error text of at most 99 characters, or NONE");
+    requireInterface(config.io, "IO");
+    requireInterface(config.cae, "CAE");
+    requireInterface(config.mon, "MON");
+    fuzz::require(config.spare.name.empty(), "nothing sets the fourth interface");
+}
+
+void requireCheck(const check::Result& result) {
+    const bool error = std::any_of(
+        result.findings.begin(), result.findings.end(),
+        [](const check::Finding& finding) { return finding.severity == check::Severity::kError; });
+    fuzz::require(error != result.starts(), "an error is what keeps the daemon from starting");
+    fuzz::require((check::exitStatus(result, true) == 2) == error, "status 2 tells an error");
+    for (const bool quiet : {false, true}) {
+        const std::string text = check::report("zoltconf.xml", result, {.quiet = quiet});
+        fuzz::require(text.empty() || text.back() == '\n', "a report is whole lines");
+    }
+    fuzz::require(nlohmann::json::accept(check::report("zoltconf.xml", result, {.json = true})),
+                  "a report in JSON is JSON");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const MemoryFile file;
+    file.hold(fuzz::textOf(data, size, kMostBytes));
+    const CONFIG_DESCRIPTOR config = readConfigFile(file.path());
+    requireConfig(config);
+    const check::Result result = check::checkFile(file.path());
+    fuzz::require(result.config.errorText == config.errorText, "both read the same");
+    requireCheck(result);
+    return 0;
+}

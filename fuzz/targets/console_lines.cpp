@@ -1,0 +1,101 @@
+// What a console client sends, for a bus with a card of every kind. Pauses take
+// no time; the cards are silent, or answer with the last byte of the input.
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "client/framing.h"
+#include "control/console.h"
+#include "fuzz/support/cards.h"
+#include "fuzz/support/target.h"
+#include "tests/unit/bus/bytes.h"
+#include "tests/unit/control/recording_host.h"
+
+namespace {
+
+constexpr std::size_t kMostBytes = 510;
+
+struct Separators {
+    const char* input;
+    const char* output;
+};
+
+constexpr std::array kSeparators{
+    Separators{"\r\n", "\r\n"},
+    Separators{"\n", ""},
+    Separators{"", "<end>"},
+    Separators{";=", "\r\n"},
+};
+
+/// The number behind `word` in "delay 2525", or -1 for another event.
+long numberBehind(const std::string& event, const std::string& word) {
+    return event.starts_with(word) ? std::stol(event.substr(word.size())) : -1;
+}
+
+bool isAllowedRequest(const std::string& event) {
+    return !event.starts_with("request ") || event == "request 30" ||
+           event.starts_with("request 50 0");
+}
+
+/// What one line may cause, whatever it said.
+void requireEvents(const std::vector<std::string>& events, const std::string& separator) {
+    // Each of the card configuration commands and of the two other commands
+    // that pause, once.
+    constexpr long kLongestPause = 13 + 2 + 1;
+    fuzz::require(!events.empty(), "every line is answered");
+    fuzz::require(events.back() == "reply >" + separator ||
+                      events.back() == "reply CIE: UNKNOWN COMMAND " + separator + ">" + separator,
+                  "every answer ends with the prompt");
+    long paused = 0;
+    for (const std::string& event : events) {
+        paused += std::max(0L, numberBehind(event, "pause "));
+        const long delay = numberBehind(event, "delay ");
+        fuzz::require(delay == -1 || (delay >= 1 && delay <= 5000), "a speed from 1 to 100 %");
+        fuzz::require(!event.starts_with("reply ") || event.ends_with(separator),
+                      "a reply ends with the separator");
+        fuzz::require(isAllowedRequest(event), "a request for a card of the bus");
+        fuzz::require(!event.starts_with("report ") || event.size() == 14, "a whole report");
+    }
+    fuzz::require(paused <= kLongestPause, "no line pauses longer than its commands");
+}
+
+/// Where a piece of what was sent ends: behind 255 bytes, or behind a line.
+std::size_t pieceLength(std::string_view sent, bool byLine) {
+    const std::size_t line = byLine ? sent.find('\n') : std::string_view::npos;
+    const std::size_t end = line == std::string_view::npos ? sent.size() : line + 1;
+    return std::min(end, framing::kReadSize);
+}
+
+void interpret(std::string_view sent, const Separators& separators, RecordingHost& host,
+               bool byLine) {
+    for (std::size_t address = 0; address < fuzz::kKinds.size(); ++address) {
+        host.addCard(address, fuzz::kKinds[address]);
+    }
+    Console console(host, separators.input, separators.output);
+    while (!sent.empty()) {
+        std::array<char, framing::kReadSize + 1> buffer{};
+        const std::string_view piece = sent.substr(0, pieceLength(sent, byLine));
+        std::copy(piece.begin(), piece.end(), buffer.begin());
+        console.interpret(Convert_QList2String(framing::received(framing::kText, buffer.data())));
+        requireEvents(host.takeEvents(), separators.output);
+        sent.remove_prefix(piece.size());
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view sent = fuzz::textOf(data, size, kMostBytes);
+    for (const Separators& separators : kSeparators) {
+        RecordingHost silent;
+        interpret(sent, separators, silent, false);
+        RecordingHost answering;
+        answering.answerWith("51 03 01 " +
+                             hexText(sent.substr(sent.empty() ? 0 : sent.size() - 1)));
+        interpret(sent, separators, answering, true);
+    }
+    return 0;
+}

@@ -1,0 +1,98 @@
+// The simulated bus's controls as they arrive from a client, in pieces, and
+// between them requests of the host: a line that begins with ">" holds one in
+// hexadecimal.
+
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fuzz/support/target.h"
+#include "sim/bus_file.h"
+#include "sim/bus_model.h"
+#include "sim/control.h"
+#include "sim/control_server.h"
+#include "sim/faults.h"
+#include "sim/text.h"
+#include "sim/trace.h"
+
+namespace {
+
+constexpr std::size_t kMostBytes = 9000;
+/// Of one piece that arrives.
+constexpr std::size_t kPiece = 97;
+
+constexpr const char* kBus =
+    "0 servo\n3 digital-input\n5 digital-output\n7 code 2A\n8 keymatrix\n9 ir\nA motor\n"
+    "B silent\nE lcd\nF analogue-input\n";
+
+class Bench {
+  public:
+    void take(const std::string& line) {
+        if (line.starts_with(">")) {
+            if (const auto request = sim::parseHexBytes(line.substr(1))) {
+                ask(*request);
+            }
+            return;
+        }
+        const sim::ControlAnswer answer = sim::runControl(line, target_);
+        const std::string text = answer.text();
+        fuzz::require(text.ends_with("\n"), "an answer is whole lines");
+        fuzz::require(answer.ok() ? text.ends_with("ok\n") : answer.lines.empty(),
+                      "a verdict, and no lines with an error");
+        requireFaultsReadable();
+    }
+
+  private:
+    void ask(const sim::Bytes& request) {
+        const std::optional<sim::Bytes> answer = model_.answer(request).answer;
+        fuzz::require(!answer || answer->size() <= sim::wire::kLongestPayload,
+                      "an answer fits its length byte");
+        const sim::LineOutput output = faults_.apply(request, answer);
+        fuzz::require(output.faulty || !answer || output.bytes.size() == answer->size() + 1,
+                      "without a fault the frame of the answer");
+        // 255 bytes of noise before the longest frame.
+        fuzz::require(output.bytes.size() <= 255 + 256, "no more than a fault and a frame");
+    }
+
+    /// What "faults" lists can be typed again, and lists as the same.
+    void requireFaultsReadable() const {
+        for (const std::string& fault : faults_.describe()) {
+            fuzz::require(sim::faultText(sim::parseFault(sim::splitWords(fault))) == fault,
+                          "a fault reads as it is listed");
+        }
+    }
+
+    std::mutex lock_;
+    sim::BusModel model_{sim::parseBusText(kBus, "fuzz.bus")};
+    sim::FaultList faults_;
+    sim::Trace trace_;
+    sim::ControlTarget target_{lock_,
+                               model_,
+                               faults_,
+                               trace_,
+                               [](const std::string& path) {
+                                   if (path == "refused") throw std::runtime_error("no such path");
+                               },
+                               [] {},
+                               [] {}};
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::string_view rest = fuzz::textOf(data, size, kMostBytes);
+    Bench bench;
+    sim::ControlLines lines;
+    while (!rest.empty()) {
+        const std::string_view piece = rest.substr(0, kPiece);
+        for (const std::optional<std::string>& line : lines.feed(piece)) {
+            if (line) {
+                bench.take(*line);
+            }
+        }
+        rest.remove_prefix(piece.size());
+    }
+    return 0;
+}

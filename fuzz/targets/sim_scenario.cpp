@@ -1,0 +1,32 @@
+// The simulated bus's scenario file.
+
+#include <chrono>
+#include <string>
+
+#include "fuzz/support/target.h"
+#include "sim/control.h"
+#include "sim/scenario.h"
+
+namespace {
+
+constexpr std::size_t kMostBytes = 4096;
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    try {
+        std::chrono::microseconds latest{0};
+        for (const sim::ScenarioStep& step :
+             sim::parseScenario(fuzz::textOf(data, size, kMostBytes), "fuzz.scenario")) {
+            fuzz::require(step.at >= latest, "the times ascend");
+            latest = step.at;
+            // Throws what nobody here catches when it cannot be read after all.
+            static_cast<void>(sim::parseControl(step.control));
+        }
+        fuzz::require(latest <= std::chrono::seconds(1000001), "no time beyond the longest");
+    } catch (const sim::ScenarioError& error) {
+        fuzz::require(std::string(error.what()).starts_with("fuzz.scenario:"),
+                      "a mistake is told with its place");
+    }
+    return 0;
+}
