@@ -24,6 +24,7 @@ class RootCheck {
 
     void run(const ConfigElement& root) {
         checkAttributeNames(root, {}, findings_);
+        checkNoText(root, findings_);
         for (const ConfigElement& element : root.children) {
             if (element.name == schema::kInterfaces) {
                 interfaces_.read(element, config_);

@@ -25,6 +25,7 @@ const ConfigAttribute* lastOf(const ConfigElement& element, const std::string& n
 
 void InterfaceChecks::read(const ConfigElement& interfaces, const CONFIG_DESCRIPTOR& config) {
     checkAttributeNames(interfaces, {}, findings_);
+    checkNoText(interfaces, findings_);
     if (place_) {
         findings_.warning(interfaces.place, inQuotes(interfaces.name) +
                                                 " is given again (first in " + inLine(*place_) +
@@ -54,6 +55,7 @@ void InterfaceChecks::readEntry(const ConfigElement& element, Entry& entry,
     entry.portPlace.reset();
     entry.outSeparatorPlace.reset();
     checkAttributeNames(element, knownEntryAttributes(), findings_);
+    checkNoText(element, findings_);
     checkNoChildren(element, findings_);
     for (const ConfigAttribute& attribute : element.attributes) {
         for (const schema::EntryAttribute& row : schema::entryAttributes()) {

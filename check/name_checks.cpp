@@ -66,6 +66,12 @@ void checkAttributeNames(const ConfigElement& element, const std::vector<std::st
     }
 }
 
+void checkNoText(const ConfigElement& element, Findings& findings) {
+    if (element.text) {
+        findings.warning(*element.text, "text inside " + inQuotes(element.name) + " is not read");
+    }
+}
+
 void checkNoChildren(const ConfigElement& element, Findings& findings) {
     for (const ConfigElement& child : element.children) {
         findings.warning(child.place, inQuotes(child.name) + " inside " + inQuotes(element.name) +

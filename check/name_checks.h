@@ -1,4 +1,5 @@
-// Names that the daemon does not know, and what is given twice.
+// Names that the daemon does not know, what is given twice, and what stands where
+// nothing is read.
 #pragma once
 
 #include <string>
@@ -21,6 +22,9 @@ bool contains(const std::vector<std::string>& names, const std::string& name);
 /// it has twice.
 void checkAttributeNames(const ConfigElement& element, const std::vector<std::string>& known,
                          Findings& findings);
+
+/// Reports text inside an element: none is ever read.
+void checkNoText(const ConfigElement& element, Findings& findings);
 
 /// Reports the children of an element that may have none.
 void checkNoChildren(const ConfigElement& element, Findings& findings);

@@ -105,6 +105,7 @@ std::string joined(const std::vector<std::string>& names) {
 void checkSetting(const ConfigElement& element, CONFIG_DESCRIPTOR& config, Findings& findings) {
     const std::vector<std::string> known = knownAttributes(element.name);
     checkAttributeNames(element, known, findings);
+    checkNoText(element, findings);
     checkNoChildren(element, findings);
     if (element.attributes.empty()) {
         findings.warning(element.place,

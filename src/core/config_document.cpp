@@ -41,26 +41,37 @@ class TreeBuilder {
         return places_.at(static_cast<std::size_t>(offset));
     }
 
-    std::vector<ConfigElement> elementsBelow(const pugi::xml_node& parent, int levels) {
+    std::vector<ConfigElement> outermost(const pugi::xml_document& document) {
         std::vector<ConfigElement> elements;
-        if (levels == 0) {
-            return elements;
-        }
-        for (const pugi::xml_node& node : parent.children()) {
-            if (node.type() != pugi::node_element) {
-                continue;
+        for (const pugi::xml_node& node : document.children()) {
+            if (node.type() == pugi::node_element) {
+                elements.push_back(elementOf(node, kLevels));
             }
-            ConfigElement element{node.name(), placeAt(node.offset_debug()), {}, {}};
-            for (const pugi::xml_attribute& attribute : node.attributes()) {
-                element.attributes.push_back(attributeOf(node, attribute));
-            }
-            element.children = elementsBelow(node, levels - 1);
-            elements.push_back(std::move(element));
         }
         return elements;
     }
 
   private:
+    /// With the levels below it; the first level is its own.
+    ConfigElement elementOf(const pugi::xml_node& node, int levels) {
+        ConfigElement element{node.name(), placeAt(node.offset_debug()), {}, {}, {}};
+        for (const pugi::xml_attribute& attribute : node.attributes()) {
+            element.attributes.push_back(attributeOf(node, attribute));
+        }
+        if (levels == 1) {
+            return element;
+        }
+        for (const pugi::xml_node& child : node.children()) {
+            if (child.type() == pugi::node_element) {
+                element.children.push_back(elementOf(child, levels - 1));
+            } else if (!element.text && child.value()[0] != '\0') {
+                // Text and CDATA; the parser leaves comments and the like out.
+                element.text = places_.behindBlanks(static_cast<std::size_t>(child.offset_debug()));
+            }
+        }
+        return element;
+    }
+
     ConfigAttribute attributeOf(const pugi::xml_node& node, const pugi::xml_attribute& attribute) {
         // Both names lie in the one buffer that the document was parsed from.
         const std::ptrdiff_t offset = node.offset_debug() + (attribute.name() - node.name());
@@ -121,5 +132,5 @@ ConfigDocument loadConfigDocument(const std::string& path) {
                 builder.placeAt(result.offset),
                 {}};
     }
-    return {{}, {}, builder.elementsBelow(document, kLevels)};
+    return {{}, {}, builder.outermost(document)};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,8 @@ struct ConfigElement {
     ConfigPlace place;
     std::vector<ConfigAttribute> attributes;
     std::vector<ConfigElement> children;
+    /// Where the first text directly inside begins.
+    std::optional<ConfigPlace> text;
 };
 
 /// A configuration file as a tree with places, for explaining it. What it means

@@ -67,6 +67,10 @@ std::size_t sizeInUtf8(std::uint32_t code) {
     return code < 0x80U ? 1U : code < 0x800U ? 2U : code < 0x10000U ? 3U : 4U;
 }
 
+bool isBlank(std::uint32_t code) {
+    return code == ' ' || code == '\t' || code == '\r' || code == '\n';
+}
+
 }  // namespace
 
 ConfigPlace ConfigPlaces::at(std::size_t utf8Offset) {
@@ -74,6 +78,14 @@ ConfigPlace ConfigPlaces::at(std::size_t utf8Offset) {
         *this = ConfigPlaces(bytes_, encoding_);
     }
     while (offset_ < utf8Offset && read_ < bytes_.size()) {
+        step();
+    }
+    return place_;
+}
+
+ConfigPlace ConfigPlaces::behindBlanks(std::size_t utf8Offset) {
+    at(utf8Offset);
+    while (read_ < bytes_.size() && isBlank(characterAt(bytes_, read_, encoding_).code)) {
         step();
     }
     return place_;

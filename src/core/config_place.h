@@ -17,6 +17,8 @@ class ConfigPlaces {
         : bytes_(bytes), encoding_(encoding) {}
 
     ConfigPlace at(std::size_t utf8Offset);
+    /// The first character from there on that is no blank, tab or line end.
+    ConfigPlace behindBlanks(std::size_t utf8Offset);
 
   private:
     void step();

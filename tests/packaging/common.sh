@@ -35,26 +35,35 @@ quietly() {
 }
 
 # makeTree NAME PACKAGE...: fills $tree with a minimal Debian 12 and the packages,
-# from the archive $cache/NAME.tar when an earlier run has left one.
+# from what an earlier run has kept: the whole, or the minimal one.
 makeTree() {
-    archive=$cache/$1.tar
+    name=$1
     shift
-    if [ ! -e "$archive" ]; then
-        quietly debootstrap --variant=minbase bookworm "$tree"
+    if [ -e "$cache/$name.tar" ]; then
+        tar -x -f "$cache/$name.tar" -C "$tree"
         mountArchives
-        if [ $# -gt 0 ]; then
-            quietly inTree apt-get -y --no-install-recommends install "$@"
-        fi
-        # The packages that came with debootstrap are not needed again.
-        umount "$tree/var/cache/apt/archives"
-        inTree apt-get clean
-        tar -c -f "$archive.new" -C "$tree" .
-        mv "$archive.new" "$archive"
-        mountArchives
+        return
+    fi
+    if [ -e "$cache/minimal.tar" ]; then
+        tar -x -f "$cache/minimal.tar" -C "$tree"
     else
-        tar -x -f "$archive" -C "$tree"
+        quietly debootstrap --variant=minbase bookworm "$tree"
+        # The packages that came with debootstrap are not needed again.
+        inTree apt-get clean
+        keepTree minimal
+    fi
+    mountArchives
+    if [ $# -gt 0 ]; then
+        quietly inTree apt-get -y --no-install-recommends install "$@"
+        umount "$tree/var/cache/apt/archives"
+        keepTree "$name"
         mountArchives
     fi
+}
+
+keepTree() {
+    tar -c -f "$cache/$1.tar.new" -C "$tree" .
+    mv "$cache/$1.tar.new" "$cache/$1.tar"
 }
 
 # What apt loads is kept for the next run.

@@ -56,6 +56,16 @@ TEST_F(Names, AnElementInsideAnother) {
               Lines{"3:28: warning: \"Port\" inside \"I\" is not read"});
 }
 
+TEST_F(Names, TextInsideAnElement) {
+    EXPECT_EQ(inRoot("  Speed Percent=\"90\"/>\n<!-- x -->more"),
+              Lines{"2:3: warning: text inside \"ZOLTConfig\" is not read"});
+    EXPECT_EQ(entries("<!-- old -->\n<![CDATA[x]]>" + std::string(kCae) + kIo + kMon),
+              Lines{"4:10: warning: text inside \"Interfaces\" is not read"});
+    EXPECT_EQ(entries(R"(<I Name="CAE" Port="4001">4001</I>)" + std::string(kIo) + kMon),
+              Lines{"3:27: warning: text inside \"I\" is not read"});
+    EXPECT_EQ(inRoot("<!-- text --><?text text?><![CDATA[]]>"), Lines{});
+}
+
 TEST_F(Names, AnElementGivenTwice) {
     EXPECT_EQ(inRoot("<AutoDiscover Action=\"TRUE\"/>\n\n<AutoDiscover Action=\"FALSE\"/>"),
               Lines{"4:2: warning: \"AutoDiscover\" is given again (first in line 2): what both "
@@ -64,7 +74,8 @@ TEST_F(Names, AnElementGivenTwice) {
 
 TEST_F(Names, AnElementThatSetsNothing) {
     EXPECT_EQ(inRoot("<Speed>50</Speed>"),
-              Lines{"2:2: warning: \"Speed\" sets nothing: it has no Percent"});
+              (Lines{"2:2: warning: \"Speed\" sets nothing: it has no Percent",
+                     "2:8: warning: text inside \"Speed\" is not read"}));
     EXPECT_EQ(inRoot("<Debuglog/>"),
               Lines{"2:2: warning: \"Debuglog\" sets nothing: it has no File and no Loglevel"});
 }

@@ -32,6 +32,7 @@ std::string outline(const std::vector<ConfigElement>& elements) {
         for (const ConfigAttribute& attribute : element.attributes) {
             text += " " + attribute.name + "=" + attribute.value + " " + at(attribute.place);
         }
+        text += element.text ? " text " + at(*element.text) : "";
         text += element.children.empty() ? "; " : " { " + outline(element.children) + "} ";
     }
     return text;
@@ -53,7 +54,7 @@ const std::string kText =
     "<A  b=\"1\"\n"
     "    c='&lt;2'>text <!-- <X/> --> <B/>\n"
     "</A>\n";
-const std::string kOutline = "A 2:2 b=1 2:5 c=<2 3:5 { B 3:35; } ";
+const std::string kOutline = "A 2:2 b=1 2:5 c=<2 3:5 text 3:15 { B 3:35; } ";
 
 TEST_F(Document, NamesHavePlaces) {
     const ConfigDocument document = load(kText);
@@ -100,6 +101,14 @@ TEST_F(Document, FaultsHavePlaces) {
 TEST_F(Document, OnlyFourLevelsAreKept) {
     EXPECT_EQ(outline(load("<A><B><C><D><E/></D></C></B></A>").elements),
               "A 1:2 { B 1:5 { C 1:8 { D 1:11; } } } ");
+}
+
+TEST_F(Document, TextBeginsBehindBlanks) {
+    const std::string text = "<A><B/>\r\n\r\n\t x &lt; <B/> y</A>";
+    const std::string places = "A 1:2 text 3:3 { B 1:5; B 3:11; } ";
+    EXPECT_EQ(outline(load(text).elements), places);
+    EXPECT_EQ(outline(load(widened(text, 2, true)).elements), places);
+    EXPECT_EQ(outline(load("<A>\n \n<B/>\n</A>").elements), "A 1:2 { B 3:2; } ");
 }
 
 TEST_F(Document, ValuesThatHeldControlCharacters) {
