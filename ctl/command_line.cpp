@@ -22,17 +22,19 @@ struct OptionRow {
     std::optional<std::string>& (*target)(GivenSettings& given);
 };
 
+template <std::optional<std::string> GivenSettings::*member>
+std::optional<std::string>& memberTarget(GivenSettings& given) {
+    return given.*member;
+}
+
 template <Port port>
 std::optional<std::string>& portTarget(GivenSettings& given) {
     return given.ports[static_cast<std::size_t>(port)];
 }
 
-constexpr std::array kOptions{OptionRow{"--host", "ZOLT_HOST", "HOST",
-                                        "where the daemon runs, default 127.0.0.1",
-                                        [](GivenSettings& given) -> auto& {return given.host;
-}  // namespace
-}  // namespace ctl
-,
+constexpr std::array kOptions{
+    OptionRow{"--host", "ZOLT_HOST", "HOST", "where the daemon runs, default 127.0.0.1",
+              memberTarget<&GivenSettings::host>},
     OptionRow{"--cae-port", "ZOLT_CAE_PORT", "PORT", "the console's port, default 4001",
               portTarget<Port::kCae>},
     OptionRow{"--io-port", "ZOLT_IO_PORT", "PORT", "the IO port, default 4002",
@@ -41,21 +43,13 @@ constexpr std::array kOptions{OptionRow{"--host", "ZOLT_HOST", "HOST",
               portTarget<Port::kMon>},
     OptionRow{"--config", "ZOLT_CONFIG", "FILE",
               "gives ports and separators, default /etc/zolt/zoltconf.xml",
-              [](GivenSettings& given) -> auto& {return given.config;
-}
-}
-, OptionRow{"--line-end", "ZOLT_LINE_END", "END",
-            "what ends a line that is sent: auto, crlf, lf, cr or the characters themselves",
-            [](GivenSettings& given) -> auto& {return given.lineEnd;
-}
-}
-, OptionRow{"--timeout", "ZOLT_TIMEOUT", "SECONDS", "longest time of each wait, default 20",
-            [](GivenSettings& given) -> auto& {return given.timeout;
-}
-}
-,
-}
-;
+              memberTarget<&GivenSettings::config>},
+    OptionRow{"--line-end", "ZOLT_LINE_END", "END",
+              "what ends a line that is sent: auto, crlf, lf, cr or the characters themselves",
+              memberTarget<&GivenSettings::lineEnd>},
+    OptionRow{"--timeout", "ZOLT_TIMEOUT", "SECONDS", "longest time of each wait, default 20",
+              memberTarget<&GivenSettings::timeout>},
+};
 
 /// The forms of a command and what its parameters are.
 std::string formsText(const CommandRow& row) {
