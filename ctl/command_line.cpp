@@ -94,9 +94,10 @@ class Parser {
   public:
     Parser() : app_("Client of the card bus daemon zolt.", "zoltctl") {
         const auto help = std::make_shared<HelpText>();
-        help->label("Subcommands", "Commands");
         app_.formatter(help);
         app_.fallthrough();
+        // Otherwise "--json=false" would ask for it, too.
+        app_.option_defaults()->disable_flag_override();
         app_.require_subcommand(1);
         app_.set_help_flag("--help", "print this text");
         app_.set_version_flag("--version", "zoltctl " ZOLTCTL_VERSION, "print the version");
@@ -148,6 +149,7 @@ class Parser {
 
     void addCommand(const CommandRow& row) {
         Command command{app_.add_subcommand(row.name, row.purpose), {}, {}};
+        command.app->group("Commands");
         command.app->set_help_flag("--help", "print this text");
         // One by one, so that "--" in front of a word that begins with "-" works.
         for (std::size_t i = 0; i < kMostWords; ++i) {
