@@ -69,9 +69,9 @@ TEST_F(Opening, AFullQueueOfWaitingClientsIsHeld) {
     const auto first = support::TcpClient::connect(kDefaultCae);
     const auto second = support::TcpClient::connect(kDefaultCae);
     for (const std::string host : {"127.0.0.1", "twofold"}) {
-        expectOutcome(run({"--host", host, "--timeout", "0.5", "version"}), 4, "",
-                      "zoltctl: console " + host +
-                          ":4001: no banner came; another client holds the port");
+        expectOutcome(
+            run({"--host", host, "--timeout", "0.5", "version"}), 4, "",
+            "zoltctl: console " + host + ":4001: no banner came; another client holds the port");
     }
 }
 
