@@ -12,7 +12,7 @@
 namespace ctl {
 
 /// In the texts %a is the address, %e the end, %c the channel, %s the state in
-/// capitals and %v the value.
+/// capitals, %o the same in small letters and %v the value.
 struct CardConfigRow {
     const char* pattern;  ///< as in phrase.h
     const char* name;     ///< what the JSON calls it

@@ -22,17 +22,19 @@ struct OptionRow {
     std::optional<std::string>& (*target)(GivenSettings& given);
 };
 
+template <std::optional<std::string> GivenSettings::*member>
+std::optional<std::string>& memberTarget(GivenSettings& given) {
+    return given.*member;
+}
+
 template <Port port>
 std::optional<std::string>& portTarget(GivenSettings& given) {
     return given.ports[static_cast<std::size_t>(port)];
 }
 
-constexpr std::array kOptions{OptionRow{"--host", "ZOLT_HOST", "HOST",
-                                        "where the daemon runs, default 127.0.0.1",
-                                        [](GivenSettings& given) -> auto& {return given.host;
-}  // namespace
-}  // namespace ctl
-,
+constexpr std::array kOptions{
+    OptionRow{"--host", "ZOLT_HOST", "HOST", "where the daemon runs, default 127.0.0.1",
+              memberTarget<&GivenSettings::host>},
     OptionRow{"--cae-port", "ZOLT_CAE_PORT", "PORT", "the console's port, default 4001",
               portTarget<Port::kCae>},
     OptionRow{"--io-port", "ZOLT_IO_PORT", "PORT", "the IO port, default 4002",
@@ -41,21 +43,13 @@ constexpr std::array kOptions{OptionRow{"--host", "ZOLT_HOST", "HOST",
               portTarget<Port::kMon>},
     OptionRow{"--config", "ZOLT_CONFIG", "FILE",
               "gives ports and separators, default /etc/zolt/zoltconf.xml",
-              [](GivenSettings& given) -> auto& {return given.config;
-}
-}
-, OptionRow{"--line-end", "ZOLT_LINE_END", "END",
-            "what ends a line that is sent: auto, crlf, lf, cr or the characters themselves",
-            [](GivenSettings& given) -> auto& {return given.lineEnd;
-}
-}
-, OptionRow{"--timeout", "ZOLT_TIMEOUT", "SECONDS", "longest time of each wait, default 20",
-            [](GivenSettings& given) -> auto& {return given.timeout;
-}
-}
-,
-}
-;
+              memberTarget<&GivenSettings::config>},
+    OptionRow{"--line-end", "ZOLT_LINE_END", "END",
+              "what ends a line that is sent: auto, crlf, lf, cr or the characters themselves",
+              memberTarget<&GivenSettings::lineEnd>},
+    OptionRow{"--timeout", "ZOLT_TIMEOUT", "SECONDS", "longest time of each wait, default 20",
+              memberTarget<&GivenSettings::timeout>},
+};
 
 /// The forms of a command and what its parameters are.
 std::string formsText(const CommandRow& row) {
@@ -100,9 +94,10 @@ class Parser {
   public:
     Parser() : app_("Client of the card bus daemon zolt.", "zoltctl") {
         const auto help = std::make_shared<HelpText>();
-        help->label("Subcommands", "Commands");
         app_.formatter(help);
         app_.fallthrough();
+        // Otherwise "--json=false" would ask for it, too.
+        app_.option_defaults()->disable_flag_override();
         app_.require_subcommand(1);
         app_.set_help_flag("--help", "print this text");
         app_.set_version_flag("--version", "zoltctl " ZOLTCTL_VERSION, "print the version");
@@ -154,6 +149,7 @@ class Parser {
 
     void addCommand(const CommandRow& row) {
         Command command{app_.add_subcommand(row.name, row.purpose), {}, {}};
+        command.app->group("Commands");
         command.app->set_help_flag("--help", "print this text");
         // One by one, so that "--" in front of a word that begins with "-" works.
         for (std::size_t i = 0; i < kMostWords; ++i) {

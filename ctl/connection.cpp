@@ -67,6 +67,8 @@ ConnectResult connectTo(const std::vector<Address>& addresses, const Deadline& d
             return result;
         }
         result.refused = result.refused || result.error == ECONNREFUSED;
+        result.queueFull =
+            result.queueFull || (result.error == ETIMEDOUT && addresses[i].isLoopback());
     }
     result.socket = Descriptor();
     return result;

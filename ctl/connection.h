@@ -57,6 +57,9 @@ struct ConnectResult {
     int error = 0;
     /// At least one address refused: something may come to listen there.
     bool refused = false;
+    /// An address of this machine did not answer, which only a full queue of
+    /// waiting clients brings about.
+    bool queueFull = false;
 };
 
 /// Tries the addresses one after the other, so that the daemon, which serves one

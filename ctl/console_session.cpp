@@ -9,6 +9,7 @@
 #include "ctl/text.h"
 
 namespace ctl {
+
 ConsoleSession::ConsoleSession(const Endpoint& endpoint, Seconds patience, int interrupt)
     : ConsoleSession(endpoint, openPort(endpoint, patience, interrupt), patience, interrupt) {}
 

@@ -129,13 +129,10 @@ OpenPort openPort(const Endpoint& endpoint, Seconds timeout, int interrupt) {
                 return std::move(*port);
             }
             heed(plan.turnedAway(Clock::now()), endpoint);
+        } else if (result.queueFull) {
+            throw held(endpoint);
         } else if (result.refused) {
             heed(plan.refused(Clock::now()), endpoint);
-        } else if (result.error == ETIMEDOUT &&
-                   std::all_of(addresses.begin(), addresses.end(),
-                               [](const Address& address) { return address.isLoopback(); })) {
-            // On this machine only a full queue of waiting clients is so silent.
-            throw held(endpoint);
         } else {
             throw noDaemon(endpoint, result.error);
         }

@@ -1,4 +1,6 @@
 // watch, monitor.
+#include <poll.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -40,7 +42,8 @@ Names namesIfPossible(const Settings& settings, int hurry) {
     try {
         return askNames(settings, hurry);
     } catch (const Failure& failure) {
-        if (failure.status() != Status::kInterrupted) {
+        // When it was told to hurry the console is not to blame.
+        if (!waitFor(hurry, POLLIN, Deadline(Clock::now()))) {
             std::fprintf(stderr, "zoltctl: note: no card names: %s\n", failure.what());
         }
         return {};

@@ -2,6 +2,7 @@
 #include <signal.h>
 
 #include <algorithm>
+#include <atomic>
 
 #include "tests/ctl/commands_test.h"
 
@@ -136,6 +137,23 @@ TEST_F(Listening, ASignalEndsItWithAllLinesWritten) {
         EXPECT_EQ(outcome.errors, "");
         EXPECT_TRUE(output.ends_with("  3  block 0  40\n"));
     }
+}
+
+// It is the user then who ends the wait for the names, not somebody on the console.
+TEST_F(Listening, ASignalWhileNamesAreAskedNeedsNoNote) {
+    std::atomic<bool> asked = false;
+    const FakePort cae(kDefaultCae, [&](FakeConnection& client) {
+        asked = true;
+        client.keepSilent();
+    });
+    const FakePort io(kDefaultIo, showing(kIoBanner, ""));
+    ZoltctlProcess process({"watch"});
+    ASSERT_TRUE(support::waitUntil([&] { return asked.load(); }));
+    process.signal(SIGINT);
+    const auto outcome = process.waitForEnd();
+    EXPECT_EQ(outcome.end, "status 130");
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errors, "");
 }
 
 TEST_F(Listening, TheDaemonsEndIsToldBehindTheLastLine) {

@@ -2,6 +2,7 @@
 #include <signal.h>
 
 #include "tests/ctl/fake_test.h"
+#include "tests/support/tcp_client.h"
 
 namespace {
 
@@ -59,6 +60,19 @@ TEST_F(Opening, APortThatServesAnotherClientIsHeld) {
     expectOutcome(run({"--timeout", "0.3", "watch", "--no-names"}), 4, "",
                   held("IO 127.0.0.1:4002"));
     expectOutcome(run({"--timeout", "0.3", "monitor"}), 4, "", held("monitor 127.0.0.1:4003"));
+}
+
+// No further client can even connect then, whatever else the host's name stands for.
+TEST_F(Opening, AFullQueueOfWaitingClientsIsHeld) {
+    support::writeFile("/etc/hosts", "127.0.0.1 twofold\n127.0.0.2 twofold\n");
+    const FakePort cae(kDefaultCae, std::vector<FakePort::Script>{});
+    const auto first = support::TcpClient::connect(kDefaultCae);
+    const auto second = support::TcpClient::connect(kDefaultCae);
+    for (const std::string host : {"127.0.0.1", "twofold"}) {
+        expectOutcome(
+            run({"--host", host, "--timeout", "0.5", "version"}), 4, "",
+            "zoltctl: console " + host + ":4001: no banner came; another client holds the port");
+    }
 }
 
 TEST_F(Opening, ConnectionsThatAreTurnedAwayAreTriedAgain) {

@@ -81,11 +81,14 @@ TEST(CtlCommandLine, WrongUseIsOneLine) {
     EXPECT_EQ(complaint({"cards", "--force"}), "2 \"--force\" is no option" + hint);
     EXPECT_EQ(complaint({"cards", "x"}), "2 \"x\" is one argument too many");
     EXPECT_EQ(complaint({"cards", "--timeout"}).substr(0, 12), "2 --timeout:");
+    EXPECT_EQ(complaint({"cards", "--json=false"}).substr(0, 7), "2 json ");
+    EXPECT_EQ(complaint({"cards", "--all=no"}).substr(0, 6), "2 all ");
 }
 
 TEST(CtlCommandLine, HelpAndVersion) {
     EXPECT_EQ(readCommandLine({"--version"}).text, "zoltctl 1.20\n");
     const std::string help = readCommandLine({"--help"}).text;
+    EXPECT_NE(help.find("\nCommands:\n  cards "), std::string::npos) << help;
     for (const CommandRow& row : commandRows()) {
         EXPECT_NE(help.find(std::string("\n  ") + row.name + " "), std::string::npos) << row.name;
         const std::string own = readCommandLine({row.name, "--help"}).text;
