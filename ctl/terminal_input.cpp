@@ -19,6 +19,10 @@ namespace {
 
 constexpr int kHistorySize = 1000;
 
+/// What the terminal makes of a Ctrl-D that is typed before the prompt is there.
+constexpr char kTypedAheadEnd = '\0';
+constexpr char kCtrlD = '\x04';
+
 /// Empty when there is no place for it.
 std::filesystem::path historyFile() {
     const char* state = std::getenv("XDG_STATE_HOME");
@@ -129,6 +133,9 @@ class TerminalInput : public LineInput {
             const ssize_t count = ::read(STDIN_FILENO, &byte, 1);
             if (count <= 0) {
                 return count == 0 ? 0 : -1;
+            }
+            if (byte == kTypedAheadEnd) {
+                byte = kCtrlD;
             }
             const std::size_t length = std::mbrtowc(character, &byte, 1, &state);
             if (length == static_cast<std::size_t>(-1)) {

@@ -103,6 +103,7 @@ class ConsoleOnTerminal : public FakeTest {
             client.send(kConsoleBanner);
             for (auto line = client.receive(); !line.empty(); line = client.receive()) {
                 asked += line;
+                whileAsked_();
                 const auto found = kAnswers.find(line);
                 client.send(found == kAnswers.end() ? unknownCommand() : found->second);
                 if (line == "DISABLEPOLL\r\n") {
@@ -132,6 +133,8 @@ class ConsoleOnTerminal : public FakeTest {
         return "suppressions=" + file + ":print_suppressions=0";
     }
 
+    // Happens when a line has come, before it is answered.
+    std::function<void()> whileAsked_ = [] {};
     std::string end_;
     std::string screen_;
 };
@@ -218,6 +221,19 @@ TEST_F(ConsoleOnTerminal, ALineThatIsTooLongCanBeTypedAgain) {
                   terminal.type(std::string("DRVVER") + kEnter);
                   EXPECT_TRUE(terminal.shows("CIA: DRIVER VERSION 1.20\r\n"));
                   terminal.type(kCtrlD);
+              }),
+              "DRVVER\r\n")
+        << screen_;
+    EXPECT_EQ(end_, "status 0") << screen_;
+}
+
+TEST_F(ConsoleOnTerminal, AnEndTypedBeforeThePromptCounts) {
+    const Terminal* shown = nullptr;
+    whileAsked_ = [&shown] { shown->type(kCtrlD); };
+    EXPECT_EQ(talk([&shown](Terminal& terminal) {
+                  shown = &terminal;
+                  terminal.type(std::string("DRVVER") + kEnter);
+                  EXPECT_TRUE(terminal.shows("CIA: DRIVER VERSION 1.20\r\n"));
               }),
               "DRVVER\r\n")
         << screen_;
