@@ -51,8 +51,11 @@ zolt is running on a simulated card bus ($(basename "$bus")); its ports are
 Each takes one client at a time and answers some 3 seconds after its "is waiting" line below.
 END
     if [ "$bus" = "$allKinds" ]; then
+        port=''
+        [ "$caePort" = 4001 ] || port=" --cae-port $caePort"
         cat <<END
 In other terminals:
+  build/release/ctl/zoltctl$port cards    lists the cards
   $client localhost $caePort    type  REBOOT:E   and see  RBT:0xE:OK  there, the LCD card reboot here
   $client localhost $ioPort    type  a5b1dFB    and see the frame 10 05 02 FF FB here
   $client localhost $monPort    then type  press 3 6  here and see  a3b0d40  there and on IO
