@@ -7,6 +7,8 @@
 #include <deque>
 #include <exception>
 #include <mutex>
+#include <optional>
+#include <string>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -33,6 +35,13 @@ void raise(const Descriptor& event) {
 }  // namespace
 
 struct LiveOutput::Shared {
+    /// A failure's parts: an exception that two threads hold is let go of in the
+    /// standard library, where the thread sanitizer does not see its counting.
+    struct Problem {
+        Status status;
+        std::string text;
+    };
+
     Descriptor failedEvent = makeEvent();
     Descriptor hurryEvent = makeEvent();
 
@@ -44,7 +53,7 @@ struct LiveOutput::Shared {
     std::size_t written = 0;
     bool ending = false;
     bool ended = false;
-    std::exception_ptr failure;
+    std::optional<Problem> problem;
 
     /// Nothing at the end.
     std::function<std::string()> next() {
@@ -74,16 +83,18 @@ struct LiveOutput::Shared {
     }
 
     void run(const std::function<void(int)>& before) {
-        std::exception_ptr thrown;
+        std::optional<Problem> met;
         try {
             write(before);
-        } catch (...) {
-            thrown = std::current_exception();
+        } catch (const Failure& failure) {
+            met = Problem{failure.status(), failure.what()};
+        } catch (const std::exception& error) {
+            met = Problem{Status::kLocalFile, error.what()};
         }
         const std::lock_guard lock(mutex);
-        failure = thrown;
+        problem = met;
         ended = true;
-        if (failure) {
+        if (problem) {
             raise(failedEvent);
         }
         changed.notify_all();
@@ -126,8 +137,8 @@ void LiveOutput::finish(Seconds patience) {
                           "cannot write the output: nobody reads it; the last lines are lost");
         }
     }
-    if (shared_->failure) {
-        std::rethrow_exception(shared_->failure);
+    if (shared_->problem) {
+        throw Failure(shared_->problem->status, shared_->problem->text);
     }
 }
 

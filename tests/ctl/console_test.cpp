@@ -1,10 +1,12 @@
 // The console, by a pipe and on a terminal.
+#include <atomic>
 #include <filesystem>
 #include <functional>
 
 #include "tests/ctl/fake_test.h"
 #include "tests/ctl/terminal.h"
 #include "tests/support/text_escape.h"
+#include "tests/support/wait.h"
 
 namespace {
 
@@ -103,7 +105,8 @@ class ConsoleOnTerminal : public FakeTest {
             client.send(kConsoleBanner);
             for (auto line = client.receive(); !line.empty(); line = client.receive()) {
                 asked += line;
-                whileAsked_();
+                hasAsked_ = true;
+                support::waitUntil([this] { return !holdsAnswer_; });
                 const auto found = kAnswers.find(line);
                 client.send(found == kAnswers.end() ? unknownCommand() : found->second);
                 if (line == "DISABLEPOLL\r\n") {
@@ -133,8 +136,9 @@ class ConsoleOnTerminal : public FakeTest {
         return "suppressions=" + file + ":print_suppressions=0";
     }
 
-    // Happens when a line has come, before it is answered.
-    std::function<void()> whileAsked_ = [] {};
+    // Set when a line has come; its answer is held back while the other is set.
+    std::atomic<bool> hasAsked_ = false;
+    std::atomic<bool> holdsAnswer_ = false;
     std::string end_;
     std::string screen_;
 };
@@ -228,11 +232,12 @@ TEST_F(ConsoleOnTerminal, ALineThatIsTooLongCanBeTypedAgain) {
 }
 
 TEST_F(ConsoleOnTerminal, AnEndTypedBeforeThePromptCounts) {
-    const Terminal* shown = nullptr;
-    whileAsked_ = [&shown] { shown->type(kCtrlD); };
-    EXPECT_EQ(talk([&shown](Terminal& terminal) {
-                  shown = &terminal;
+    holdsAnswer_ = true;
+    EXPECT_EQ(talk([this](Terminal& terminal) {
                   terminal.type(std::string("DRVVER") + kEnter);
+                  EXPECT_TRUE(support::waitUntil([this] { return hasAsked_.load(); }));
+                  terminal.type(kCtrlD);
+                  holdsAnswer_ = false;
                   EXPECT_TRUE(terminal.shows("CIA: DRIVER VERSION 1.20\r\n"));
               }),
               "DRVVER\r\n")

@@ -36,6 +36,8 @@ waitFor test -s /run/zolt/zolt.pid || fail "the daemon did not start"
 daemon=$(cat /run/zolt/zolt.pid)
 [ "$(stat -c %U "/proc/$daemon")" = zolt ] || fail "it does not run as zolt"
 
+# The last of the three; until then a port may still be closed.
+waitFor grep -q 'MON interface listening' /var/log/zolt/zolt.log || fail "the ports did not open"
 for port in 4001:CAE 4002:IO 4003:MON; do
     exec 3<>"/dev/tcp/127.0.0.1/${port%:*}"
     read -r -t 20 welcome <&3 || fail "port ${port%:*} does not answer"
