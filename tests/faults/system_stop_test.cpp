@@ -90,7 +90,7 @@ TEST_F(SystemStop, AtEveryStageOfTheStart) {
         ++ends[support::describeWaitStatus(*end)];
     }
     // Before its handlers are there the signal simply ends it.
-    EXPECT_EQ(ends["signal 15"] + ends["status 0"], kSteps);
+    EXPECT_EQ(ends["signal 15"] + ends["status 0"], kSteps) << ::testing::PrintToString(ends);
     EXPECT_EQ(timesLogged(kStopped), ends["status 0"]);
     RecordProperty("before_the_handlers", ends["signal 15"]);
     settings_.discover = false;
