@@ -88,6 +88,10 @@ TEST_F(SystemStop, AtEveryStageOfTheStart) {
         const auto end = support::reap(daemon);
         ASSERT_TRUE(end.has_value()) << "still running, signal after " << delay.count() << " us";
         ++ends[support::describeWaitStatus(*end)];
+        // A shell that it has just forked still looks like a daemon, and is ours now.
+        ASSERT_TRUE(support::waitUntil([] {
+            return support::childrenRunning(support::DaemonProcess::defaultProgram()).empty();
+        }));
     }
     // Before its handlers are there the signal simply ends it.
     EXPECT_EQ(ends["signal 15"] + ends["status 0"], kSteps) << ::testing::PrintToString(ends);
