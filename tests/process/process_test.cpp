@@ -30,10 +30,10 @@ void ProcessTest::startAndAwaitCalm() {
     ASSERT_TRUE(logHas("[INF] MON interface listening on port 5003"));
 }
 
-bool ProcessTest::logHas(const std::string& line) const {
+bool ProcessTest::logHas(const std::string& line, int times) const {
     return support::waitUntil([&] {
         const auto lines = logLines();
-        return std::find(lines.begin(), lines.end(), line) != lines.end();
+        return std::count(lines.begin(), lines.end(), line) >= times;
     });
 }
 

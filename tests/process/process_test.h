@@ -25,8 +25,9 @@ class ProcessTest : public ::testing::Test {
     void start(std::optional<int> output = std::nullopt);
     /// As start, and waits until the interfaces have said all they say unasked.
     void startAndAwaitCalm();
-    /// Waits until the log has a line with this tag and text: "[INF] text".
-    bool logHas(const std::string& line) const;
+    /// Waits until the log has a line with this tag and text, "[INF] text", so
+    /// many times.
+    bool logHas(const std::string& line, int times = 1) const;
     /// The log without time stamps and without the lines about missing adapters,
     /// whose number depends on the time.
     std::vector<std::string> logLines() const;

@@ -93,6 +93,8 @@ class WaitingReplies : public Robustness {
     void expectRestForNextClient() {
         console_.reset();
         ASSERT_TRUE(logHas("[INF] connection is closed by client on CAE interface"));
+        // Who connects before the port is open anew is turned away.
+        ASSERT_TRUE(logHas("[INF] CAE interface listening on port 5001", 2));
         auto next = TcpClient::connect(support::kCaePort);
         const std::string got = next.receiveUntil(kConsoleBanner);
         ASSERT_TRUE(got.ends_with(kConsoleBanner)) << got;
