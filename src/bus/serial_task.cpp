@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -30,7 +28,7 @@ SERIAL_INTERFACE::~SERIAL_INTERFACE() {
 }
 
 bool SERIAL_INTERFACE::OnTask() {
-    usleep(static_cast<useconds_t>(threadDelay.load()));
+    pauseCycle(threadDelay);
     if (linkState_ == LinkState::kClosed) {
         openLink();
     }

@@ -46,7 +46,7 @@ void SOCKET_INTERFACE::End() {
 }
 
 bool SOCKET_INTERFACE::OnTask() {
-    usleep(static_cast<useconds_t>(descriptor.threadDelay.load()));
+    pauseCycle(descriptor.threadDelay);
     if (descriptor.connectionState == connection_state::kListening) {
         acceptClient();
     }

@@ -1,7 +1,9 @@
 #include "common/pauses.h"
 
+#include <sys/prctl.h>
+#include <unistd.h>
+
 #include <cerrno>
-#include <cstdint>
 #include <ctime>
 
 void sleepsec(int seconds) {
@@ -15,4 +17,19 @@ void Sleep(unsigned int n) {
     const std::uint32_t nanoseconds = static_cast<std::uint32_t>(n) * 100U;
     const timespec request{0, static_cast<long>(nanoseconds)};
     nanosleep(&request, nullptr);
+}
+
+void pauseCycle(std::int32_t microseconds) {
+    constexpr int kPunctual = 1;  // nanosecond
+    // As the process was started with: read before any thread has become
+    // punctual, since new threads inherit it.
+    static const int ordinary = prctl(PR_GET_TIMERSLACK, 0, 0, 0, 0);
+    thread_local int slack = -1;
+    const auto pause = static_cast<useconds_t>(microseconds);
+    const int wanted = pause < static_cast<useconds_t>(ordinary / 1000) ? kPunctual : ordinary;
+    if (slack != wanted) {
+        prctl(PR_SET_TIMERSLACK, wanted, 0, 0, 0);
+        slack = wanted;
+    }
+    usleep(pause);
 }

@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <atomic>
 #include <chrono>
 #include <csignal>
@@ -23,7 +21,7 @@ bool isConnected(const SOCKET_INTERFACE& interface) {
 
 void ZOLT::MasterThread() {
     while (true) {
-        usleep(static_cast<useconds_t>(config_.threadDelay));
+        pauseCycle(config_.threadDelay);
         if (stopRequested()) {
             return;
         }

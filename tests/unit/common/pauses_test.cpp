@@ -1,12 +1,15 @@
 #include "common/pauses.h"
 
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
 #include <sys/time.h>
 
 #include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -81,6 +84,36 @@ TEST(Pauses, SleepsecLastsItsWholeTimeThroughSignals) {
     sleepsec(1);
     EXPECT_GE(Clock::now() - begin, seconds(1));
     EXPECT_GT(signalsSeen, 1);
+}
+
+int timerSlack() {
+    return ::prctl(PR_GET_TIMERSLACK, 0, 0, 0, 0);
+}
+
+TEST(Pauses, AThreadIsPunctualAsLongAsItsCyclesAreShort) {
+    const int ordinary = timerSlack();
+    ASSERT_GT(ordinary, 1);
+    std::vector<int> seen;
+    std::thread worker([&seen] {
+        for (const int pause : {5000, 1, 1, 51, 0}) {
+            pauseCycle(pause);
+            seen.push_back(timerSlack());
+        }
+        // Who is started by a punctual thread is not punctual for that.
+        std::thread([&seen] {
+            pauseCycle(5000);
+            seen.push_back(timerSlack());
+        }).join();
+    });
+    worker.join();
+    EXPECT_EQ(seen, (std::vector<int>{ordinary, 1, 1, ordinary, 1, ordinary}));
+    EXPECT_EQ(timerSlack(), ordinary);
+}
+
+TEST(Pauses, ACycleLastsAtLeastItsPause) {
+    const auto begin = Clock::now();
+    pauseCycle(20'000);
+    EXPECT_GE(Clock::now() - begin, microseconds(20'000));
 }
 
 TEST(Pauses, SleepsecOfNothingReturns) {
