@@ -16,11 +16,17 @@ constexpr std::size_t kItemLimit = 4096;
 /// What is kept of the items before a banner.
 constexpr std::size_t kBeforeLimit = 65536;
 
-void checkLength(const std::string& buffer) {
-    if (buffer.size() > kItemLimit) {
+/// The item begins the buffer and takes `length` bytes at least.
+void checkLength(const std::string& buffer, std::size_t length) {
+    if (length > kItemLimit) {
         throw Failure(Status::kNotZolt,
                       "the answer is none of zolt's: a line without end, " + quote(buffer));
     }
+}
+
+/// How long the item is at least that begins in bytes with no whole end of it.
+std::size_t lengthWithoutEnd(const std::string& buffer, std::size_t endSize) {
+    return buffer.size() - std::min(buffer.size(), endSize - 1);
 }
 
 }  // namespace
@@ -28,9 +34,10 @@ void checkLength(const std::string& buffer) {
 std::optional<std::string> ItemReader::next() {
     const std::size_t at = buffer_.find(end_);
     if (at == std::string::npos) {
-        checkLength(buffer_);
+        checkLength(buffer_, lengthWithoutEnd(buffer_, end_.size()));
         return std::nullopt;
     }
+    checkLength(buffer_, at);
     std::string item = buffer_.substr(0, at);
     buffer_.erase(0, at + end_.size());
     return item;
@@ -56,9 +63,10 @@ std::optional<std::string> LineReader::next() {
             }
         }
         if (at == std::string::npos) {
-            checkLength(buffer_);
+            checkLength(buffer_, buffer_.size());
             return std::nullopt;
         }
+        checkLength(buffer_, at);
         std::string line = buffer_.substr(0, at);
         buffer_.erase(0, at + length);
         if (!line.empty()) {

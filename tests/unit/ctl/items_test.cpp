@@ -19,6 +19,10 @@ std::vector<std::string> all(Reader& reader) {
 
 using Texts = std::vector<std::string>;
 
+/// The status and the message for an item of many "x".
+const std::string kTooLong =
+    "7 the answer is none of zolt's: a line without end, \"" + std::string(60, 'x') + "...\"";
+
 }  // namespace
 
 TEST(CtlItems, EndWithTheSeparatorAndOneCarriageReturn) {
@@ -53,12 +57,34 @@ TEST(CtlItems, KeepACarriageReturnOfTheirOwn) {
 
 TEST(CtlItems, WithoutEndAreNoneOfTheDaemons) {
     ItemReader items("\r\n");
-    items.feed(std::string(4096, 'x'));
+    // The last two may be the begin of the end.
+    items.feed(std::string(4096 + 2, 'x'));
     EXPECT_EQ(items.next(), std::nullopt);
     items.feed("x");
-    EXPECT_EQ(
-        failureOf([&] { items.next(); }),
-        "7 the answer is none of zolt's: a line without end, \"" + std::string(60, 'x') + "...\"");
+    EXPECT_EQ(failureOf([&] { items.next(); }), kTooLong);
+}
+
+TEST(CtlItems, ThatAreTooLongAreSoInOnePieceAndInMany) {
+    const std::string longest = std::string(4096, 'x');
+    for (const std::size_t piece : {std::size_t{1}, std::size_t{5000}}) {
+        for (const std::string& item : {longest, longest + "x"}) {
+            ItemReader items("\r\n");
+            const std::string bytes = item + "\r\n\r";
+            Texts found;
+            const auto read = [&] {
+                for (std::size_t at = 0; at < bytes.size(); at += piece) {
+                    items.feed(bytes.substr(at, piece));
+                    for (const std::string& one : all(items)) found.push_back(one);
+                }
+            };
+            if (item == longest) {
+                read();
+                EXPECT_EQ(found, Texts{longest}) << piece;
+            } else {
+                EXPECT_EQ(failureOf(read), kTooLong) << piece;
+            }
+        }
+    }
 }
 
 TEST(CtlLines, EndWithAnyOfTheEnds) {
@@ -72,7 +98,10 @@ TEST(CtlLines, EndWithAnyOfTheEnds) {
 TEST(CtlLines, WithoutEndAreNoneOfTheDaemons) {
     LineReader lines({});
     lines.feed(std::string(4097, 'x'));
-    EXPECT_EQ(failureOf([&] { lines.next(); }).substr(0, 2), "7 ");
+    EXPECT_EQ(failureOf([&] { lines.next(); }), kTooLong);
+    LineReader ended({});
+    ended.feed(std::string(4097, 'x') + "\r");
+    EXPECT_EQ(failureOf([&] { ended.next(); }), kTooLong);
 }
 
 TEST(CtlBanner, IsFoundBehindWhatWasLeftOver) {
