@@ -41,8 +41,10 @@ void plugStranger(SoakStage& stage, Random& random) {
     const bool babbling = random.oneIn(2);
     if (stage.strangers().count() >= kMost || std::filesystem::is_symlink(name)) return;
     if (babbling) {
+        stage.diary().note("  babbling " + name);
         stage.strangers().addBabbling(name);
     } else {
+        stage.diary().note("  silent " + name);
         stage.strangers().addSilent(name);
     }
 }

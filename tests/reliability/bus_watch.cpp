@@ -1,7 +1,6 @@
 #include "tests/reliability/bus_watch.h"
 
 #include <algorithm>
-#include <functional>
 #include <stdexcept>
 #include <utility>
 
@@ -13,6 +12,7 @@ constexpr std::string_view kOutput = "10 ";
 constexpr std::string_view kPoll = "20 ";
 constexpr std::string_view kCheck = "40 ";
 constexpr std::string_view kControllerAnswer = "06 31 ";
+constexpr std::string_view kTornRequest = "note incomplete request dropped";
 
 std::string_view payloadOf(std::string_view text) {
     const auto bar = text.find("| ");
@@ -42,6 +42,7 @@ BusWatch::BusWatch(const std::string& busText, const std::string& link)
            optionsFor(link, [this](const std::string& line) { onLine(line); })) {}
 
 void BusWatch::control(const std::string& line) {
+    if (observer_) observer_(line);
     const auto answer = bus_.control(line);
     if (!answer.ok()) throw std::runtime_error("\"" + line + "\": " + answer.error);
 }
@@ -50,6 +51,10 @@ void BusWatch::unplug() {
     control("unplug");
     plugged_ = false;
     const std::lock_guard guard(lock_);
+    // The daemon sends a request only when the one before has been answered, and
+    // then until it notices that the line is dead: one. While it waits for an
+    // answer there is none but the one that the bus has seen.
+    if (lastRequestAnswered_) ++counts_.perhapsUnseen;
     loseLink();
     returned_.reset();
 }
@@ -88,11 +93,19 @@ void BusWatch::onLine(std::string_view line) {
     const std::string_view text = line.substr(std::min(line.find(' ') + 1, line.size()));
     const std::lock_guard guard(lock_);
     if (text.starts_with("host> ")) {
+        lastRequestAnswered_ = false;
         onHostFrame(payloadOf(text));
     } else if (text.starts_with("bus> ")) {
+        lastRequestAnswered_ = true;
         if (payloadOf(text).starts_with(kControllerAnswer)) found_ = true;
+    } else if (text.starts_with("raw> ")) {
+        // Whatever a fault has made of the answer, the daemon may take it for one.
+        lastRequestAnswered_ = true;
     } else if (text == "note host closed") {
+        // What the daemon has sent before, the bus reads all the same.
         loseLink();
+    } else if (text.starts_with(kTornRequest)) {
+        ++counts_.perhapsUnseen;
     }
 }
 
@@ -118,10 +131,10 @@ void BusWatch::onHostFrame(std::string_view payload) {
 }
 
 void BusWatch::loseLink() {
-    ++counts_.endings;
     // The controller's answer may have been bent on the way.
     if (found_ || inService_) ++counts_.losses;
     found_ = false;
+    lastRequestAnswered_ = false;
     inService_ = false;
 }
 

@@ -3,10 +3,12 @@
 #include <array>
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "sim/simulated_bus.h"
@@ -19,16 +21,15 @@ namespace reliability {
 inline constexpr std::chrono::seconds kPromisedReturn{5};
 
 /// A simulated card bus in this process that counts what happens on it. All
-/// functions may be called from any thread; plug and unplug from one.
+/// functions may be called from any thread; tell, control, plug and unplug from one.
 class BusWatch {
   public:
     struct Counts {
         std::size_t polls = 0;
         /// The link was found and then lost again, for whatever reason.
         std::size_t losses = 0;
-        /// The daemon's end of the line was closed or cut off, whatever it was doing
-        /// there; losses are among them.
-        std::size_t endings = 0;
+        /// Requests that the daemon may have sent and the bus has not seen.
+        std::size_t perhapsUnseen = 0;
         /// The daemon served the cards again after a loss.
         std::size_t recoveries = 0;
         /// From the adapter's return to the first request for a card; only of
@@ -41,6 +42,9 @@ class BusWatch {
 
     /// Plugged in under `link`; `busText` as in a bus file. Answers at once.
     BusWatch(const std::string& busText, const std::string& link);
+
+    /// Is told from now on which control lines are carried out.
+    void tell(std::function<void(const std::string&)> observer) { observer_ = std::move(observer); }
 
     /// Carries out a control line of the simulated bus; throws
     /// std::runtime_error when it is refused.
@@ -67,10 +71,12 @@ class BusWatch {
     std::array<std::size_t, 16> polls_{};
     std::vector<std::string> outputs_;
     bool found_ = false;
+    bool lastRequestAnswered_ = false;
     bool inService_ = false;
     bool everInService_ = false;
     std::optional<support::Clock::time_point> returned_;
 
+    std::function<void(const std::string&)> observer_;
     bool plugged_ = true;
     sim::SimulatedBus bus_;  // last: its thread calls onLine
 };

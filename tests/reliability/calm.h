@@ -12,6 +12,10 @@ namespace reliability {
 struct CalmCounts {
     Tally commands;
     Tally reports;
+    /// Of storms, and how many of them a lost link or a connection that ended
+    /// would have explained.
+    Tally stormCommands;
+    std::size_t mayBeLost = 0;
     /// Phases that were begun again because the link was lost in them: on a busy
     /// machine the daemon may get no processor for so long.
     std::size_t repeated = 0;

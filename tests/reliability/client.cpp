@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "tests/support/tcp_table.h"
+#include "tests/support/text_escape.h"
 
 namespace reliability {
 namespace {
@@ -20,8 +21,13 @@ constexpr int kSmallWindow = 2048;
 
 }  // namespace
 
+void Client::noteDown(const std::string& what) const {
+    if (observer_) observer_(what);
+}
+
 void Client::connect(bool smallWindow) {
-    close();
+    drop();
+    noteDown(smallWindow ? "connects with a small window" : "connects");
     smallWindow_ = smallWindow;
     wanted_ = true;
     begin();
@@ -73,7 +79,8 @@ void Client::read() {
         const auto count = ::recv(socket_.get(), buffer.data(), buffer.size(), 0);
         if (count < 0 && (errno == EAGAIN || errno == EINTR)) break;
         if (count <= 0) {
-            close();
+            noteDown("finds its connection ended");
+            drop();
             return;
         }
         received_.append(buffer.data(), static_cast<std::size_t>(count));
@@ -85,26 +92,40 @@ void Client::lookForGreeting() {
     if (received_.find(kGreeting) == std::string::npos) return;
     served_ = true;
     ++timesServed_;
+    noteDown("is greeted");
 }
 
 bool Client::send(std::string_view bytes) {
     if (!connected()) return false;
     const auto sent = ::send(socket_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
-    return sent == static_cast<ssize_t>(bytes.size());
+    const bool all = sent == static_cast<ssize_t>(bytes.size());
+    noteDown((all ? "sends \"" : "cannot send all of \"") + support::escapeBytes(bytes) + "\"");
+    return all;
+}
+
+void Client::stall(bool stalled) {
+    if (stalled_ != stalled) noteDown(stalled ? "stalls" : "reads on");
+    stalled_ = stalled;
 }
 
 void Client::close() {
+    if (wanted_) noteDown("leaves");
+    drop();
+}
+
+void Client::drop() {
     socket_.reset();
     wanted_ = connecting_ = served_ = stalled_ = false;
     received_.clear();
 }
 
 void Client::reset() {
+    if (wanted_) noteDown("resets its connection");
     if (socket_.valid()) {
         const linger atOnce{1, 0};
         ::setsockopt(socket_.get(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
     }
-    close();
+    drop();
 }
 
 bool Client::hasBeenRead() const {

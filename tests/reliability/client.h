@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "tests/support/unique_fd.h"
 
@@ -14,6 +16,9 @@ namespace reliability {
 class Client {
   public:
     explicit Client(std::uint16_t port) : port_(port) {}
+
+    /// Is told from now on what this client does, and when its connection ends.
+    void tell(std::function<void(const std::string&)> observer) { observer_ = std::move(observer); }
 
     /// Begins to connect; tick goes on with it for as long as the port is refused.
     /// A small window makes the daemon block early when nothing is read.
@@ -26,7 +31,7 @@ class Client {
     /// Leaves by a reset, as a client that crashed does.
     void reset();
     /// A stalled client reads nothing until it is told to go on.
-    void stall(bool stalled) { stalled_ = stalled; }
+    void stall(bool stalled);
 
     /// connect has been called, and the connection has not ended since.
     bool wanted() const { return wanted_; }
@@ -45,12 +50,15 @@ class Client {
     std::string take();
 
   private:
+    void noteDown(const std::string& what) const;
     void begin();
     void finishConnect();
+    void drop();
     void read();
     void lookForGreeting();
 
     std::uint16_t port_;
+    std::function<void(const std::string&)> observer_;
     support::UniqueFd socket_;
     bool wanted_ = false;
     bool connecting_ = false;

@@ -11,6 +11,9 @@ namespace reliability {
 class Random {
   public:
     explicit Random(std::uint64_t seed) : engine_(seed) {}
+    /// The numbers of one `part` of what follows from a seed. Neither the same
+    /// part of neighbouring seeds nor neighbouring parts share any.
+    Random(std::uint64_t seed, std::uint64_t part) : engine_(mixed(seed, part)) {}
 
     std::uint64_t number() { return engine_(); }
     /// 0 to limit - 1.
@@ -29,6 +32,12 @@ class Random {
     }
 
   private:
+    static std::mt19937_64 mixed(std::uint64_t seed, std::uint64_t part) {
+        // A seed sequence takes 32 bits of each number.
+        std::seed_seq sequence{seed, seed >> 32, part, part >> 32};
+        return std::mt19937_64(sequence);
+    }
+
     std::mt19937_64 engine_;
 };
 

@@ -5,7 +5,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
-#include <deque>
 #include <iostream>
 #include <random>
 #include <thread>
@@ -21,8 +20,6 @@ using support::Clock;
 
 constexpr std::size_t kActionsPerStorm = 80;
 constexpr std::size_t kLongestPauseMs = 250;
-// Told when something fails.
-constexpr std::size_t kRemembered = 60;
 
 class Soak {
   public:
@@ -33,10 +30,10 @@ class Soak {
         try {
             play();
         } catch (const std::exception& error) {
-            std::cout << stage_.daemon().standardError() << "FAILED in storm " << storm_ << ": "
-                      << error.what() << "\nlast actions:\n";
-            for (const auto& action : done_) std::cout << "  " << action << "\n";
-            std::cout << "seed " << seed_ << std::endl;
+            std::cout << stage_.daemon().standardError();
+            stage_.diary().write(std::cout);
+            std::cout << "FAILED in storm " << storm_ << ": " << error.what() << "\nseed " << seed_
+                      << std::endl;
             return 1;
         }
         const std::string growth = report_.growth();
@@ -68,11 +65,13 @@ class Soak {
     // Each storm and each action draws from numbers of its own, so that none
     // depends on how many another has drawn.
     void storm() {
-        Random storm(seed_ + ++storm_);
+        ++storm_;
+        stage_.diary().begin("storm " + std::to_string(storm_));
+        Random storm(seed_, 2 * storm_);
         for (std::size_t i = 0; i < kActionsPerStorm; ++i) {
             Random own(storm.number());
             const Action& action = drawAction(actions_, own);
-            remember(action.name);
+            stage_.diary().note(action.name);
             action.perform(stage_, own);
             const auto pause = std::chrono::milliseconds(storm.below(kLongestPauseMs));
             for (const auto end = Clock::now() + pause; Clock::now() < end;) {
@@ -90,18 +89,13 @@ class Soak {
     }
 
     void calm() {
-        remember("calm");
-        Random own(seed_ ^ (storm_ + 1));
+        stage_.diary().begin("calm after storm " + std::to_string(storm_));
+        Random own(seed_, 2 * storm_ + 1);
         calmDown(stage_, own, calmCounts_);
         if (const auto errors = stage_.daemon().standardError(); !errors.empty()) {
             throw Failure("the daemon printed errors");
         }
         report_.add(minutesSoFar(), stage_, calmCounts_);
-    }
-
-    void remember(const char* action) {
-        done_.emplace_back(action);
-        if (done_.size() > kRemembered) done_.pop_front();
     }
 
     const std::size_t minutes_;
@@ -112,7 +106,6 @@ class Soak {
     std::size_t storm_ = 0;
     CalmCounts calmCounts_;
     SoakReport report_;
-    std::deque<std::string> done_;
 };
 
 template <typename Number>

@@ -43,8 +43,8 @@ void SoakReport::add(double minutes, SoakStage& stage, const CalmCounts& calm) {
     memory_.push_back({minutes, static_cast<double>(last_.anonymousKib) -
                                     static_cast<double>(stage.monitorKib())});
     bus_ = stage.bus().counts();
-    repeated_ = calm.repeated;
-    Tally commands = stage.outputs();
+    calm_ = calm;
+    Tally commands = calm.stormCommands;
     commands += calm.commands;
     line_ = formatted(kLine, minutes, last_.residentKib, last_.anonymousKib, last_.descriptors,
                       last_.threads, commands.sent, commands.seen, calm.reports.sent,
@@ -73,7 +73,9 @@ std::string SoakReport::summary() const {
         "%lld s\n",
         static_cast<long long>(bus_.longestReturn.count()), bus_.measuredReturns, bus_.slowReturns,
         static_cast<long long>(kPromisedReturn.count()));
-    text += formatted("calm phases repeated because the link was lost: %zu\n", repeated_);
+    text += formatted("commands of storms: %zu, of them lost %zu and could explain %zu\n",
+                      calm_.stormCommands.sent, calm_.stormCommands.lost, calm_.mayBeLost);
+    text += formatted("calm phases repeated because the link was lost: %zu\n", calm_.repeated);
     return text;
 }
 

@@ -30,7 +30,7 @@ class SoakReport {
     Resources first_;
     Resources last_;
     BusWatch::Counts bus_;
-    std::size_t repeated_ = 0;
+    CalmCounts calm_;
     std::string line_;
 };
 

@@ -36,7 +36,15 @@ support::DaemonSettings soakSettings() {
 
 }  // namespace
 
-SoakStage::SoakStage() : Bench(soakSettings(), kTrafficBus) {}
+SoakStage::SoakStage() : Bench(soakSettings(), kTrafficBus) {
+    const auto noteAs = [this](const std::string& who) {
+        return [this, who](const std::string& what) { diary_.note("  " + who + " " + what); };
+    };
+    cae().tell(noteAs("console"));
+    io().tell(noteAs("IO"));
+    mon().tell(noteAs("MON"));
+    bus().tell(noteAs("bus:"));
+}
 
 void SoakStage::tick() {
     Bench::tick();
@@ -85,7 +93,13 @@ Tally SoakStage::outputs() const {
 }
 
 std::size_t SoakStage::explainedLosses() {
-    return bus().counts().endings + unread_;
+    return bus().counts().perhapsUnseen - unseenBefore_ + unread_;
+}
+
+void SoakStage::beginAccount() {
+    ledgers_.clear();
+    unread_ = 0;
+    unseenBefore_ = bus().counts().perhapsUnseen;
 }
 
 void SoakStage::typeOnMonitor(const std::string& text) {
@@ -98,6 +112,7 @@ std::size_t SoakStage::monitorKib() const {
 }
 
 void SoakStage::addClient(std::uint16_t port) {
+    diary_.note("  to port " + std::to_string(port));
     others_.emplace_back(port).connect();
 }
 

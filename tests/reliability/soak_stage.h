@@ -7,6 +7,7 @@
 #include <string>
 
 #include "tests/reliability/bench.h"
+#include "tests/reliability/diary.h"
 #include "tests/reliability/ledger.h"
 #include "tests/reliability/output_commands.h"
 #include "tests/reliability/strange_adapters.h"
@@ -22,6 +23,9 @@ class SoakStage : public Bench {
 
     void tick() override;
 
+    /// What clients, bus and actions do is noted there.
+    Diary& diary() { return diary_; }
+
     /// Sends so many commands whose way is accounted for, when the IO client is
     /// in a state to: everything sent before has been read, and the cards are
     /// known. Nothing otherwise.
@@ -29,11 +33,13 @@ class SoakStage : public Bench {
     /// Whether the frames at the cards are those of sendOutputs.
     void accountForOutputs(bool on) { accounting_ = on; }
     std::size_t outputsUnderWay() const;
-    /// Of all sendOutputs since the start. At most explainedLosses() may be lost:
-    /// what was under way when the link was lost, and packets that the daemon had
-    /// not read when their connection ended.
+    /// Of sendOutputs since beginAccount. At most explainedLosses() may be lost: a
+    /// frame that may have been under way when the adapter was unplugged, and
+    /// packets that the daemon had not read when their connection ended.
     Tally outputs() const;
     std::size_t explainedLosses();
+    /// Forgets the commands sent so far; one that comes yet, nobody has sent.
+    void beginAccount();
     /// A discovery that clears the cards is under way or has been disturbed:
     /// until the next calm nobody knows which commands are legal.
     bool cardsKnown() const { return cardsKnown_; }
@@ -69,11 +75,13 @@ class SoakStage : public Bench {
   private:
     void takeFrames();
 
+    Diary diary_;
     OutputCommands commands_;
     std::map<unsigned, Ledger> ledgers_;
     bool accounting_ = true;
     bool cardsKnown_ = false;
     std::size_t unread_ = 0;
+    std::size_t unseenBefore_ = 0;
     std::size_t typedOnMonitor_ = 0;
     std::list<Client> others_;
     std::string link_ = "/dev/ttyUSB0";

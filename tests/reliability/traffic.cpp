@@ -1,5 +1,6 @@
 #include "tests/reliability/traffic.h"
 
+#include <array>
 #include <cctype>
 #include <string_view>
 
@@ -13,6 +14,9 @@ constexpr std::size_t kLongestLine = 250;
 // Commands on their way to the cards at a time.
 constexpr std::size_t kCommandsUnderWay = 400;
 constexpr unsigned kAnalogueCard = 0xF;
+// Servos stand at 80 and digital outputs at FF after a discovery, whatever they
+// were set to before; other cards keep what the daemon remembers of them.
+constexpr std::array kPresetCards{0x0U, 0x5U};
 
 // The complete items at the start of `text`, which loses them.
 std::vector<std::string> takeItems(std::string& text) {
@@ -62,6 +66,15 @@ bool Traffic::Result::exact() const {
     return commands.exact() && reportsAtIo.exact() && reportsAtMon.exact() && linesAtMon.exact();
 }
 
+bool Traffic::Result::linkLossExplains(bool rediscovers) const {
+    for (const Tally* tally : {&commands, &reportsAtIo, &reportsAtMon, &linesAtMon}) {
+        if (tally->doubled > 0 || tally->outOfOrder > 0) return false;
+    }
+    const std::size_t madeUp = rediscovers ? presetFrames : 0;
+    return commands.unknown <= madeUp && reportsAtIo.unknown == 0 && reportsAtMon.unknown == 0 &&
+           linesAtMon.unknown == 0;
+}
+
 Traffic::Traffic(BusWatch& bus, Client& io, Client& mon, const Plan& plan)
     : bus_(bus),
       io_(io),
@@ -100,7 +113,12 @@ void Traffic::close() {
 }
 
 Traffic::Result Traffic::result() const {
-    return {sum(frames_), sum(atIo_), sum(atMon_), lines_.tally()};
+    Result result{sum(frames_), sum(atIo_), sum(atMon_), lines_.tally()};
+    for (const unsigned card : kPresetCards) {
+        const auto frames = frames_.find(card);
+        if (frames != frames_.end()) result.presetFrames += frames->second.tally().unknown;
+    }
+    return result;
 }
 
 bool Traffic::takeFrames() {

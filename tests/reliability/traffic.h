@@ -33,7 +33,16 @@ class Traffic {
         Tally reportsAtMon;
         Tally linesAtMon;
 
+        /// Of the commands' unknown frames, those to cards whose outputs a
+        /// discovery sets to values of its own.
+        std::size_t presetFrames = 0;
+
         bool exact() const;
+        /// Nothing is wrong that the loss of the link does not explain. It loses
+        /// what is under way; it doubles nothing, keeps the order, and makes up
+        /// only outputs that stand anew after the discovery behind it, if there
+        /// is one.
+        bool linkLossExplains(bool rediscovers) const;
     };
 
     /// By the first step the cards have been discovered, cleared before, and
