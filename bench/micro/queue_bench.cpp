@@ -1,8 +1,9 @@
-// One item through a queue, as the daemon does it: put in, asked for, taken out.
+// One item through a queue, as the daemon does it: put in and taken out.
 // The argument is the number of its bytes.
 
 #include <benchmark/benchmark.h>
 
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -17,14 +18,16 @@ ByteList itemOf(const benchmark::State& state) {
 
 /// Tries until there is an item.
 ByteList awaitItem(ZLQUEUE& queue) {
-    while (queue.IsEmpty()) std::this_thread::yield();
-    return queue.DeQueue();
+    while (true) {
+        if (std::optional<ByteList> item = queue.TakeNext()) return std::move(*item);
+        std::this_thread::yield();
+    }
 }
 
 void emptyQueue(benchmark::State& state) {
     ZLQUEUE queue;
     const AllocationCounters counters(state);
-    for (auto _ : state) benchmark::DoNotOptimize(queue.IsEmpty());
+    for (auto _ : state) benchmark::DoNotOptimize(queue.TakeNext());
 }
 
 void movedItem(benchmark::State& state) {
@@ -54,10 +57,10 @@ void betweenThreads(benchmark::State& state) {
     ByteList item = itemOf(state);
     const std::jthread echo([&there, &back](const std::stop_token& stop) {
         while (!stop.stop_requested()) {
-            if (there.IsEmpty()) {
-                std::this_thread::yield();
+            if (std::optional<ByteList> taken = there.TakeNext()) {
+                back.ToQueue(std::move(*taken));
             } else {
-                back.ToQueue(there.DeQueue());
+                std::this_thread::yield();
             }
         }
     });

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "bus/card_kinds.h"
@@ -55,10 +56,11 @@ void SERIAL_INTERFACE::openLink() {
 void SERIAL_INTERFACE::serveQueues() {
     for (ZLQUEUE& queue : commandQueues_) {
         // One frame per queue and cycle, so a busy card cannot starve the others.
-        if (queue.IsEmpty()) {
+        std::optional<ByteList> frame = queue.TakeNext();
+        if (!frame) {
             continue;
         }
-        const ByteList answer = Comm2HW(queue.DeQueue());
+        const ByteList answer = Comm2HW(std::move(*frame));
         const unsigned answerClass = GetQListError(answer);
         if (answerClass == answer_class::kTimeout) {
             loseLink();

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "client/socket_interface.h"
@@ -137,10 +138,14 @@ void SOCKET_INTERFACE::writeToClient(bool clientLost) {
         MutexGuard guard(lock_);
         // A close by command in this cycle: what is queued from now on is for
         // the next client. A client that left by itself takes one item with it.
-        if ((!clientLost && !connected()) || replyQueue.IsEmpty()) {
+        if (!clientLost && !connected()) {
             return;
         }
-        bytes = framing::toSend(mode_, replyQueue.DeQueue());
+        const std::optional<ByteList> item = replyQueue.TakeNext();
+        if (!item) {
+            return;
+        }
+        bytes = framing::toSend(mode_, *item);
     }
     for (std::size_t sent = 0; sent < bytes.size();) {
         const ssize_t count =
