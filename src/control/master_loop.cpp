@@ -21,6 +21,11 @@ bool isConnected(const SOCKET_INTERFACE& interface) {
     return interface.descriptor.connectionState == connection_state::kConnected;
 }
 
+/// Nothing for a monitor that is not there: the item need not be kept then.
+std::optional<ByteList> copyFor(const SOCKET_INTERFACE& monitor, const ByteList& item) {
+    return isConnected(monitor) ? std::optional(item) : std::nullopt;
+}
+
 }  // namespace
 
 void ZOLT::MasterThread() {
@@ -76,14 +81,15 @@ void ZOLT::forwardBusReport() {
         return;
     }
     report->insert(report->end(), config_.io.outSeparator.begin(), config_.io.outSeparator.end());
-    io_->replyQueue.ToQueue(*report);
-    if (isConnected(*mon_)) {
-        mon_->replyQueue.ToQueue(*report);
+    std::optional<ByteList> copy = copyFor(*mon_, *report);
+    io_->replyQueue.ToQueue(std::move(*report));
+    if (copy) {
+        mon_->replyQueue.ToQueue(std::move(*copy));
     }
 }
 
 void ZOLT::handleIoLine() {
-    const std::optional<ByteList> line = ioRequests_->TakeNext();
+    std::optional<ByteList> line = ioRequests_->TakeNext();
     if (!line) {
         return;
     }
@@ -94,9 +100,10 @@ void ZOLT::handleIoLine() {
         io_->CloseByCommand();
         return;
     }
-    ParseOutCommand(*line);
-    if (isConnected(*mon_)) {
-        mon_->replyQueue.ToQueue(*line);
+    std::optional<ByteList> copy = copyFor(*mon_, *line);
+    ParseOutCommand(std::move(*line));
+    if (copy) {
+        mon_->replyQueue.ToQueue(std::move(*copy));
     }
 }
 
