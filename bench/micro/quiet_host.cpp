@@ -1,5 +1,7 @@
 #include "bench/micro/quiet_host.h"
 
+#include <utility>
+
 #include "bench/micro/bench_daemon.h"
 #include "bus/card_kinds.h"
 
@@ -17,20 +19,20 @@ void QuietHost::discover() {
     }
 }
 
-void QuietHost::reply(const ByteList& item) {
-    replies.ToQueue(item);
+void QuietHost::reply(ByteList item) {
+    replies.ToQueue(std::move(item));
 }
 
-void QuietHost::request(const ByteList& frame) {
+void QuietHost::request(ByteList frame) {
     if (frame.front() == wire::kDiscovery) {
         discover();
     } else {
         cards_.at(static_cast<std::size_t>(*std::next(frame.begin())))
             .StorePIOAnswer({wire::kPioAnswer});
     }
-    requests.ToQueue(frame);
+    requests.ToQueue(std::move(frame));
 }
 
-void QuietHost::report(const ByteList& line) {
-    reports.ToQueue(line);
+void QuietHost::report(ByteList line) {
+    reports.ToQueue(std::move(line));
 }

@@ -14,13 +14,13 @@ class QuietHost final : public ConsoleHost {
     /// A card of every kind.
     QuietHost();
 
-    void reply(const ByteList& item) override;
+    void reply(ByteList item) override;
     PERIFCARD& card(std::size_t address) override { return cards_.at(address); }
     bool polling() const override { return polling_; }
     void setPolling(bool on) override { polling_ = on; }
     void setThreadDelay(std::int32_t /*microseconds*/) override {}
-    void request(const ByteList& frame) override;
-    void report(const ByteList& line) override;
+    void request(ByteList frame) override;
+    void report(ByteList line) override;
     void pause(int /*seconds*/) override {}
     void closeConnection() override {}
 

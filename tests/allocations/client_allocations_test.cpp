@@ -22,11 +22,11 @@ TEST_F(ClientAllocations, AShortReplyTakesNothing) {
     EXPECT_EQ(client.receiveUntil("\r\n\r"), "a3b0d40\r\n\r");
 }
 
-TEST_F(ClientAllocations, ALongReplyTakesItsTextTwice) {
+TEST_F(ClientAllocations, ALongReplyTakesItsTextOnce) {
     auto client = daemon_.connect(daemon_.io());
     const std::string text(200, 'x');
     reply(text);
-    EXPECT_EQ(cycle(daemon_.io()), 2U);
+    EXPECT_EQ(cycle(daemon_.io()), 1U);
     EXPECT_EQ(client.receiveUntil("\r"), text + "\r");
 }
 
