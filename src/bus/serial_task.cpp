@@ -73,7 +73,7 @@ void SERIAL_INTERFACE::serveQueues() {
 }
 
 void SERIAL_INTERFACE::loseLink() {
-    logger_.Info("comm timeout " + devicePath_);
+    logger_.Info("comm timeout ", devicePath_);
     port_.Close();
     linkState_ = LinkState::kClosed;
 }
@@ -148,6 +148,6 @@ void SERIAL_INTERFACE::WriteToQueue(const char* answer) {
 }
 
 void SERIAL_INTERFACE::mf_SIGhandler(int signal) {
-    logger_.Info("signal " + ITOA(signal) + " on serial interface");
+    logger_.Info("signal ", ITOA(signal), " on serial interface");
     port_.Close();
 }

@@ -166,13 +166,5 @@ void SOCKET_INTERFACE::park() {
 }
 
 void SOCKET_INTERFACE::mf_SIGhandler(int signal) {
-    info("signal " + ITOA(signal) + " on ", " interface");
-}
-
-void SOCKET_INTERFACE::info(const std::string& before, const std::string& after) {
-    logger_.Info(before + descriptor.name + after);
-}
-
-void SOCKET_INTERFACE::error(const std::string& before, const std::string& after) {
-    logger_.Error(before + descriptor.name + after);
+    logger_.Info("signal ", ITOA(signal), " on ", descriptor.name, " interface");
 }
