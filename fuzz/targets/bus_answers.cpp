@@ -15,9 +15,9 @@
 #include "bus/card_kinds.h"
 #include "bus/wire.h"
 #include "control/io_forms.h"
-#include "fuzz/support/fake_port.h"
 #include "fuzz/support/reports.h"
 #include "fuzz/support/target.h"
+#include "tests/support/fake_port.h"
 
 namespace {
 
@@ -37,7 +37,7 @@ constexpr std::uint8_t kSilence = 0x84;        ///< no answer to the next reques
 
 const std::string kVersionAnswer = std::string("\x05\x06") + "1.04";
 
-class AnsweringLine final : public fuzz::Line {
+class AnsweringLine final : public support::Line {
   public:
     explicit AnsweringLine(fuzz::Input& input) : input_(input) {}
 
@@ -87,7 +87,7 @@ class AnsweringLine final : public fuzz::Line {
 class Bench {
   public:
     explicit Bench(std::string_view bytes) : input_(bytes), line_(input_) {
-        link_ = fuzz::makeLink(line_, cards_.get(), &reports_);
+        link_ = support::makeLink(line_, cards_.get(), &reports_);
         for (std::size_t i = 0; i < wire::kCardRecords; ++i) {
             cards_[i].clearPerifCard();
         }

@@ -16,9 +16,9 @@
 #include <string_view>
 
 #include "bus/wire.h"
-#include "fuzz/support/fake_port.h"
 #include "fuzz/support/reports.h"
 #include "fuzz/support/target.h"
+#include "tests/support/fake_port.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ constexpr std::uint8_t kHangUp = 0xFE;   ///< the end of the file
 constexpr std::uint8_t kVersion = 0xFD;  ///< a right answer to the hardware check
 }  // namespace special
 
-class WildLine final : public fuzz::Line {
+class WildLine final : public support::Line {
   public:
     explicit WildLine(std::string_view bytes) : input_(bytes) {}
 
@@ -93,7 +93,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     WildLine line(fuzz::textOf(data, size, kMostBytes));
     std::array<PERIFCARD, wire::kCardRecords> cards;
     ZLQUEUE reports;
-    const auto link = fuzz::makeLink(line, cards.data(), &reports);
+    const auto link = support::makeLink(line, cards.data(), &reports);
     // A port that did not pass the hardware check stays under test for good.
     const auto serves = [&link] {
         return link->State() != SERIAL_INTERFACE::LinkState::kUnderTest;

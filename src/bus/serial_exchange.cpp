@@ -49,7 +49,7 @@ void SERIAL_INTERFACE::sendFrame(const ByteList& request) {
     if (port_.Write(frame.data(), 1 + count) < 0) {
         // The wait runs all the same and ends in the time-out that closes the
         // port.
-        logger_.Error("unable to  write to " + devicePath_);
+        logger_.Error("unable to  write to ", devicePath_);
     }
 }
 

@@ -66,22 +66,22 @@ std::list<std::string> SERIAL_INTERFACE::GetUSBDevices() {
 bool SERIAL_INTERFACE::SetSerialParams() {
     const int error = port_.Apply(rawSettings());
     if (error != 0) {
-        logger_.Error("error " + ITOA(error) + " from tcsetattr");
+        logger_.Error("error ", ITOA(error), " from tcsetattr");
     }
     return error == 0;
 }
 
 bool SERIAL_INTERFACE::HardwareCheck(const std::string& devicePath) {
-    logger_.Info("try to catch hardware on " + devicePath);
+    logger_.Info("try to catch hardware on ", devicePath);
     Sleep(kSettlePause);
     const ByteList answer =
         Comm2HW({wire::kHardwareCheck, wire::kHardwareCheckByte1, wire::kHardwareCheckByte2});
     switch (GetQListError(answer)) {
         case answer_class::kUsable:
-            logger_.Info("hardware found on " + devicePath + " version: " + versionIn(answer));
+            logger_.Info("hardware found on ", devicePath, " version: ", versionIn(answer));
             return true;
         case answer_class::kTimeout:
-            logger_.Info("comm timeout " + devicePath);
+            logger_.Info("comm timeout ", devicePath);
             return false;
         default:
             return false;
@@ -95,7 +95,7 @@ bool SERIAL_INTERFACE::Init() {
 
 bool SERIAL_INTERFACE::initGivenPort() {
     if (!port_.Open(devicePath_)) {
-        logger_.Error("unable to open " + devicePath_ + " for hardware communication");
+        logger_.Error("unable to open ", devicePath_, " for hardware communication");
         return false;
     }
     linkState_ = LinkState::kUnderTest;
@@ -116,7 +116,7 @@ bool SERIAL_INTERFACE::initSearchedPort() {
     for (const std::string& device : devices) {
         devicePath_ = device;
         if (!port_.Open(devicePath_)) {
-            logger_.Error("unable to  open " + devicePath_ + " for hardware communication");
+            logger_.Error("unable to  open ", devicePath_, " for hardware communication");
             continue;
         }
         linkState_ = LinkState::kUnderTest;

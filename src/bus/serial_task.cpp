@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "bus/card_kinds.h"
@@ -53,10 +54,11 @@ void SERIAL_INTERFACE::openLink() {
 void SERIAL_INTERFACE::serveQueues() {
     for (ZLQUEUE& queue : commandQueues_) {
         // One frame per queue and cycle, so a busy card cannot starve the others.
-        if (queue.IsEmpty()) {
+        std::optional<ByteList> frame = queue.TakeNext();
+        if (!frame) {
             continue;
         }
-        const ByteList answer = Comm2HW(queue.DeQueue());
+        const ByteList answer = Comm2HW(std::move(*frame));
         const unsigned answerClass = GetQListError(answer);
         if (answerClass == answer_class::kTimeout) {
             loseLink();
@@ -69,7 +71,7 @@ void SERIAL_INTERFACE::serveQueues() {
 }
 
 void SERIAL_INTERFACE::loseLink() {
-    logger_.Info("comm timeout " + devicePath_);
+    logger_.Info("comm timeout ", devicePath_);
     port_.Close();
     linkState_ = LinkState::kClosed;
 }
@@ -144,6 +146,6 @@ void SERIAL_INTERFACE::WriteToQueue(const char* answer) {
 }
 
 void SERIAL_INTERFACE::mf_SIGhandler(int signal) {
-    logger_.Info("signal " + ITOA(signal) + " on serial interface");
+    logger_.Info("signal ", ITOA(signal), " on serial interface");
     port_.Close();
 }

@@ -1,5 +1,7 @@
 #include "client/framing.h"
 
+#include <algorithm>
+
 namespace framing {
 
 ByteList received(int mode, const char* buffer) {
@@ -7,12 +9,13 @@ ByteList received(int mode, const char* buffer) {
 }
 
 std::string toSend(int mode, const ByteList& item) {
-    std::string bytes(item.begin(), item.end());
+    // What stays behind the item of a text is its end.
+    std::string bytes(item.size() + 1, '\r');
+    auto start = bytes.begin();
     if (mode == kBinary) {
-        bytes.insert(bytes.begin(), static_cast<char>(bytes.size()));
-    } else {
-        bytes.push_back('\r');
+        *start++ = static_cast<char>(item.size());
     }
+    std::copy(item.begin(), item.end(), start);
     return bytes;
 }
 

@@ -53,8 +53,14 @@ class SOCKET_INTERFACE final : public CThread {
     enum class Readable { kNo, kYes, kError };
 
     // Log lines around the interface's name.
-    void info(const std::string& before, const std::string& after);
-    void error(const std::string& before, const std::string& after);
+    template <typename... Pieces>
+    void info(const char* before, const Pieces&... after) {
+        logger_.Info(before, descriptor.name, after...);
+    }
+    template <typename... Pieces>
+    void error(const char* before, const Pieces&... after) {
+        logger_.Error(before, descriptor.name, after...);
+    }
     bool connected() const;
 
     // socket_listen.cpp: from listening to a client, and back

@@ -69,7 +69,7 @@ bool SOCKET_INTERFACE::Init() {
     }
     if (listen(listening, kBacklog) == -1) {
         close(listening);
-        error("", " interface listening error on port " + ITOA(descriptor.port));
+        error("", " interface listening error on port ", ITOA(descriptor.port));
         return false;
     }
     {
@@ -77,7 +77,7 @@ bool SOCKET_INTERFACE::Init() {
         listeningSocket_ = listening;
         descriptor.connectionState = connection_state::kListening;
     }
-    info("", " interface listening on port " + ITOA(descriptor.port));
+    info("", " interface listening on port ", ITOA(descriptor.port));
     return true;
 }
 
@@ -114,8 +114,8 @@ void SOCKET_INTERFACE::acceptClient() {
     }
     // The port as it stands in the address, not in host order: operators know
     // the log's numbers that way.
-    info("client is connected on ",
-         " interface from " + std::string(inet_ntoa(peer.sin_addr)) + ":" + ITOA(peer.sin_port));
+    info("client is connected on ", " interface from ", inet_ntoa(peer.sin_addr), ":",
+         ITOA(peer.sin_port));
     queueBanner();
     descriptor.connectionState = connection_state::kConnected;
 }

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "client/socket_interface.h"
@@ -137,10 +138,14 @@ void SOCKET_INTERFACE::writeToClient(bool clientLost) {
         MutexGuard guard(lock_);
         // A close by command in this cycle: what is queued from now on is for
         // the next client. A client that left by itself takes one item with it.
-        if ((!clientLost && !connected()) || replyQueue.IsEmpty()) {
+        if (!clientLost && !connected()) {
             return;
         }
-        bytes = framing::toSend(mode_, replyQueue.DeQueue());
+        const std::optional<ByteList> item = replyQueue.TakeNext();
+        if (!item) {
+            return;
+        }
+        bytes = framing::toSend(mode_, *item);
     }
     for (std::size_t sent = 0; sent < bytes.size();) {
         const ssize_t count =
@@ -161,13 +166,5 @@ void SOCKET_INTERFACE::park() {
 }
 
 void SOCKET_INTERFACE::mf_SIGhandler(int signal) {
-    info("signal " + ITOA(signal) + " on ", " interface");
-}
-
-void SOCKET_INTERFACE::info(const std::string& before, const std::string& after) {
-    logger_.Info(before + descriptor.name + after);
-}
-
-void SOCKET_INTERFACE::error(const std::string& before, const std::string& after) {
-    logger_.Error(before + descriptor.name + after);
+    logger_.Info("signal ", ITOA(signal), " on ", descriptor.name, " interface");
 }

@@ -13,7 +13,7 @@ class ConsoleHost {
     virtual ~ConsoleHost() = default;
 
     /// One item for the console's client.
-    virtual void reply(const ByteList& item) = 0;
+    virtual void reply(ByteList item) = 0;
     /// The record at a bus address, 0 to 15.
     virtual PERIFCARD& card(std::size_t address) = 0;
     virtual bool polling() const = 0;
@@ -21,9 +21,9 @@ class ConsoleHost {
     /// The pause per cycle of every loop, in microseconds.
     virtual void setThreadDelay(std::int32_t microseconds) = 0;
     /// A frame for the system queue of the bus.
-    virtual void request(const ByteList& frame) = 0;
+    virtual void request(ByteList frame) = 0;
     /// A report as if the bus had made it.
-    virtual void report(const ByteList& line) = 0;
+    virtual void report(ByteList line) = 0;
     /// Blocks the interpreter and all it serves.
     virtual void pause(int seconds) = 0;
     /// Ends the console's connection.

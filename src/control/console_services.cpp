@@ -1,8 +1,10 @@
+#include <utility>
+
 #include "common/pauses.h"
 #include "control/zolt.h"
 
-void ZOLT::reply(const ByteList& item) {
-    cae_->replyQueue.ToQueue(item);
+void ZOLT::reply(ByteList item) {
+    cae_->replyQueue.ToQueue(std::move(item));
 }
 
 PERIFCARD& ZOLT::card(std::size_t address) {
@@ -25,12 +27,12 @@ void ZOLT::setThreadDelay(std::int32_t microseconds) {
     }
 }
 
-void ZOLT::request(const ByteList& frame) {
-    serial_->CommandQueue(wire::kSystemQueue).ToQueue(frame);
+void ZOLT::request(ByteList frame) {
+    serial_->CommandQueue(wire::kSystemQueue).ToQueue(std::move(frame));
 }
 
-void ZOLT::report(const ByteList& line) {
-    busReports_->ToQueue(line);
+void ZOLT::report(ByteList line) {
+    busReports_->ToQueue(std::move(line));
 }
 
 void ZOLT::pause(int seconds) {

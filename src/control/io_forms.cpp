@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "bus/card_kinds.h"
 #include "bus/wire.h"
@@ -43,16 +44,16 @@ std::size_t addressOf(const std::string& command) {
 }
 
 /// 0x10, the address, the number of bytes that follow, those bytes.
-ByteList frameOf(std::size_t address, const ByteList& bytes) {
+ByteList frameOf(std::size_t address, ByteList bytes) {
     ByteList frame{wire::kOutput, static_cast<char>(address), static_cast<char>(bytes.size())};
-    frame.insert(frame.end(), bytes.begin(), bytes.end());
+    frame.splice(frame.end(), bytes);
     return frame;
 }
 
-std::optional<OutputFrame> frameForKind(const std::string& command, const ByteList& bytes,
-                                        char kind, PERIFCARD* cards) {
+std::optional<OutputFrame> frameForKind(const std::string& command, ByteList bytes, char kind,
+                                        PERIFCARD* cards) {
     const std::size_t address = addressOf(command);
-    OutputFrame frame{address, frameOf(address, bytes)};
+    OutputFrame frame{address, frameOf(address, std::move(bytes))};
     if (frame.bytes.size() > kFrameLimit || cards[address].kindCode != kind) {
         return std::nullopt;
     }
@@ -111,7 +112,7 @@ std::optional<OutputFrame> stream(const std::string& command, PERIFCARD* cards) 
     for (std::size_t i = 0; i < count; ++i) {
         bytes.push_back(byteAt(command, kStreamStart + 2 * i));
     }
-    return frameForKind(command, bytes, card_kind::kInfrared, cards);
+    return frameForKind(command, std::move(bytes), card_kind::kInfrared, cards);
 }
 
 // "aAlXX": an LCD control
@@ -163,7 +164,7 @@ std::optional<OutputFrame> lcdText(const std::string& command, PERIFCARD* cards)
     ByteList bytes{kLcdText, column, row};
     bytes.insert(bytes.end(), command.begin() + kTextStart, command.end());
     bytes.push_back('\0');
-    return frameForKind(command, bytes, card_kind::kLcd, cards);
+    return frameForKind(command, std::move(bytes), card_kind::kLcd, cards);
 }
 
 struct Form {

@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "control/io_forms.h"
 #include "control/zolt.h"
@@ -9,7 +10,7 @@ bool ZOLT::ParseOutCommand(ByteList list) {
          splitCommands(Convert_QList2String(list), config_.io.inpSeparator)) {
         try {
             if (std::optional<OutputFrame> frame = translateOutput(command, cards_.get())) {
-                serial_->CommandQueue(frame->address).ToQueue(frame->bytes);
+                serial_->CommandQueue(frame->address).ToQueue(std::move(frame->bytes));
             } else {
                 replyToConsole("COE:Illegal command -> " + command);
             }

@@ -2,6 +2,8 @@
 #include <chrono>
 #include <csignal>
 #include <initializer_list>
+#include <optional>
+#include <utility>
 
 #include "common/pauses.h"
 #include "control/zolt.h"
@@ -15,6 +17,11 @@ constexpr std::chrono::seconds kWorkerStartPause{1};
 
 bool isConnected(const SOCKET_INTERFACE& interface) {
     return interface.descriptor.connectionState == connection_state::kConnected;
+}
+
+/// Nothing for a monitor that is not there: the item need not be kept then.
+std::optional<ByteList> copyFor(const SOCKET_INTERFACE& monitor, const ByteList& item) {
+    return isConnected(monitor) ? std::optional(item) : std::nullopt;
 }
 
 }  // namespace
@@ -66,43 +73,40 @@ void ZOLT::startMissingWorkers() {
 }
 
 void ZOLT::forwardBusReport() {
-    if (busReports_->IsEmpty()) {
-        return;
-    }
-    ByteList report = busReports_->DeQueue();
+    std::optional<ByteList> report = busReports_->TakeNext();
     // A monitor watches the IO traffic: without an IO client there is none.
-    if (!isConnected(*io_)) {
+    if (!report || !isConnected(*io_)) {
         return;
     }
-    report.insert(report.end(), config_.io.outSeparator.begin(), config_.io.outSeparator.end());
-    io_->replyQueue.ToQueue(report);
-    if (isConnected(*mon_)) {
-        mon_->replyQueue.ToQueue(report);
+    report->insert(report->end(), config_.io.outSeparator.begin(), config_.io.outSeparator.end());
+    std::optional<ByteList> copy = copyFor(*mon_, *report);
+    io_->replyQueue.ToQueue(std::move(*report));
+    if (copy) {
+        mon_->replyQueue.ToQueue(std::move(*copy));
     }
 }
 
 void ZOLT::handleIoLine() {
-    if (ioRequests_->IsEmpty()) {
+    std::optional<ByteList> line = ioRequests_->TakeNext();
+    if (!line) {
         return;
     }
-    const ByteList line = ioRequests_->DeQueue();
-    if (Convert_QList2String(line) == "EXIT" + config_.io.inpSeparator) {
+    if (Convert_QList2String(*line) == "EXIT" + config_.io.inpSeparator) {
         io_->replyQueue.ToQueue(Convert_String2QList("ZOLT: Bye Bye..." + config_.io.outSeparator));
         // The whole loop stands still, so that the farewell reaches the client.
         sleepsec(1);
         io_->CloseByCommand();
         return;
     }
-    ParseOutCommand(line);
-    if (isConnected(*mon_)) {
-        mon_->replyQueue.ToQueue(line);
+    std::optional<ByteList> copy = copyFor(*mon_, *line);
+    ParseOutCommand(std::move(*line));
+    if (copy) {
+        mon_->replyQueue.ToQueue(std::move(*copy));
     }
 }
 
 void ZOLT::handleCaeLine() {
-    if (caeRequests_->IsEmpty()) {
-        return;
+    if (const std::optional<ByteList> line = caeRequests_->TakeNext()) {
+        console_->interpret(Convert_QList2String(*line));
     }
-    const ByteList line = caeRequests_->DeQueue();
-    console_->interpret(Convert_QList2String(line));
 }

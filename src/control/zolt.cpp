@@ -60,9 +60,9 @@ bool ZOLT::InitProgramData() {
         logger_.Info("zolt is stopped with error");
         return false;
     }
-    logger_.Info("Initparam Autodiscover: " + BTOA(config_.autoDiscover));
-    logger_.Info("Initparam Enablepoll: " + BTOA(config_.initialPollState));
-    logger_.Info("Initparam Speed (ThreadDelay): " + ITOA(config_.threadDelay));
+    logger_.Info("Initparam Autodiscover: ", BTOA(config_.autoDiscover));
+    logger_.Info("Initparam Enablepoll: ", BTOA(config_.initialPollState));
+    logger_.Info("Initparam Speed (ThreadDelay): ", ITOA(config_.threadDelay));
     return true;
 }
 

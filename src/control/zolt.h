@@ -50,13 +50,13 @@ class ZOLT final : private ConsoleHost {
     void handleCaeLine();
 
     // console_services.cpp: what the console's commands act on
-    void reply(const ByteList& item) override;
+    void reply(ByteList item) override;
     PERIFCARD& card(std::size_t address) override;
     bool polling() const override;
     void setPolling(bool on) override;
     void setThreadDelay(std::int32_t microseconds) override;
-    void request(const ByteList& frame) override;
-    void report(const ByteList& line) override;
+    void request(ByteList frame) override;
+    void report(ByteList line) override;
     void pause(int seconds) override;
     void closeConnection() override;
 

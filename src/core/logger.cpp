@@ -6,11 +6,15 @@
 #include <algorithm>
 #include <array>
 #include <ctime>
+#include <utility>
 
 namespace {
 
 /// The longest line, its line feed included; the text is cut to fit.
 constexpr std::size_t kLineLimit = 999;
+
+/// Of the daemon's own messages.
+constexpr int kMessageLevel = 1;
 
 std::string timeStamp(std::time_t now) {
     std::tm local{};
@@ -37,6 +41,21 @@ void LOGGER::copyLockState(const LOGGER& other) {
     if (other.lock_.HeldByCaller()) {
         lock_.Lock();
     }
+}
+
+void LOGGER::logPieces(const char* tag, std::initializer_list<std::string_view> pieces) {
+    // No file has this name.
+    if (fileName.empty()) {
+        return;
+    }
+    std::string text;
+    // A message that is not written still opens the file, see LOG.
+    if (kMessageLevel >= level) {
+        for (const std::string_view piece : pieces) {
+            text += piece;
+        }
+    }
+    LOG(tag, std::move(text), kMessageLevel);
 }
 
 void LOGGER::LOG(std::string tag, std::string text, int messageLevel) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 #include "thread/MutexClass.h"
 
@@ -23,9 +25,17 @@ class LOGGER {
     /// message below the threshold is not written, but its file stays open: one
     /// descriptor per filtered message, kept as a known cost.
     void LOG(std::string tag, std::string text, int messageLevel);
-    /// The two tags of the daemon, "INF" and "ERR", at its one level, 1.
-    void Info(const std::string& text) { LOG("INF", text, 1); }
-    void Error(const std::string& text) { LOG("ERR", text, 1); }
+    /// The two tags of the daemon, "INF" and "ERR", at its one level, 1. A message
+    /// is given in pieces, texts all of them, which are joined only when there is
+    /// a file to write it to.
+    template <typename... Pieces>
+    void Info(const Pieces&... pieces) {
+        logPieces("INF", {std::string_view(pieces)...});
+    }
+    template <typename... Pieces>
+    void Error(const Pieces&... pieces) {
+        logPieces("ERR", {std::string_view(pieces)...});
+    }
 
     /// Messages of at least this level are written: 0 and 1 write all of the
     /// daemon's, 2 and more none.
@@ -35,6 +45,7 @@ class LOGGER {
 
   private:
     void copyLockState(const LOGGER& other);
+    void logPieces(const char* tag, std::initializer_list<std::string_view> pieces);
 
     CMutexClass lock_;
 };

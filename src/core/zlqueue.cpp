@@ -13,13 +13,15 @@ bool ZLQUEUE::IsEmpty() {
 }
 
 ByteList ZLQUEUE::DeQueue() {
-    // Before the lock is taken: the lock has no count, so a nested unlock would
-    // free it. With one reader nothing can take the item in between.
-    if (IsEmpty()) {
-        return {};
-    }
+    return TakeNext().value_or(ByteList());
+}
+
+std::optional<ByteList> ZLQUEUE::TakeNext() {
     MutexGuard guard(lock_);
-    ByteList item = std::move(items_.front());
+    if (items_.empty()) {
+        return std::nullopt;
+    }
+    std::optional<ByteList> item(std::move(items_.front()));
     items_.pop_front();
     return item;
 }

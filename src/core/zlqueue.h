@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 
 #include "common/byte_list.h"
 #include "thread/MutexClass.h"
@@ -13,8 +14,10 @@ class ZLQUEUE {
     void ToQueue(ByteList item);
     bool IsEmpty();
     /// The oldest item, or an empty list when there is none. An item may itself
-    /// be empty: a reader that has to tell the two apart asks IsEmpty() first.
+    /// be empty: a reader that has to tell the two apart uses TakeNext().
     ByteList DeQueue();
+    /// The oldest item, or nothing when there is none.
+    std::optional<ByteList> TakeNext();
 
   private:
     CMutexClass lock_;

@@ -38,7 +38,7 @@ std::vector<std::string> RecordingHost::takeEvents() {
     return std::exchange(events_, {});
 }
 
-void RecordingHost::reply(const ByteList& item) {
+void RecordingHost::reply(ByteList item) {
     happened("reply " + std::string(item.begin(), item.end()));
 }
 
@@ -51,13 +51,13 @@ void RecordingHost::setThreadDelay(std::int32_t microseconds) {
     happened("delay " + std::to_string(microseconds));
 }
 
-void RecordingHost::request(const ByteList& frame) {
+void RecordingHost::request(ByteList frame) {
     happened("request " + hexText(frame));
     request_.assign(frame.begin(), frame.end());
     if (atOnce_) answerRequest();
 }
 
-void RecordingHost::report(const ByteList& line) {
+void RecordingHost::report(ByteList line) {
     happened("report " + std::string(line.begin(), line.end()));
 }
 

@@ -37,14 +37,14 @@ class RecordingHost : public ConsoleHost {
     /// Called at each event, before it takes effect.
     std::function<void(const std::string& event)> watch = [](const std::string&) {};
 
-    void reply(const ByteList& item) override;
+    void reply(ByteList item) override;
     /// Throws for an address that no card can have.
     PERIFCARD& card(std::size_t address) override { return cards_.at(address); }
     bool polling() const override { return polling_; }
     void setPolling(bool on) override;
     void setThreadDelay(std::int32_t microseconds) override;
-    void request(const ByteList& frame) override;
-    void report(const ByteList& line) override;
+    void request(ByteList frame) override;
+    void report(ByteList line) override;
     void pause(int seconds) override;
     void closeConnection() override;
 

@@ -73,6 +73,14 @@ TEST_F(Logger, TheTwoTagsAreWrittenAtLevelOne) {
     EXPECT_EQ(content(), std::string(kStamp) + " [INF] a\n" + kStamp + " [ERR] b\n");
 }
 
+TEST_F(Logger, AMessageIsJoinedOfItsPieces) {
+    const system_calls::FixedClock clock(kNow);
+    logger_.Info("signal ", std::to_string(15), " on ", "", "serial interface");
+    logger_.Error(std::string("no "), "file");
+    EXPECT_EQ(content(), std::string(kStamp) + " [INF] signal 15 on serial interface\n" + kStamp +
+                             " [ERR] no file\n");
+}
+
 TEST_F(Logger, TheTextIsTakenAsItStands) {
     const system_calls::FixedClock clock(kNow);
     logger_.LOG("%s", "100 % \xFF %n\nnext", 1);

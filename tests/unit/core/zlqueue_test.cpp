@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -52,6 +53,16 @@ TEST(MessageQueue, AnEmptyItemIsAnItem) {
     EXPECT_FALSE(queue.IsEmpty());
     EXPECT_EQ(queue.DeQueue(), ByteList{});
     EXPECT_TRUE(queue.IsEmpty());
+}
+
+TEST(MessageQueue, TheNextItemIsTakenOrThereIsNone) {
+    ZLQUEUE queue;
+    EXPECT_EQ(queue.TakeNext(), std::nullopt);
+    queue.ToQueue({});
+    queue.ToQueue(listOf("two"));
+    EXPECT_EQ(queue.TakeNext(), ByteList{});
+    EXPECT_EQ(queue.TakeNext(), listOf("two"));
+    EXPECT_EQ(queue.TakeNext(), std::nullopt);
 }
 
 TEST(MessageQueue, AnItemIsACopy) {

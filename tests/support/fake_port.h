@@ -8,7 +8,7 @@
 
 #include "bus/serial_interface.h"
 
-namespace fuzz {
+namespace support {
 
 /// The other end of the serial line.
 class Line {
@@ -21,10 +21,13 @@ class Line {
     virtual void written(std::string_view frame) = 0;
 };
 
-/// A serial link without thread, port and pauses: the test runs its cycles
-/// itself, and the port reads and writes `line`, which outlives the link. One
-/// link at a time. Whatever links this in gets stand-ins for the daemon's port,
-/// worker and pauses.
+/// What is behind every port from now on, whatever its device; it outlives the
+/// ports. Whatever links fake_port.cpp in gets a stand-in for the daemon's port.
+void plugIn(Line& line);
+
+/// A serial link on a port to `line`, which outlives it. Where its worker has no
+/// thread (hand_run_workers.h) the test runs its cycles itself. One link at a
+/// time.
 std::unique_ptr<SERIAL_INTERFACE> makeLink(Line& line, PERIFCARD* cards, ZLQUEUE* reports);
 
-}  // namespace fuzz
+}  // namespace support

@@ -1,10 +1,8 @@
-#include "fuzz/support/fake_port.h"
-
-#include "common/pauses.h"
+#include "tests/support/fake_port.h"
 
 namespace {
 
-fuzz::Line* current = nullptr;
+support::Line* current = nullptr;
 
 }  // namespace
 
@@ -30,42 +28,17 @@ ssize_t SerialPort::Write(const char* bytes, std::size_t size) {
 
 void SerialPort::Close() {}
 
-void sleepsec(int /*seconds*/) {}
+namespace support {
 
-void Sleep(unsigned int /*n*/) {}
-
-// A program that links this leads usleep here (--wrap=usleep).
-extern "C" {
-int __wrap_usleep(unsigned int microseconds);
-
-int __wrap_usleep(unsigned int /*microseconds*/) {
-    return 0;
+void plugIn(Line& line) {
+    current = &line;
 }
-}
-
-CThread::CThread() : queue_(nullptr), capacity_(0) {}
-
-CThread::~CThread() = default;
-
-bool CThread::OnTask(void* /*event*/) {
-    return true;
-}
-
-bool CThread::OnTask() {
-    return true;
-}
-
-void CThread::Stop() {}
-
-void CThread::SetThreadType(ThreadType_t /*type*/, long /*idleTime*/) {}
-
-namespace fuzz {
 
 std::unique_ptr<SERIAL_INTERFACE> makeLink(Line& line, PERIFCARD* cards, ZLQUEUE* reports) {
-    current = &line;
+    plugIn(line);
     auto link = std::make_unique<SERIAL_INTERFACE>("adapter", LOGGER(), cards, reports, true, true);
     link->threadDelay = 0;
     return link;
 }
 
-}  // namespace fuzz
+}  // namespace support

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <array>
+
+#include "bus/wire.h"
+#include "tests/support/hand_run_daemon.h"
+
+/// Sixteen digital inputs: the bus that costs most.
+std::array<char, wire::kAddresses> sixteenInputs();
+
+/// A card of every kind that takes outputs, at the addresses of the help text.
+std::array<char, wire::kAddresses> outputCards();

@@ -1,0 +1,72 @@
+// Cycles of the master loop, which runs as long as the benchmark does: each of its
+// pauses is the end of an iteration.
+
+#include <benchmark/benchmark.h>
+
+#include <optional>
+
+#include "bench/micro/allocation_counters.h"
+#include "bench/micro/bench_daemon.h"
+
+namespace {
+
+/// Cycles with what `prepare` has queued for each.
+template <typename Prepare>
+void measureCycles(benchmark::State& state, support::HandRunDaemon& daemon,
+                   const Prepare& prepare) {
+    // Ends with the last iteration: the loop's farewell is not measured.
+    std::optional<AllocationCounters> counters;
+    daemon.runMaster([&] {
+        if (counters) {
+            counters->aside(prepare);
+        } else {
+            prepare();
+            counters.emplace(state);
+        }
+        const bool goOn = state.KeepRunning();
+        if (!goOn) counters.reset();
+        return goOn;
+    });
+}
+
+void idleCycle(benchmark::State& state) {
+    support::HandRunDaemon daemon(sixteenInputs());
+    std::optional<AllocationCounters> counters;
+    daemon.runMaster([&] {
+        if (!counters) counters.emplace(state);
+        const bool goOn = state.KeepRunning();
+        if (!goOn) counters.reset();
+        return goOn;
+    });
+}
+
+void report(benchmark::State& state) {
+    support::HandRunDaemon daemon(sixteenInputs());
+    daemon.serial().globalPolling = true;
+    daemon.serial().OnTask();
+    auto client = daemon.connect(daemon.io());
+    measureCycles(state, daemon, [&daemon, &client] {
+        daemon.io().OnTask();
+        client.receive();
+        daemon.bus.inputs[3][0] ^= 1;
+        daemon.serial().OnTask();
+    });
+}
+
+void outputCommand(benchmark::State& state) {
+    support::HandRunDaemon daemon(outputCards());
+    auto client = daemon.connect(daemon.io());
+    measureCycles(state, daemon, [&daemon, &client] {
+        daemon.serial().OnTask();
+        client.send("a5b1dFB\r\n");
+        do {
+            daemon.io().OnTask();
+        } while (!client.peerHasReadAll());
+    });
+}
+
+BENCHMARK(idleCycle)->Name("master cycle: nothing to do");
+BENCHMARK(report)->Name("master cycle: a report");
+BENCHMARK(outputCommand)->Name("master cycle: an output command");
+
+}  // namespace

@@ -1,0 +1,72 @@
+#include "tests/support/hand_run_workers.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/pauses.h"
+
+namespace {
+
+std::vector<CThread*> living;
+std::function<void()> duringPause;
+
+}  // namespace
+
+// The definitions below take the place of those in the daemon's libraries: the
+// linker takes a file out of a library only for what is still missing.
+
+void sleepsec(int /*seconds*/) {}
+
+void Sleep(unsigned int /*n*/) {}
+
+extern "C" {
+int __wrap_usleep(unsigned int microseconds);
+
+int __wrap_usleep(unsigned int /*microseconds*/) {
+    if (std::function<void()> action = std::exchange(duringPause, nullptr)) {
+        action();
+        duringPause = std::move(action);
+    }
+    return 0;
+}
+}
+
+CThread::CThread() : queue_(nullptr), capacity_(0) {
+    living.push_back(this);
+}
+
+CThread::~CThread() {
+    std::erase(living, this);
+}
+
+bool CThread::OnTask(void* /*event*/) {
+    return true;
+}
+
+bool CThread::OnTask() {
+    return true;
+}
+
+bool CThread::Start() {
+    return true;
+}
+
+void CThread::Stop() {}
+
+void CThread::SetThreadType(ThreadType_t /*type*/, long /*idleTime*/) {}
+
+namespace support {
+
+const std::vector<CThread*>& workers() {
+    return living;
+}
+
+DuringPauses::DuringPauses(std::function<void()> action) {
+    duringPause = std::move(action);
+}
+
+DuringPauses::~DuringPauses() {
+    duringPause = nullptr;
+}
+
+}  // namespace support
