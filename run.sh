@@ -58,7 +58,7 @@ In other terminals:
   build/release/ctl/zoltctl$port cards    lists the cards
   $client localhost $caePort    type  REBOOT:E   and see  RBT:0xE:OK  there, the LCD card reboot here
   $client localhost $ioPort    type  a5b1dFB    and see the frame 10 05 02 FF FB here
-  $client localhost $monPort    then type  press 3 6  here and see  a3b0d40  there and on IO
+  $client localhost $monPort    with the one above still open: type  press 3 6  here and see  a3b0d40  in both
 END
     fi
     cat <<END
@@ -227,6 +227,7 @@ checkPorts
 
 cd "$root"
 tools/install-packages --build
+echo "Building; the first time it takes some minutes"
 if ! { cmake --preset release && cmake --build --preset release; } >"$build/build.log" 2>&1; then
     cat "$build/build.log" >&2
     fail "the build failed"
