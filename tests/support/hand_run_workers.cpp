@@ -19,16 +19,11 @@ void sleepsec(int /*seconds*/) {}
 
 void Sleep(unsigned int /*n*/) {}
 
-extern "C" {
-int __wrap_usleep(unsigned int microseconds);
-
-int __wrap_usleep(unsigned int /*microseconds*/) {
+void pauseCycle(std::int32_t /*microseconds*/) {
     if (std::function<void()> action = std::exchange(duringPause, nullptr)) {
         action();
         duringPause = std::move(action);
     }
-    return 0;
-}
 }
 
 CThread::CThread() : queue_(nullptr), capacity_(0) {

@@ -8,8 +8,7 @@
 namespace support {
 
 /// Whatever links hand_run_workers.cpp in gets workers without threads, whose
-/// cycles the test runs itself, and pauses that take no time. usleep has to be
-/// led here by the linker (--wrap=usleep).
+/// cycles the test runs itself, and pauses that take no time.
 
 /// The workers that live, oldest first.
 const std::vector<CThread*>& workers();
