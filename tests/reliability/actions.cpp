@@ -4,7 +4,7 @@ namespace reliability {
 
 std::vector<Action> allActions() {
     std::vector<Action> all;
-    for (const auto& actions : {clientActions(), consoleActions(), busActions(), fileActions()}) {
+    for (const auto& actions : {clientActions(), consoleActions(), busActions(), systemActions()}) {
         all.insert(all.end(), actions.begin(), actions.end());
     }
     return all;

@@ -21,7 +21,7 @@ struct Action {
 std::span<const Action> clientActions();
 std::span<const Action> consoleActions();
 std::span<const Action> busActions();
-std::span<const Action> fileActions();
+std::span<const Action> systemActions();
 
 /// More at once than storms bring, so that the daemon's heap has had its largest
 /// size before anybody looks whether it grows. All clients have been greeted.

@@ -16,6 +16,10 @@ const std::string& prepared(const std::string& busText, const support::DaemonSet
 
 Bench::Bench(const support::DaemonSettings& settings, const std::string& busText)
     : bus_(prepared(busText, settings), "/dev/ttyUSB0") {
+    start();
+}
+
+void Bench::start() {
     if (const auto end = daemon_.start(); end != "status 0") {
         throw Failure("the started process ends with " + end);
     }

@@ -42,6 +42,8 @@ class Bench {
     /// were typed before have been worked off.
     void findLink();
 
+    /// Starts a daemon after stop. Throws Failure.
+    void start();
     /// Ends the daemon; throws Failure when it does not end well or has printed
     /// anything as an error.
     void stop();

@@ -13,17 +13,6 @@ Client& anyClient(SoakStage& stage, Random& random) {
     return *random.oneOf(clients);
 }
 
-// What is typed on MON is kept for good and counted.
-void type(SoakStage& stage, const Client& client, const std::string& text) {
-    if (&client == &stage.mon()) {
-        stage.typeOnMonitor(text);
-    } else if (&client == &stage.cae()) {
-        stage.cae().send(text);
-    } else {
-        stage.io().send(text);
-    }
-}
-
 void connect(SoakStage& stage, Random& random) {
     Client& client = anyClient(stage, random);
     const bool smallWindow = random.oneIn(3);
@@ -44,17 +33,24 @@ void stall(SoakStage& stage, Random& random) {
 }
 
 void sendRubbish(SoakStage& stage, Random& random) {
-    const Client& client = anyClient(stage, random);
-    type(stage, client, random.bytes(1 + random.below(kLongestPacket)));
+    Client& client = anyClient(stage, random);
+    stage.type(client, random.bytes(1 + random.below(kLongestPacket)));
 }
 
+// Halves of commands, and whole ones in pieces, are for D: there is no card, so
+// that none gets a frame when the daemon reads them together with what comes next.
 void sendHalfLine(SoakStage& stage, Random& random) {
-    // None is a whole command for a card.
-    constexpr std::array kBeginnings{"a5b1dF", "aElPAp03",  "a9sH", "FORCEDISCOVE",
+    constexpr std::array kBeginnings{"aDb1dF", "aDlPAp03",  "aDsH", "FORCEDISCOVE",
                                      "SPEED=", "GETLASTIN", "EXIT"};
-    const Client& client = anyClient(stage, random);
+    Client& client = anyClient(stage, random);
     const std::string line = random.oneOf(kBeginnings);
-    type(stage, client, line.substr(0, 1 + random.below(line.size())));
+    stage.type(client, line.substr(0, 1 + random.below(line.size())));
+}
+
+// A line of its own each, unless the daemon reads several at once.
+void dawdle(SoakStage& stage, Random& random) {
+    Client& client = anyClient(stage, random);
+    stage.dawdle(client, "aDb0d00\r\n");
 }
 
 constexpr std::size_t kLongestFlood = 200;
@@ -84,7 +80,7 @@ void floodConsole(SoakStage& stage, Random& random) {
 void floodMonitor(SoakStage& stage, Random& random) {
     const std::string text = random.bytes(100);
     const std::size_t packets = 1 + random.below(5);
-    for (std::size_t i = 0; i < packets; ++i) stage.typeOnMonitor(text);
+    for (std::size_t i = 0; i < packets; ++i) stage.type(stage.mon(), text);
 }
 
 void secondClient(SoakStage& stage, Random& random) {
@@ -113,6 +109,7 @@ constexpr Action kActions[] = {
     {"stall", 3, stall},
     {"rubbish", 6, sendRubbish},
     {"half a line", 4, sendHalfLine},
+    {"a byte a second", 2, dawdle},
     {"flood IO", 2, floodIo},
     {"flood IO with empty frames", 1, floodIoWithEmptyFrames},
     {"flood the console", 2, floodConsole},

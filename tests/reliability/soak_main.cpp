@@ -20,6 +20,11 @@ using support::Clock;
 
 constexpr std::size_t kActionsPerStorm = 80;
 constexpr std::size_t kLongestPauseMs = 250;
+// SIGTERM comes in so many storms, each of which takes half a minute with its calm.
+constexpr std::size_t kMinutesPerRestart = 10;
+constexpr double kMinutesOfRestart = 0.5;
+
+enum class Restart { kNo, kYes };
 
 class Soak {
   public:
@@ -52,23 +57,48 @@ class Soak {
         stage_.ask("SPEED=1", "CIA: SPEED IS SET to 1%");
         floodAtMost(stage_);
         calm();
-        for (std::size_t minute = 1; minutesSoFar() < static_cast<double>(minutes_);) {
+        const std::size_t restarts = 1 + minutes_ / kMinutesPerRestart;
+        const double end =
+            static_cast<double>(minutes_) - kMinutesOfRestart * static_cast<double>(restarts);
+        for (std::size_t minute = 1; minutesSoFar() < end;) {
             storm();
             calm();
             if (minutesSoFar() < static_cast<double>(minute)) continue;
             std::cout << report_.line() << std::flush;
             minute = static_cast<std::size_t>(minutesSoFar()) + 1;
         }
+        // Last, since memory is judged over the long life of one daemon.
+        report_.daemonChanged();
+        for (std::size_t i = 0; i < restarts; ++i) {
+            storm(Restart::kYes);
+            calm();
+        }
+        std::cout << report_.line() << std::flush;
+        stopLogged();
+    }
+
+    // After all that has happened to the log and its disk.
+    void stopLogged() {
+        const std::string line = "[INF] zolt is stopped by SIGTERM or SIGINT";
+        const std::size_t before = stage_.disk().linesWith(line);
         stage_.stop();
+        if (stage_.disk().linesWith(line) != before + 1) {
+            throw Failure("the log does not tell of the daemon's end");
+        }
     }
 
     // Each storm and each action draws from numbers of its own, so that none
     // depends on how many another has drawn.
-    void storm() {
+    void storm(Restart restart = Restart::kNo) {
         ++storm_;
         stage_.diary().begin("storm " + std::to_string(storm_));
         Random storm(seed_, 2 * storm_);
+        const std::size_t restartAt = storm.below(kActionsPerStorm);
         for (std::size_t i = 0; i < kActionsPerStorm; ++i) {
+            if (restart == Restart::kYes && i == restartAt) {
+                stage_.diary().note("SIGTERM and another daemon");
+                stage_.restart();
+            }
             Random own(storm.number());
             const Action& action = drawAction(actions_, own);
             stage_.diary().note(action.name);

@@ -40,8 +40,10 @@ std::string SoakReport::header() {
 void SoakReport::add(double minutes, SoakStage& stage, const CalmCounts& calm) {
     last_ = resourcesAtRest(stage.daemon().number());
     if (memory_.empty()) first_ = last_;
-    memory_.push_back({minutes, static_cast<double>(last_.anonymousKib) -
-                                    static_cast<double>(stage.monitorKib())});
+    if (memoryJudged_) {
+        memory_.push_back({minutes, static_cast<double>(last_.anonymousKib) -
+                                        static_cast<double>(stage.monitorKib())});
+    }
     bus_ = stage.bus().counts();
     calm_ = calm;
     Tally commands = calm.stormCommands;

@@ -18,6 +18,8 @@ class SoakReport {
 
     /// Adds what a calm phase has found, `minutes` after the start.
     void add(double minutes, SoakStage& stage, const CalmCounts& calm);
+    /// From now on it is another daemon, whose memory is not judged.
+    void daemonChanged() { memoryJudged_ = false; }
     /// The table's line about the last one added.
     std::string line() const { return line_; }
     /// What has grown, over lines; empty when nothing has.
@@ -27,6 +29,7 @@ class SoakReport {
 
   private:
     std::vector<TrendPoint> memory_;
+    bool memoryJudged_ = true;
     Resources first_;
     Resources last_;
     BusWatch::Counts bus_;

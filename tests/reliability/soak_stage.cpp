@@ -1,6 +1,5 @@
 #include "tests/reliability/soak_stage.h"
 
-#include <filesystem>
 #include <thread>
 
 #include "tests/reliability/traffic.h"
@@ -9,26 +8,16 @@
 namespace reliability {
 namespace {
 
-namespace fs = std::filesystem;
-
 // What is typed on MON is kept for good, a list node of 32 bytes for each byte.
 constexpr std::size_t kMonitorBudget = 16 * 1024;
 constexpr std::size_t kBytesPerByte = 32;
 constexpr std::chrono::seconds kReadPatience{5};
-
-fs::path logFolder() {
-    return support::workFolder() / "log";
-}
-
-fs::path awayFolder() {
-    return support::workFolder() / "log.away";
-}
+constexpr std::chrono::seconds kDawdlersPause{1};
 
 support::DaemonSettings soakSettings() {
     support::enterTestBed();
-    fs::create_directory(logFolder());
     support::DaemonSettings settings;
-    settings.logFile = logFolder() / "zolt.log";
+    settings.logFile = LogDisk::logFile();
     settings.polling = true;
     settings.discover = true;
     return settings;
@@ -50,6 +39,9 @@ void SoakStage::tick() {
     Bench::tick();
     for (Client& client : others_) client.tick();
     strangers_.tick();
+    sendSlowly();
+    // A return under way has been held up.
+    if (descriptors_.tick()) bus().dropMeasurement();
     if (accounting_) takeFrames();
 }
 
@@ -77,7 +69,7 @@ void SoakStage::sendOutputs(std::size_t count) {
     // A connection that has ended also has nothing left to be read.
     tick();
     read = read && io().connected() && io().hasBeenRead();
-    if (!read) unread_ += count;
+    if (!read) excused_ += count;
 }
 
 std::size_t SoakStage::outputsUnderWay() const {
@@ -93,18 +85,32 @@ Tally SoakStage::outputs() const {
 }
 
 std::size_t SoakStage::explainedLosses() {
-    return bus().counts().perhapsUnseen - unseenBefore_ + unread_;
+    return bus().counts().perhapsUnseen - unseenBefore_ + excused_;
 }
 
 void SoakStage::beginAccount() {
     ledgers_.clear();
-    unread_ = 0;
+    excused_ = 0;
     unseenBefore_ = bus().counts().perhapsUnseen;
 }
 
-void SoakStage::typeOnMonitor(const std::string& text) {
-    if (typedOnMonitor_ + text.size() > kMonitorBudget || !mon().send(text)) return;
-    typedOnMonitor_ += text.size();
+void SoakStage::type(Client& client, const std::string& text) {
+    if (&client != &mon()) {
+        client.send(text);
+    } else if (typedOnMonitor_ + text.size() <= kMonitorBudget && client.send(text)) {
+        typedOnMonitor_ += text.size();
+    }
+}
+
+void SoakStage::dawdle(Client& client, const std::string& text) {
+    if (dawdler_.rest.empty()) dawdler_ = {&client, text, support::Clock::now()};
+}
+
+void SoakStage::sendSlowly() {
+    if (dawdler_.rest.empty() || support::Clock::now() < dawdler_.due) return;
+    type(*dawdler_.client, dawdler_.rest.substr(0, 1));
+    dawdler_.rest.erase(0, 1);
+    dawdler_.due += kDawdlersPause;
 }
 
 std::size_t SoakStage::monitorKib() const {
@@ -132,26 +138,35 @@ void SoakStage::spoil(const std::string& fault) {
     bus().control("fault " + fault);
 }
 
-void SoakStage::rotateLog() const {
-    std::error_code none;
-    fs::rename(logFolder() / "zolt.log", logFolder() / "zolt.log.1", none);
+void SoakStage::limitDescriptors(std::size_t limit, std::chrono::milliseconds duration) {
+    diary_.note("  to " + std::to_string(limit) + " for " + std::to_string(duration.count()) +
+                " ms");
+    bus().dropMeasurement();
+    descriptors_.set(daemon().number(), limit, duration);
 }
 
-void SoakStage::moveLogFolder(bool away) const {
-    std::error_code already;
-    if (away) {
-        fs::rename(logFolder(), awayFolder(), already);
-    } else {
-        fs::rename(awayFolder(), logFolder(), already);
-    }
+void SoakStage::restart() {
+    descriptors_.lift();
+    dawdler_ = {};
+    stop();
+    takeFrames();
+    excused_ += outputsUnderWay();
+    cardsKnown_ = false;
+    typedOnMonitor_ = 0;
+    bus().dropMeasurement();
+    start();
 }
 
 void SoakStage::endStorm() {
     bus().control("faults clear");
+    // Ahead of the return that is measured.
+    if (descriptors_.lift()) bus().dropMeasurement();
     plugIn();
     strangers_.clear();
     removeOtherClients();
-    moveLogFolder(false);
+    dawdler_ = {};
+    disk_.free();
+    disk_.moveLogFolder(false);
     for (Client* client : {&cae(), &io(), &mon()}) client->stall(false);
 }
 

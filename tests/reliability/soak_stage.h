@@ -7,8 +7,10 @@
 #include <string>
 
 #include "tests/reliability/bench.h"
+#include "tests/reliability/descriptor_limit.h"
 #include "tests/reliability/diary.h"
 #include "tests/reliability/ledger.h"
+#include "tests/reliability/log_disk.h"
 #include "tests/reliability/output_commands.h"
 #include "tests/reliability/strange_adapters.h"
 
@@ -34,8 +36,9 @@ class SoakStage : public Bench {
     void accountForOutputs(bool on) { accounting_ = on; }
     std::size_t outputsUnderWay() const;
     /// Of sendOutputs since beginAccount. At most explainedLosses() may be lost: a
-    /// frame that may have been under way when the adapter was unplugged, and
-    /// packets that the daemon had not read when their connection ended.
+    /// frame that may have been under way when the adapter was unplugged, packets
+    /// that the daemon had not read when their connection ended, and what had not
+    /// come when the daemon was ended.
     Tally outputs() const;
     std::size_t explainedLosses();
     /// Forgets the commands sent so far; one that comes yet, nobody has sent.
@@ -45,12 +48,15 @@ class SoakStage : public Bench {
     bool cardsKnown() const { return cardsKnown_; }
     void setCardsKnown(bool known) { cardsKnown_ = known; }
 
-    /// Types on the monitor, as long as what is typed there, and kept for good,
-    /// stays within bounds.
-    void typeOnMonitor(const std::string& text);
+    /// Sends on one of the three clients; on the monitor, as long as what is typed there, and kept
+    /// for good, stays within bounds.
+    void type(Client& client, const std::string& text);
     std::size_t typedOnMonitor() const { return typedOnMonitor_; }
     /// What the daemon holds for it, at least.
     std::size_t monitorKib() const;
+
+    /// Has this client send a byte each second, unless one is at it already.
+    void dawdle(Client& client, const std::string& text);
 
     /// A further client, beside the one that the port has.
     void addClient(std::uint16_t port);
@@ -65,27 +71,42 @@ class SoakStage : public Bench {
     void spoil(const std::string& fault);
     StrangeAdapters& strangers() { return strangers_; }
 
-    void rotateLog() const;
-    void moveLogFolder(bool away) const;
+    LogDisk& disk() { return disk_; }
+    /// Ends by itself. A return of the adapter meanwhile is not measured.
+    void limitDescriptors(std::size_t limit, std::chrono::milliseconds duration);
 
-    /// Takes everything bad away: faults, strange adapters, clients too many,
-    /// stalls; the adapter is plugged in and the log folder in its place.
+    /// SIGTERM, and another daemon. What waits in the queues goes with the first.
+    void restart();
+
+    /// Takes everything bad away: faults, strange adapters, clients too many or
+    /// slow, stalls, shortages; the adapter is plugged in and the log folder in
+    /// its place.
     void endStorm();
 
   private:
+    struct Dawdler {
+        Client* client = nullptr;
+        std::string rest;
+        support::Clock::time_point due;
+    };
+
     void takeFrames();
+    void sendSlowly();
 
     Diary diary_;
     OutputCommands commands_;
     std::map<unsigned, Ledger> ledgers_;
     bool accounting_ = true;
     bool cardsKnown_ = false;
-    std::size_t unread_ = 0;
+    std::size_t excused_ = 0;
     std::size_t unseenBefore_ = 0;
     std::size_t typedOnMonitor_ = 0;
     std::list<Client> others_;
     std::string link_ = "/dev/ttyUSB0";
     StrangeAdapters strangers_;
+    Dawdler dawdler_;
+    LogDisk disk_;
+    DescriptorLimit descriptors_;
 };
 
 }  // namespace reliability
