@@ -26,6 +26,7 @@ fail() {
 
 # ---- inside the private views --------------------------------------------------
 
+# zoltctl outside gets a copy: by itself it would read the machine's own.
 writeConfiguration() {
     cat >/etc/zolt/zoltconf.xml <<END
 <?xml version="1.0"?>
@@ -41,6 +42,7 @@ writeConfiguration() {
   </Interfaces>
 </ZOLTConfig>
 END
+    cp /etc/zolt/zoltconf.xml "$copy"
 }
 
 explain() {
@@ -51,11 +53,9 @@ zolt is running on a simulated card bus ($(basename "$bus")); its ports are
 Each takes one client at a time and answers some 3 seconds after its "is waiting" line below.
 END
     if [ "$bus" = "$allKinds" ]; then
-        port=''
-        [ "$caePort" = 4001 ] || port=" --cae-port $caePort"
         cat <<END
 In other terminals:
-  build/release/ctl/zoltctl$port cards    lists the cards
+  build/release/ctl/zoltctl --config build/release/zoltconf.xml cards    lists the cards
   $client localhost $caePort    type  REBOOT:E   and see  RBT:0xE:OK  there, the LCD card reboot here
   $client localhost $ioPort    type  a5b1dFB    and see the frame 10 05 02 FF FB here
   $client localhost $monPort    with the one above still open: type  press 3 6  here and see  a3b0d40  in both
@@ -84,6 +84,7 @@ simulatorHasDecided() { adapterIsThere || isGone "$simulator"; }
 
 stopAll() {
     trap '' INT TERM HUP
+    rm -f "$copy"
     # A stop may come while zolt is still on its way into the background.
     if [ -n "$started" ] && [ -z "$daemon" ] && waitFor test -s "$pidFile"; then
         daemon=$(cat "$pidFile")
@@ -195,6 +196,7 @@ done
 
 root=$(cd "$(dirname "$0")" && pwd)
 build=$root/build/release
+copy=$build/zoltconf.xml
 allKinds=$root/sim/buses/all-kinds.bus
 bus=${bus:-$allKinds}
 caePort=${ports%%,*}

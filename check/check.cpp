@@ -79,9 +79,11 @@ void checkTree(const std::vector<ConfigElement>& elements, Findings& findings) {
         }
     }
     if (root == nullptr) {
+        const std::string& name = elements.front().name;
+        const std::string hint = didYouMean(name, {schema::kRoot});
         findings.warning(elements.front().place,
-                         "the root element is " + inQuotes(elements.front().name) + ", not " +
-                             inQuotes(schema::kRoot) +
+                         "the root element is " + inQuotes(name) +
+                             (hint.empty() ? ", not " + inQuotes(schema::kRoot) : hint) +
                              ": nothing is read, and all defaults stand: no log, and interfaces "
                              "that welcome nobody on ports that the system picks");
         return;

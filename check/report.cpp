@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "check/port.h"
 #include "check/wording.h"
@@ -21,8 +22,14 @@ const char* nameOf(Severity severity) {
 }
 
 std::string pace(std::int32_t delay) {
-    return std::to_string(delay) + " microseconds per cycle (" +
-           std::to_string(percentOfDelay(delay)) + " %)";
+    const std::optional<long> percent = percentOfDelay(delay);
+    return pauseText(delay) + " per cycle" +
+           (percent ? " (" + std::to_string(*percent) + " %)" : "");
+}
+
+Json percentJson(std::int32_t delay) {
+    const std::optional<long> percent = percentOfDelay(delay);
+    return percent ? Json(*percent) : Json(nullptr);
 }
 
 std::string settingLine(std::string label, const std::string& value) {
@@ -82,8 +89,8 @@ Json interfaceJson(const INTERFACE_DESCRIPTOR& interface) {
     json["listensOn"] = port == 0 ? Json(nullptr) : Json(port);
     json["inpSeparator"] = interface.inpSeparator;
     json["outSeparator"] = interface.outSeparator;
-    json["pause"] = interface.threadDelay.load();
-    json["percent"] = percentOfDelay(interface.threadDelay);
+    json["pause"] = pauseOf(interface.threadDelay);
+    json["percent"] = percentJson(interface.threadDelay);
     return json;
 }
 
@@ -91,8 +98,8 @@ Json settingsJson(const CONFIG_DESCRIPTOR& config) {
     Json json;
     json["logFile"] = config.debugLogFile;
     json["logLevel"] = config.logLevel;
-    json["pause"] = config.threadDelay;
-    json["percent"] = percentOfDelay(config.threadDelay);
+    json["pause"] = pauseOf(config.threadDelay);
+    json["percent"] = percentJson(config.threadDelay);
     json["polling"] = config.initialPollState;
     json["discovery"] = config.autoDiscover;
     for (const config_schema::Target& row : config_schema::targets()) {

@@ -43,17 +43,12 @@ void checkPercent(const ConfigAttribute& attribute, const CONFIG_DESCRIPTOR& con
                   Findings& findings) {
     const long percent = ATOL(attribute.value);
     const std::string subject = asCounted(attribute.name, attribute.value, percent);
+    const std::string pause = pauseText(config.threadDelay);
     if (percent < 1) {
-        findings.warning(attribute.place, subject + " is below 1: each pause lasts " +
-                                              std::to_string(config.threadDelay) +
-                                              " microseconds, longer than at 1");
+        findings.warning(attribute.place,
+                         subject + " is below 1: each pause lasts " + pause + ", longer than at 1");
     } else if (percent > 100) {
-        // What the pause makes of a negative number.
-        constexpr std::uint32_t kMicrosecondsPerMinute = 60'000'000;
-        const auto pause = static_cast<std::uint32_t>(config.threadDelay);
-        findings.warning(attribute.place, subject + " is above 100: each pause lasts " +
-                                              std::to_string(pause / kMicrosecondsPerMinute) +
-                                              " minutes");
+        findings.warning(attribute.place, subject + " is above 100: each pause lasts " + pause);
     } else {
         checkNumber(attribute, percent, findings);
     }

@@ -1,8 +1,10 @@
 #include "check/wording.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cmath>
+#include <limits>
 
 #include "core/speed.h"
 
@@ -100,8 +102,24 @@ std::string asCounted(const std::string& label, const std::string& typed, long n
     return label + " " + inQuotes(typed) + " (counts as " + std::to_string(number) + ")";
 }
 
-long percentOfDelay(std::int32_t delay) {
+std::optional<long> percentOfDelay(std::int32_t delay) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (delay == Limits::min() || delay == Limits::max()) {
+        return std::nullopt;
+    }
     return std::lround((500000.0 - 99.0 * delay) / 4999.0);
+}
+
+std::uint32_t pauseOf(std::int32_t delay) {
+    return static_cast<std::uint32_t>(delay);
+}
+
+std::string pauseText(std::int32_t delay) {
+    constexpr std::uint32_t kMicrosecondsPerMinute = 60'000'000;
+    const std::uint32_t pause = pauseOf(delay);
+    return pause < 2 * kMicrosecondsPerMinute
+               ? std::to_string(pause) + " microseconds"
+               : std::to_string(pause / kMicrosecondsPerMinute) + " minutes";
 }
 
 std::string inLine(ConfigPlace place) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,8 +26,15 @@ std::string asCounted(const std::string& label, const std::string& typed, long n
 /// the same.
 std::string whyCounted(const std::string& typed, long number);
 
-/// The speed in percent that a pause belongs to, rounded.
-long percentOfDelay(std::int32_t delay);
+/// The speed in percent that a pause belongs to, rounded; nothing for the pauses
+/// at the limits of 32 bits, which many speeds have.
+std::optional<long> percentOfDelay(std::int32_t delay);
+
+/// The microseconds that the daemon sleeps for a pause: its sleep has no sign.
+std::uint32_t pauseOf(std::int32_t delay);
+
+/// The same as "2525 microseconds" or "71 minutes".
+std::string pauseText(std::int32_t delay);
 
 /// "line 7".
 std::string inLine(ConfigPlace place);

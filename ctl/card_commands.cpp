@@ -31,7 +31,7 @@ void printCards(const Settings& settings, const std::vector<CardEntry>& cards, b
     if (lines.empty()) {
         lines.emplace_back("no cards");
     }
-    writeResult(settings.json, joined(lines), json);
+    writeResult(settings, joined(lines), json);
 }
 
 std::vector<CardEntry> askCards(const Settings& settings, const std::string& command) {
@@ -52,7 +52,7 @@ void showPolling(const Settings& settings, ConsoleSession& console) {
         cards.push_back({{"address", address}, {"polling", card.polling}});
         lines.push_back(address + "  " + stateText(card.polling));
     }
-    writeResult(settings.json, joined(lines), {{"global", states.global}, {"cards", cards}});
+    writeResult(settings, joined(lines), {{"global", states.global}, {"cards", cards}});
 }
 
 void switchGlobalPolling(const Settings& settings, ConsoleSession& console, bool on) {
@@ -61,7 +61,21 @@ void switchGlobalPolling(const Settings& settings, ConsoleSession& console, bool
     if (onlyLine(reply, command, "CIA: GLOBAL POLLING IS ") != (on ? "ENABLED" : "DISABLED")) {
         throw foreignReply(reply, command);
     }
-    writeResult(settings.json, "global polling is " + stateText(on), {{"global", on}});
+    writeResult(settings, "global polling is " + stateText(on), {{"global", on}});
+}
+
+/// So that a refusal does not come when some are switched already.
+void expectInputCards(ConsoleSession& console, const std::string& addresses) {
+    std::string inputs;
+    for (const PollEntry& card : parsePollStates(console.ask("POLLSTATE"), "POLLSTATE").cards) {
+        inputs += card.address;
+    }
+    const std::size_t other = addresses.find_first_not_of(inputs);
+    if (other != std::string::npos) {
+        throw Failure(Status::kRefused,
+                      std::string("card ") + addresses[other] +
+                          " is no input card; the polling of none has been switched");
+    }
 }
 
 void switchCardPolling(ConsoleSession& console, bool on, const std::string& address) {
@@ -99,6 +113,9 @@ void poll(const Settings& settings, const Request& request) {
         switchGlobalPolling(settings, console, *fields.on);
         return;
     }
+    if (fields.addresses.size() > 1) {
+        expectInputCards(console, fields.addresses);
+    }
     Json json = Json::array();
     std::string text;
     for (const char digit : fields.addresses) {
@@ -108,7 +125,7 @@ void poll(const Settings& settings, const Request& request) {
         text += (text.empty() ? "card " : "\ncard ") + address + ": polling is " +
                 stateText(*fields.on);
     }
-    writeResult(settings.json, text, json);
+    writeResult(settings, text, json);
 }
 
 }  // namespace ctl

@@ -120,8 +120,7 @@ class Parser {
     Invocation parse(const std::vector<std::string>& arguments) {
         Invocation invocation;
         try {
-            // The parser takes them from the back.
-            app_.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+            app_.parse(prepared(arguments));
         } catch (const CLI::CallForHelp&) {
             invocation.text = app_.help();
             return invocation;
@@ -165,6 +164,33 @@ class Parser {
             command.options.push_back(added);
         }
         commands_.push_back(command);
+    }
+
+    /// From the back, as the parser takes them. To it an empty value behind "=" is
+    /// none, and the next argument becomes the value; as an argument of its own it
+    /// is one.
+    std::vector<std::string> prepared(const std::vector<std::string>& arguments) const {
+        std::vector<std::string> words;
+        const auto end = std::find(arguments.begin(), arguments.end(), "--");
+        for (auto word = arguments.begin(); word != arguments.end(); ++word) {
+            const bool empty = word < end && word->size() > 1 && word->back() == '=' &&
+                               takesValue(word->substr(0, word->size() - 1));
+            words.push_back(empty ? word->substr(0, word->size() - 1) : *word);
+            if (empty) {
+                words.emplace_back();
+            }
+        }
+        return {words.rbegin(), words.rend()};
+    }
+
+    bool takesValue(const std::string& name) const {
+        const auto fits = [&](const CLI::Option* option) {
+            return option->get_name() == name && option->get_items_expected() > 0;
+        };
+        return std::any_of(options_.begin(), options_.end(), fits) ||
+               std::any_of(commands_.begin(), commands_.end(), [&](const Command& command) {
+                   return std::any_of(command.options.begin(), command.options.end(), fits);
+               });
     }
 
     static std::optional<std::string> textOf(const CLI::Option* option) {

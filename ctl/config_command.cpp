@@ -11,7 +11,7 @@ void configureCard(const Settings& settings, const Request& request) {
     const std::string command = filledIn(row.command, request.fields);
     ConsoleSession console(settings.at(Port::kCae), settings.timeout);
     const Fields fields = parseConfigReply(row, request.fields, console.ask(command));
-    writeResult(settings.json, filledIn(row.text, fields), configJson(row, fields));
+    writeResult(settings, filledIn(row.text, fields), configJson(row, fields));
 }
 
 }  // namespace ctl

@@ -16,8 +16,9 @@ namespace {
 
 class Conversation {
   public:
-    Conversation(ConsoleSession& console, LineInput& input, bool json, bool atTerminal)
-        : console_(console), input_(input), json_(json), atTerminal_(atTerminal) {}
+    Conversation(ConsoleSession& console, LineInput& input, const Settings& settings,
+                 bool atTerminal)
+        : console_(console), input_(input), settings_(settings), atTerminal_(atTerminal) {}
 
     void run() {
         writeUnasked();
@@ -62,28 +63,30 @@ class Conversation {
             return true;
         }
         writeUnasked();
-        if (json_) {
-            writeOut(oneLine({{"command", command}, {"reply", reply.lines}}) + '\n');
+        if (settings_.json) {
+            write(oneLine({{"command", command}, {"reply", reply.lines}}) + '\n');
         } else {
             std::string text;
             for (const std::string& line : reply.lines) {
                 text += printable(line) + '\n';
             }
-            writeOut(text);
+            write(text);
         }
         return !reply.ended;
     }
 
     void writeUnasked() {
         for (const std::string& line : console_.unasked()) {
-            writeOut((json_ ? oneLine({{"unasked", line}}) : printable(line)) + '\n');
+            write((settings_.json ? oneLine({{"unasked", line}}) : printable(line)) + '\n');
         }
         console_.unasked().clear();
     }
 
+    void write(const std::string& text) const { writeOut(text, settings_.timeout); }
+
     ConsoleSession& console_;
     LineInput& input_;
-    bool json_;
+    const Settings& settings_;
     bool atTerminal_;
 };
 
@@ -95,10 +98,11 @@ void interactiveConsole(const Settings& settings, const Request& /*request*/) {
     ConsoleSession console(settings.at(Port::kCae), settings.timeout);
     if (atTerminal) {
         writeOut("connected to " + settings.at(Port::kCae).label() +
-                 "; HELP lists its commands, EXIT or Ctrl-D leaves\n");
+                     "; HELP lists its commands, EXIT or Ctrl-D leaves\n",
+                 settings.timeout);
     }
     const auto input = atTerminal ? makeTerminalInput() : makePlainInput();
-    Conversation(console, *input, settings.json, atTerminal).run();
+    Conversation(console, *input, settings, atTerminal).run();
 }
 
 }  // namespace ctl

@@ -1,5 +1,6 @@
 // Until when a wait may last. No wait of this program is without one, except
-// those for the next input change and for the user.
+// those for the next input change, for the user, and of watch and monitor for
+// whoever reads them.
 #pragma once
 
 #include <chrono>

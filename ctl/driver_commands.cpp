@@ -15,13 +15,13 @@ void rawConsole(const Settings& settings, const std::string& line) {
     ConsoleSession console(settings.at(Port::kCae), settings.timeout);
     const Reply reply = console.ask(line);
     if (settings.json) {
-        writeOut(oneLine({{"reply", reply.lines}}) + '\n');
+        writeOut(oneLine({{"reply", reply.lines}}) + '\n', settings.timeout);
     } else {
         std::string text;
         for (const std::string& entry : reply.lines) {
             text += printable(entry) + '\n';
         }
-        writeOut(text);
+        writeOut(text, settings.timeout);
     }
     expectAccepted(reply, line);
 }
@@ -30,7 +30,7 @@ void rawIo(const Settings& settings, const std::string& line) {
     const Endpoint& endpoint = settings.at(Port::kIo);
     deliverToIo(endpoint, line, endpoint.lineEnd.value_or(kSafeLineEnd), settings.timeout);
     if (settings.json) {
-        writeOut(oneLine({{"delivered", line}}) + '\n');
+        writeOut(oneLine({{"delivered", line}}) + '\n', settings.timeout);
     }
 }
 
@@ -44,13 +44,13 @@ void setSpeed(const Settings& settings, const Request& request) {
     if (onlyLine(reply, command, "CIA: SPEED IS SET to ") != percent + "%") {
         throw foreignReply(reply, command);
     }
-    writeResult(settings.json, "speed is " + percent + "%", {{"percent", std::stoi(percent)}});
+    writeResult(settings, "speed is " + percent + "%", {{"percent", std::stoi(percent)}});
 }
 
 void showVersion(const Settings& settings, const Request& /*request*/) {
     ConsoleSession console(settings.at(Port::kCae), settings.timeout);
     const std::string version = onlyLine(console.ask("DRVVER"), "DRVVER", "CIA: DRIVER VERSION ");
-    writeResult(settings.json, "driver version " + printable(version), {{"driver", version}});
+    writeResult(settings, "driver version " + printable(version), {{"driver", version}});
 }
 
 void raw(const Settings& settings, const Request& request) {

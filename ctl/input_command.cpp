@@ -95,7 +95,7 @@ void showInput(const Settings& settings, const Request& request) {
                 std::to_string(block) + " is " + hexByte(value);
     }
     io.connection.leave();
-    writeResult(settings.json, text, json);
+    writeResult(settings, text, json);
 }
 
 }  // namespace ctl

@@ -75,7 +75,8 @@ struct LiveOutput::Shared {
             changed.notify_all();
         }
         while (const auto line = next()) {
-            writeOut(line() + '\n');
+            // The reader may be slow as long as the daemon is listened to.
+            writeOut(line() + '\n', std::nullopt);
             const std::lock_guard lock(mutex);
             ++written;
             changed.notify_all();
@@ -133,8 +134,7 @@ void LiveOutput::finish(Seconds patience) {
             return shared_->ended || shared_->written != written;
         });
         if (!moved) {
-            throw Failure(Status::kLocalFile,
-                          "cannot write the output: nobody reads it; the last lines are lost");
+            throw nobodyReads();
         }
     }
     if (shared_->problem) {

@@ -33,7 +33,7 @@ void openMissingStreams() {
 void run(const std::vector<std::string>& arguments) {
     const ctl::Invocation invocation = ctl::readCommandLine(arguments);
     if (invocation.row == nullptr) {
-        ctl::writeOut(invocation.text);
+        ctl::writeOut(invocation.text, ctl::Settings().timeout);
         return;
     }
     ctl::Settings settings = ctl::makeSettings(invocation.given);

@@ -3,8 +3,13 @@
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "ctl/deadline.h"
+#include "ctl/failure.h"
+#include "ctl/settings.h"
 
 namespace ctl {
 
@@ -14,11 +19,16 @@ using Json = nlohmann::ordered_json;
 /// character.
 std::string oneLine(const Json& json);
 
-/// Writes all of it to standard output, now. Throws Failure: quietly when the
-/// reader has left, and telling why when the output cannot be written.
-void writeOut(std::string_view text);
+/// Writes all of it to standard output, now. `patience` is how long a reader may
+/// take nothing; without it, and at a terminal, where somebody has stopped it, for
+/// as long as it takes. Throws Failure: quietly when the reader has left, and
+/// telling why when the output cannot be written.
+void writeOut(std::string_view text, std::optional<Seconds> patience);
 
-/// Writes the one that is wanted, with a line feed behind it.
-void writeResult(bool wantJson, const std::string& text, const Json& json);
+/// The failure for a reader that takes nothing.
+Failure nobodyReads();
+
+/// Writes the one that the settings want, with a line feed behind it.
+void writeResult(const Settings& settings, const std::string& text, const Json& json);
 
 }  // namespace ctl

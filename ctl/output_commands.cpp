@@ -15,30 +15,58 @@
 namespace ctl {
 namespace {
 
+struct Kind {
+    std::string_view name;
+    unsigned blocks;  ///< that reach the card; 0 where there are none
+};
+
 /// The cards that a command is for.
 struct Target {
     const char* command;
-    std::span<const std::string_view> kinds;
+    std::span<const Kind> kinds;
     const char* needs;
 };
 
-constexpr std::array<std::string_view, 3> kBlockKinds{
-    "16 channel DIGITAL OUTPUT", "6 channel RC SERVO CONTROLLER", "3 channel DC MOTOR CONTROLLER"};
-constexpr std::array<std::string_view, 1> kLcdKinds{"ALPHANUMERIC LCD CONTROLLER"};
-constexpr std::array<std::string_view, 1> kInfraredKinds{"IR REMOTE CONTROLLER"};
+constexpr std::array kBlockKinds{Kind{"16 channel DIGITAL OUTPUT", 2},
+                                 Kind{"6 channel RC SERVO CONTROLLER", 6},
+                                 Kind{"3 channel DC MOTOR CONTROLLER", 4}};
+constexpr std::array kLcdKinds{Kind{"ALPHANUMERIC LCD CONTROLLER", 0}};
+constexpr std::array kInfraredKinds{Kind{"IR REMOTE CONTROLLER", 0}};
 
 constexpr Target kBlockTarget{"set", kBlockKinds, "a digital output, RC servo or DC motor card"};
 constexpr Target kLcdTarget{"lcd", kLcdKinds, "an LCD controller card"};
 constexpr Target kInfraredTarget{"ir", kInfraredKinds, "an IR remote controller card"};
 
-void checkKind(ConsoleSession& console, const Target& target, char address) {
+/// A line for the IO port, and where it goes.
+struct Command {
+    const Target& target;
+    char address;
+    std::string line;
+    std::optional<unsigned> block = std::nullopt;  ///< of set
+};
+
+/// Throws when the card is of another kind, or lacks the block: the daemon takes
+/// any block and sends the card those that it has.
+void checkCard(const Command& command, const CardEntry& card) {
+    const auto kinds = command.target.kinds;
+    const auto kind = std::find_if(kinds.begin(), kinds.end(),
+                                   [&](const Kind& entry) { return entry.name == card.kind; });
+    const std::string subject = "card " + std::string(1, card.address);
+    if (kind == kinds.end()) {
+        throw Failure(Status::kRefused, subject + " is " + printable(card.kind) + "; " +
+                                            command.target.command + " needs " +
+                                            command.target.needs);
+    }
+    if (command.block && *command.block >= kind->blocks) {
+        throw Failure(Status::kRefused,
+                      subject + " has blocks 0 to " + std::to_string(kind->blocks - 1));
+    }
+}
+
+void checkCard(ConsoleSession& console, const Command& command) {
     for (const CardEntry& card : parseCards(console.ask("DISCOVER"), "DISCOVER")) {
-        const bool fits =
-            std::find(target.kinds.begin(), target.kinds.end(), card.kind) != target.kinds.end();
-        if (card.address == address && !fits) {
-            throw Failure(Status::kRefused, "card " + std::string(1, address) + " is " +
-                                                printable(card.kind) + "; " + target.command +
-                                                " needs " + target.needs);
+        if (card.address == command.address) {
+            checkCard(command, card);
         }
     }
 }
@@ -51,8 +79,10 @@ void checkSeparator(const std::string& line, const std::optional<std::string>& l
     }
 }
 
-/// Throws when the daemon has refused the line, which it tells on the console
-/// before it answers what comes behind.
+/// Throws when the daemon has refused the line. It tells so on the console, and
+/// before it answers DRVVER unless lines of an earlier IO client are still before
+/// this one: it takes one line of each port at a time. The refusal then comes too
+/// late to be seen here.
 void expectTaken(ConsoleSession& console, const std::string& line) {
     expectAccepted(console.ask("DRVVER"), "DRVVER");
     for (const std::string& refusal : console.unasked()) {
@@ -63,16 +93,16 @@ void expectTaken(ConsoleSession& console, const std::string& line) {
     }
 }
 
-void sendLine(const Settings& settings, const Target& target, char address,
-              const std::string& line) {
+void sendLine(const Settings& settings, const Command& command) {
     const Endpoint& endpoint = settings.at(Port::kIo);
+    const std::string& line = command.line;
     checkSeparator(line, endpoint.lineEnd);
     if (!settings.check) {
         deliverToIo(endpoint, line, endpoint.lineEnd.value_or(kSafeLineEnd), settings.timeout);
         return;
     }
     ConsoleSession console(settings.at(Port::kCae), settings.timeout);
-    checkKind(console, target, address);
+    checkCard(console, command);
     const std::string lineEnd = endpoint.lineEnd.value_or(console.lineEnd());
     checkSeparator(line, lineEnd);
     console.unasked().clear();
@@ -109,8 +139,8 @@ void lcdText(const Settings& settings, const Fields& fields) {
     }
     const std::string line = std::string("a") + fields.address() + "lPAp" +
                              hexByte(*fields.column) + hexByte(*fields.row) + "t" + fields.text;
-    sendLine(settings, kLcdTarget, fields.address(), line);
-    writeResult(settings.json,
+    sendLine(settings, {kLcdTarget, fields.address(), line});
+    writeResult(settings,
                 cardText(fields.address()) + "text at column " + std::to_string(*fields.column) +
                     ", row " + std::to_string(*fields.row) + closing(settings),
                 {{"address", std::string(1, fields.address())},
@@ -126,10 +156,11 @@ void lcdText(const Settings& settings, const Fields& fields) {
 void setBlock(const Settings& settings, const Request& request) {
     const Fields& fields = request.fields;
     const std::string data = hexByte(*fields.value);
-    sendLine(settings, kBlockTarget, fields.address(),
-             std::string("a") + fields.address() + "b" + *fields.block + "d" + data);
     const unsigned block = *hexDigit(*fields.block);
-    writeResult(settings.json,
+    sendLine(settings,
+             {kBlockTarget, fields.address(),
+              std::string("a") + fields.address() + "b" + *fields.block + "d" + data, block});
+    writeResult(settings,
                 cardText(fields.address()) + "block " + std::to_string(block) + " is " + data +
                     closing(settings),
                 {{"address", std::string(1, fields.address())},
@@ -147,8 +178,8 @@ void lcd(const Settings& settings, const Request& request) {
         return;
     }
     const bool on = fields.on.value_or(true);
-    sendLine(settings, kLcdTarget, fields.address(),
-             std::string("a") + fields.address() + "l" + (on ? form.on : form.off));
+    sendLine(settings, {kLcdTarget, fields.address(),
+                        std::string("a") + fields.address() + "l" + (on ? form.on : form.off)});
     Json json{{"address", std::string(1, fields.address())}, {"action", form.action}};
     std::string text = cardText(fields.address()) + form.action;
     if (fields.on) {
@@ -158,15 +189,15 @@ void lcd(const Settings& settings, const Request& request) {
         text += "ed";
     }
     json["checked"] = settings.check;
-    writeResult(settings.json, text + closing(settings), json);
+    writeResult(settings, text + closing(settings), json);
 }
 
 void infrared(const Settings& settings, const Request& request) {
     const Fields& fields = request.fields;
-    sendLine(settings, kInfraredTarget, fields.address(),
-             std::string("a") + fields.address() + "sHS" + fields.text);
+    sendLine(settings, {kInfraredTarget, fields.address(),
+                        std::string("a") + fields.address() + "sHS" + fields.text});
     const std::size_t bytes = fields.text.size() / 2;
-    writeResult(settings.json,
+    writeResult(settings,
                 cardText(fields.address()) + std::to_string(bytes) +
                     (bytes == 1 ? " byte is sent" : " bytes are sent") + closing(settings),
                 {{"address", std::string(1, fields.address())},

@@ -11,6 +11,7 @@ namespace {
 constexpr std::uint8_t kHighestMask = 0x3F;
 constexpr std::uint8_t kHighestRange = 0x20;
 constexpr std::uint8_t kHighestByte = 0xFF;
+constexpr unsigned kHighestPercent = 100;
 
 /// What the daemon's frames hold.
 constexpr std::size_t kLcdText = 31;
@@ -56,12 +57,10 @@ bool readStream(const std::string& word, Fields& fields) {
                        [](char digit) { return hexDigit(digit).has_value(); });
 }
 
-/// The daemon judges the range; it would overlook what stands behind the digits.
 bool readPercent(const std::string& word, Fields& fields) {
-    constexpr unsigned kLimit = 999;
-    const auto percent = parseDecimal(word, kLimit);
+    const auto percent = parseDecimal(word, kHighestPercent);
     fields.text = std::to_string(percent.value_or(0));
-    return percent.has_value();
+    return percent.value_or(0) > 0;
 }
 
 bool readEnd(const std::string& word, Fields& fields) {
@@ -108,7 +107,7 @@ constexpr std::array kParameters{
         [](const std::string& word, Fields& fields) { return readPlace(word, fields.column); }},
     Parameter{"ROW", "row: 0 to 255",
               [](const std::string& word, Fields& fields) { return readPlace(word, fields.row); }},
-    Parameter{"TEXT", "text for an LCD: at most 31 characters",
+    Parameter{"TEXT", "text for an LCD: at most 31 bytes",
               [](const std::string& word, Fields& fields) {
                   fields.text = word;
                   return word.size() <= kLcdText;

@@ -93,7 +93,10 @@ class TerminalInput : public LineInput {
         return line;
     }
 
-    void stepAside() override { std::fputs("\r\033[K", stdout), std::fflush(stdout); }
+    void stepAside() override {
+        std::fputs("\r\033[K", stdout);
+        std::fflush(stdout);
+    }
     void comeBack() override { ::el_set(line_, EL_REFRESH); }
 
   private:

@@ -10,12 +10,15 @@ using Json = nlohmann::json;
 
 class SettingsShown : public CheckProgramTest {
   protected:
+    // The daemon's sleep takes a negative pause for a long one.
+    static std::uint32_t sleepOf(std::int32_t pause) { return static_cast<std::uint32_t>(pause); }
+
     static void expectShown(const INTERFACE_DESCRIPTOR& interface, const Json& shown) {
         EXPECT_EQ(shown.at("configured"), !interface.name.empty());
         EXPECT_EQ(shown.at("port"), interface.port);
         EXPECT_EQ(shown.at("inpSeparator"), interface.inpSeparator);
         EXPECT_EQ(shown.at("outSeparator"), interface.outSeparator);
-        EXPECT_EQ(shown.at("pause"), interface.threadDelay.load());
+        EXPECT_EQ(shown.at("pause"), sleepOf(interface.threadDelay));
     }
 
     /// With these children of the root.
@@ -29,7 +32,7 @@ class SettingsShown : public CheckProgramTest {
         const Json settings = Json::parse(output()).at("settings");
         EXPECT_EQ(settings.at("logFile"), config.debugLogFile);
         EXPECT_EQ(settings.at("logLevel"), config.logLevel);
-        EXPECT_EQ(settings.at("pause"), config.threadDelay);
+        EXPECT_EQ(settings.at("pause"), sleepOf(config.threadDelay));
         EXPECT_EQ(settings.at("polling"), config.initialPollState);
         EXPECT_EQ(settings.at("discovery"), config.autoDiscover);
         const Json& interfaces = settings.at("interfaces");

@@ -141,7 +141,6 @@ TEST_F(Answers, RefusalsAreTheDaemonsOwnWords) {
         std::string about = {};
     };
     const std::vector<Row> rows{
-        {{"speed", "101"}, "SPEED=101", "CIE: Parameter is out of range (1..100)"},
         {{"poll", "on", "5"}, "POLLON:5", "CIE: THIS COMMAND IS VALID ON INPUT CARDS", "card 5: "},
         {{"config", "reboot", "7"}, "REBOOT:7", "CIE: BUS WRITE ERROR"},
         {{"config", "motor", "E", "silent-range", "2"},

@@ -35,7 +35,9 @@ TEST_F(Commands, CardsAndPolling) {
          "global polling is off\n",
          R"({"global":false})"},
         {{"poll", "on", "3", "f"},
-         {{"POLLON:3", {"CIA: POLLON is OK at address 3"}},
+         {{"POLLSTATE",
+           {"CIA: GLOBAL POLLING IS ENABLED", "PTI:0x3:ON", "PTI:0x8:ON", "PTI:0xF:OFF"}},
+          {"POLLON:3", {"CIA: POLLON is OK at address 3"}},
           {"POLLON:F", {"CIA: POLLON is OK at address F"}}},
          "card 3: polling is on\ncard F: polling is on\n",
          R"([{"address":"3","polling":true},{"address":"F","polling":true}])"},
@@ -44,6 +46,14 @@ TEST_F(Commands, CardsAndPolling) {
          "card 8: polling is off\n",
          R"([{"address":"8","polling":false}])"},
     });
+}
+
+TEST_F(Commands, PollingOfSeveralCardsIsNotSwitchedByHalves) {
+    const FakePort cae(
+        kDefaultCae,
+        playing({{"POLLSTATE", {"CIA: GLOBAL POLLING IS ENABLED", "PTI:0x3:ON", "PTI:0xF:ON"}}}));
+    expectOutcome(run({"poll", "off", "3", "5", "F"}), 1, "",
+                  "zoltctl: card 5 is no input card; the polling of none has been switched");
 }
 
 TEST_F(Commands, NoCards) {

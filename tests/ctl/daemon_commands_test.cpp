@@ -32,11 +32,47 @@ TEST_P(DaemonCommands, Work) {
     }
 }
 
+TEST_F(DaemonTest, ConsoleAsJson) {
+    start();
+    const auto outcome =
+        ctl_test::run({"--json", "console"}, {.input = "DRVVER\nREBOOT:9\nnonsense\n"});
+    EXPECT_EQ(outcome.end, "status 0");
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(outcome.output,
+              R"({"command":"DRVVER","reply":["CIA: DRIVER VERSION 1.20"]})"
+              "\n"
+              R"({"command":"REBOOT:9","reply":["CIA: Card is REBOOTED","RBT:0x9:OK"]})"
+              "\n"
+              R"({"command":"nonsense","reply":["CIE: UNKNOWN COMMAND "]})"
+              "\n");
+}
+
+TEST_F(DaemonTest, ABlockThatTheCardDoesNotHave) {
+    start();
+    const auto outcome = ctl_test::run({"--json", "set", "5", "F", "FB"});
+    EXPECT_EQ(outcome.end, "status 1");
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errors, "zoltctl: card 5 has blocks 0 to 1\n");
+}
+
 constexpr const char* kTable =
     "0  6 channel RC SERVO CONTROLLER\n1  EMPTY\n2  EMPTY\n3  16 channel DIGITAL INPUT\n"
     "4  EMPTY\n5  16 channel DIGITAL OUTPUT\n6  EMPTY\n7  EMPTY\n8  KEYMX and ROTE CONTROLLER\n"
     "9  IR REMOTE CONTROLLER\nA  3 channel DC MOTOR CONTROLLER\nB  EMPTY\nC  EMPTY\nD  EMPTY\n"
     "E  ALPHANUMERIC LCD CONTROLLER\nF  6 channel ANALOGUE INPUT\n";
+
+constexpr const char* kTableJson =
+    R"([{"address":"0","kind":"6 channel RC SERVO CONTROLLER"},{"address":"1","kind":"EMPTY"},)"
+    R"({"address":"2","kind":"EMPTY"},{"address":"3","kind":"16 channel DIGITAL INPUT"},)"
+    R"({"address":"4","kind":"EMPTY"},{"address":"5","kind":"16 channel DIGITAL OUTPUT"},)"
+    R"({"address":"6","kind":"EMPTY"},{"address":"7","kind":"EMPTY"},)"
+    R"({"address":"8","kind":"KEYMX and ROTE CONTROLLER"},)"
+    R"({"address":"9","kind":"IR REMOTE CONTROLLER"},)"
+    R"({"address":"A","kind":"3 channel DC MOTOR CONTROLLER"},{"address":"B","kind":"EMPTY"},)"
+    R"({"address":"C","kind":"EMPTY"},{"address":"D","kind":"EMPTY"},)"
+    R"({"address":"E","kind":"ALPHANUMERIC LCD CONTROLLER"},)"
+    R"({"address":"F","kind":"6 channel ANALOGUE INPUT"}])"
+    "\n";
 
 INSTANTIATE_TEST_SUITE_P(
     CardsAndDaemon, DaemonCommands,
@@ -47,6 +83,7 @@ INSTANTIATE_TEST_SUITE_P(
                       "5  16 channel DIGITAL OUTPUT\n8  KEYMX and ROTE CONTROLLER\n"
                       "9  IR REMOTE CONTROLLER\nA  3 channel DC MOTOR CONTROLLER\n"
                       "E  ALPHANUMERIC LCD CONTROLLER\nF  6 channel ANALOGUE INPUT\n"},
+        DaemonCommand{"cards_json", {"--json", "cards", "--all"}, kTableJson},
         DaemonCommand{"cards_all", {"cards", "--all"}, kTable},
         DaemonCommand{"discover", {"discover"}, kTable},
         DaemonCommand{"discover_force", {"discover", "--force"}, kTable},
@@ -95,8 +132,9 @@ INSTANTIATE_TEST_SUITE_P(
                                     "card E: light is on\n",
                                     {"card E lcd: light on"}},
                       DaemonCommand{"lcd_light_off",
-                                    {"lcd", "E", "light", "off"},
-                                    "card E: light is off\n",
+                                    {"--json", "lcd", "E", "light", "off"},
+                                    R"({"address":"E","action":"light","on":false,"checked":true})"
+                                    "\n",
                                     {"card E lcd: light off"}},
                       DaemonCommand{"lcd_cursor_on",
                                     {"lcd", "E", "cursor", "on"},
@@ -118,6 +156,17 @@ INSTANTIATE_TEST_SUITE_P(
                                     {"lcd", "E", "text", "3", "1", "Tail of the cat"},
                                     "card E: text at column 3, row 1\n",
                                     {"card E lcd: text at column 3 row 1 \"Tail of the cat\""}},
+                      DaemonCommand{"lcd_text_json",
+                                    {"lcd", "E", "text", "0", "0", "cat", "--json"},
+                                    R"({"address":"E","action":"text","column":0,"row":0,)"
+                                    R"("text":"cat","checked":true})"
+                                    "\n",
+                                    {"card E lcd: text at column 0 row 0 \"cat\""}},
+                      DaemonCommand{"ir_json",
+                                    {"ir", "9", "434f", "--json"},
+                                    R"({"address":"9","bytes":2,"hex":"434F","checked":true})"
+                                    "\n",
+                                    {"card 9 ir: stream 43 4F"}},
                       DaemonCommand{"ir",
                                     {"ir", "9", "434F434B524F414348"},
                                     "card 9: 9 bytes are sent\n",
@@ -132,40 +181,45 @@ INSTANTIATE_TEST_SUITE_P(
                       "card E: self-test at start is on\n",
                       {"host> 05 | 50 0E 01 01 FF", "card E lcd: self-test FF"}},
         DaemonCommand{"lcd_light",
-                      {"config", "lcd", "E", "light", "on"},
-                      "card E: light at start is on\n",
+                      {"--json", "config", "lcd", "E", "light", "on"},
+                      "{\"address\":\"E\",\"command\":\"lcd light\",\"on\":true}\n",
                       {"host> 05 | 50 0E 01 02 FF", "card E lcd: light at boot FF"}},
         DaemonCommand{"analogue_mask",
                       {"config", "analogue", "F", "mask"},
                       "card F: mask is 3F\n",
                       {"host> 04 | 50 0F 40 01"}},
         DaemonCommand{"analogue_mask_set",
-                      {"config", "analogue", "F", "mask", "2a"},
-                      "card F: mask is 2A\n",
+                      {"--json", "config", "analogue", "F", "mask", "2a"},
+                      R"({"address":"F","command":"analogue mask","value":42,"hex":"2A"})"
+                      "\n",
                       {"host> 05 | 50 0F 01 01 2A", "card F analogue-input: mask 2A"}},
         DaemonCommand{"analogue_store",
                       {"config", "analogue", "F", "store"},
                       "card F: mask is stored\n",
                       {"host> 04 | 50 0F 01 02", "card F analogue-input: mask 3F stored"}},
         DaemonCommand{"servo_end",
-                      {"config", "servo", "0", "end", "B", "channel", "5"},
-                      "card 0: servo end B, channel 5 is FF\n",
+                      {"--json", "config", "servo", "0", "end", "B", "channel", "5"},
+                      R"({"address":"0","command":"servo end","end":"B","channel":5,"value":255,)"
+                      R"("hex":"FF"})"
+                      "\n",
                       {"host> 04 | 50 00 40 2C"}},
         DaemonCommand{"servo_end_set",
                       {"config", "servo", "0", "end", "B", "channel", "2", "80"},
                       "card 0: servo end B, channel 2 is 80\n",
                       {"host> 05 | 50 00 01 D2 80", "card 0 servo: end B of channel 2 80"}},
         DaemonCommand{"servo_store",
-                      {"config", "servo", "0", "store"},
-                      "card 0: positions are stored\n",
+                      {"--json", "config", "servo", "0", "store"},
+                      "{\"address\":\"0\",\"command\":\"servo store\"}\n",
                       {"card 0 servo: positions 80 80 80 80 80 80 stored"}},
         DaemonCommand{"servo_restore",
                       {"config", "servo", "0", "restore"},
                       "card 0: servos are moved to the stored positions\n",
                       {"card 0 servo: moved to stored positions 80 80 80 80 80 80"}},
         DaemonCommand{"motor_range",
-                      {"config", "motor", "A", "silent-range", "2"},
-                      "card A: silent range of channel 2 is 00\n",
+                      {"--json", "config", "motor", "A", "silent-range", "2"},
+                      R"({"address":"A","command":"motor silent-range","channel":2,"value":0,)"
+                      R"("hex":"00"})"
+                      "\n",
                       {"host> 04 | 50 0A 40 03"}},
         DaemonCommand{"motor_range_set",
                       {"config", "motor", "A", "silent-range", "2", "10"},

@@ -80,19 +80,36 @@ TEST_F(DaemonInputs, AreWatchedAndMonitored) {
     EXPECT_EQ(monitor.waitForEnd().end, "status 143");
 }
 
-TEST_F(DaemonInputs, AreWatchedForATimeOrACount) {
+TEST_F(DaemonInputs, AreWatchedUpToACount) {
     start();
-    ZoltctlProcess counted({"watch", "--no-names", "--count", "2"});
+    ZoltctlProcess counted({"--json", "watch", "--count", "2"});
     ZoltctlProcess timed({"monitor", "--for", "1"});
     ASSERT_TRUE(logged("client is connected on IO interface"));
     sim_->control("set 3 1 7F");
-    sim_->control("set 3 0 01");
+    ASSERT_TRUE(reached("bus>  04 | 21 03 00 7F")) << sim_->traceTail(10);
+    sim_->control("set 3 1 01");
     auto outcome = counted.waitForEnd();
     EXPECT_EQ(outcome.end, "status 0");
-    EXPECT_EQ(support::splitLines(outcome.output).size(), 2U) << outcome.output;
+    EXPECT_EQ(outcome.errors, "");
+    constexpr std::size_t kJsonTime =
+        std::string_view(R"({"time":"2026-11-21T14:03:07.123+00:00")").size();
+    std::vector<std::string> shown;
+    for (const std::string& line : support::splitLines(outcome.output)) {
+        shown.push_back(line.substr(std::min(kJsonTime, line.size())));
+    }
+    EXPECT_EQ(
+        shown,
+        (std::vector<std::string>{
+            R"(,"address":"3","kind":"16 channel DIGITAL INPUT","block":1,"value":127,"hex":"7F"})",
+            R"(,"address":"3","kind":"16 channel DIGITAL INPUT","block":1,"value":1,"hex":"01"})"}));
     outcome = timed.waitForEnd();
     EXPECT_EQ(outcome.end, "status 0");
     EXPECT_EQ(outcome.errors, "");
+}
+
+TEST_F(DaemonInputs, AreWatchedForATime) {
+    start();
+    EXPECT_EQ(outputOf({"watch", "--no-names", "--for", "0.5"}), "");
 }
 
 }  // namespace

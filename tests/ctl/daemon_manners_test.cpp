@@ -43,6 +43,8 @@ TEST_F(Manners, APortThatAnotherClientHolds) {
         return "zoltctl: " + port + ": no banner came; another client holds the port";
     };
     expectOutcome(run({"--timeout", "0.5", "version"}), 4, "", held("console 127.0.0.1:5001"));
+    expectOutcome(run({"version"}, {.environment = {"ZOLT_TIMEOUT=0.5"}}), 4, "",
+                  held("console 127.0.0.1:5001"));
     expectOutcome(run({"--timeout", "0.5", "--no-check", "set", "5", "1", "FB"}), 4, "",
                   held("IO 127.0.0.1:5002"));
     expectOutcome(run({"--timeout", "0.5", "monitor"}), 4, "", held("monitor 127.0.0.1:5003"));

@@ -17,11 +17,16 @@ class OutputCommands : public CommandTest {
          "card 5: block 1 is FB\n",
          R"({"address":"5","block":1,"value":251,"hex":"FB","checked":true})",
          "a5b1dFB\r\n"},
-        {{"set", "a", "f", "7"},
+        {{"set", "a", "3", "7"},
          checks_,
-         "card A: block 15 is 07\n",
-         R"({"address":"A","block":15,"value":7,"hex":"07","checked":true})",
-         "aAbFd07\r\n"},
+         "card A: block 3 is 07\n",
+         R"({"address":"A","block":3,"value":7,"hex":"07","checked":true})",
+         "aAb3d07\r\n"},
+        {{"set", "0", "5", "7f"},
+         checks_,
+         "card 0: block 5 is 7F\n",
+         R"({"address":"0","block":5,"value":127,"hex":"7F","checked":true})",
+         "a0b5d7F\r\n"},
         {{"lcd", "E", "clear"},
          checks_,
          "card E: cleared\n",
@@ -98,7 +103,13 @@ TEST_F(OutputCommands, RawIoIsSentAsItStands) {
     expectOutcome(run({"--json", "raw", "io", "nonsense"}), 0, "{\"delivered\":\"nonsense\"}\n");
 }
 
-TEST_F(OutputCommands, ACardOfAnotherKindIsRefusedBeforeAnythingIsSent) {
+TEST_F(OutputCommands, UncheckedAnyBlockIsSent) {
+    const FakePort io(kDefaultIo, ioPort("aAbFd07\r\n"));
+    expectOutcome(run({"--no-check", "set", "a", "f", "7"}), 0,
+                  "card A: block 15 is 07 (unchecked)\n");
+}
+
+TEST_F(OutputCommands, ACardThatDoesNotFitIsRefusedBeforeAnythingIsSent) {
     struct Row {
         std::vector<std::string> arguments;
         std::string reason;
@@ -109,6 +120,10 @@ TEST_F(OutputCommands, ACardOfAnotherKindIsRefusedBeforeAnythingIsSent) {
              {{"set", "3", "1", "FB"},
               "card 3 is 16 channel DIGITAL INPUT; set needs a digital output, RC servo or DC "
               "motor card"},
+             {{"set", "5", "2", "FB"}, "card 5 has blocks 0 to 1"},
+             {{"set", "0", "6", "FB"}, "card 0 has blocks 0 to 5"},
+             {{"set", "A", "4", "FB"}, "card A has blocks 0 to 3"},
+             {{"set", "A", "F", "FB"}, "card A has blocks 0 to 3"},
              {{"lcd", "9", "clear"},
               "card 9 is IR REMOTE CONTROLLER; lcd needs an LCD controller card"},
              {{"ir", "7", "00"},

@@ -17,6 +17,23 @@ class Output : public FakeTest {
         return ctl_test::run(arguments, {.environment = {"ZOLT_LINE_END=crlf"}, .output = output});
     }
 
+    static std::array<support::UniqueFd, 2> makePipe() {
+        std::array<int, 2> ends{};
+        EXPECT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
+        return {support::UniqueFd(ends[0]), support::UniqueFd(ends[1])};
+    }
+
+    // Fills a pipe, so that who writes into it has to wait for its reader.
+    static void fill(const support::UniqueFd& writeEnd) {
+        ::fcntl(writeEnd.get(), F_SETFL, O_NONBLOCK);
+        const std::string bytes(4096, 'x');
+        while (::write(writeEnd.get(), bytes.data(), bytes.size()) > 0) {
+        }
+        ::fcntl(writeEnd.get(), F_SETFL, 0);
+    }
+
+    static constexpr const char* kNobodyReads =
+        "zoltctl: cannot write the output: nobody reads it; the last lines are lost";
     const Answers version_{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
 };
 
@@ -71,14 +88,46 @@ TEST_F(Output, AReaderThatLeavesEndsItQuietly) {
 }
 
 TEST_F(Output, APipeThatIsClosedBeforeAResultEndsItQuietly) {
-    std::array<int, 2> ends{};
-    ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
-    const support::UniqueFd writeEnd(ends[1]);
-    ::close(ends[0]);
+    auto [readEnd, writeEnd] = makePipe();
+    readEnd.reset();
     const FakePort cae(kDefaultCae, console(version_));
     const auto outcome = runInto(writeEnd.get(), {"version"});
     EXPECT_EQ(outcome.end, "status 141");
     EXPECT_EQ(outcome.errors, "");
+}
+
+// Or the console would stay taken for as long as its reader likes.
+TEST_F(Output, AReaderThatTakesNothingIsGivenUp) {
+    const auto [readEnd, writeEnd] = makePipe();
+    fill(writeEnd);
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"version"}, {"--json", "version"}, {"raw", "cae", "DRVVER"}}) {
+        const FakePort cae(kDefaultCae, console(version_));
+        expectOutcome(runInto(writeEnd.get(), joined({"--timeout", "0.3"}, arguments)), 8, "",
+                      kNobodyReads);
+    }
+}
+
+TEST_F(Output, AConsoleWhoseReaderStopsIsLeft) {
+    const auto [readEnd, writeEnd] = makePipe();
+    bool left = false;
+    {
+        const FakePort cae(kDefaultCae, [&](FakeConnection& client) {
+            client.send(kConsoleBanner);
+            while (!client.receive().empty()) {
+                client.send(reply(std::vector<std::string>(70, std::string(60, 'x'))));
+            }
+            left = true;
+        });
+        std::string input;
+        for (int i = 0; i < 200; ++i) input += "HELP\n";
+        expectOutcome(
+            ctl_test::run(
+                {"console", "--timeout", "0.5"},
+                {.environment = {"ZOLT_LINE_END=crlf"}, .input = input, .output = writeEnd.get()}),
+            8, "", kNobodyReads);
+    }
+    EXPECT_TRUE(left);
 }
 
 }  // namespace

@@ -184,6 +184,13 @@ TEST_F(LineEnds, AutoFindsOutWhichTheDaemonTakes) {
     }
 }
 
+TEST_F(LineEnds, AnEmptyOneIsNone) {
+    const FakePort cae(kDefaultCae,
+                       std::vector<FakePort::Script>(2, console({{"DRVVER", reply(kDrvver)}})));
+    expectOutcome(run({"--line-end=", "--timeout", "10", "version"}), 0, kVersionText);
+    expectOutcome(run({"version", "--line-end", ""}), 0, kVersionText);
+}
+
 TEST_F(LineEnds, ADaemonThatTakesNoneOfThemIsTold) {
     std::string asked;
     const FakePort cae(kDefaultCae, daemonWith(";", "\r\n", asked));

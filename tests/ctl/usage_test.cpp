@@ -44,6 +44,10 @@ TEST_F(Usage, OptionsAndCommands) {
          "\"1e99\" is no time: --timeout takes seconds above 0 and up to 86400"},
         {{"--timeout"}, "--timeout: 1 required SECONDS missing (zoltctl --help tells the use)"},
         {{"--host", "", "version"}, "--host is empty"},
+        {{"--host=", "version"}, "--host is empty"},
+        {{"version", "--timeout="},
+         "\"\" is no time: --timeout takes seconds above 0 and up to 86400"},
+        {{"watch", "--count=", "--for=1"}, "\"\" is no count: --count takes a number from 1 on"},
         {{"watch", "--for", "0"}, "\"0\" is no time: --for takes seconds above 0"},
         {{"watch", "--count", "0"}, "\"0\" is no count: --count takes a number from 1 on"},
         {{"monitor", "--count", "-1"}, "\"-1\" is no count: --count takes a number from 1 on"},
@@ -56,13 +60,17 @@ TEST_F(Usage, OptionsAndCommands) {
          "the line is too long: with its end 256 bytes, and the daemon takes 255"},
         {{"speed"}, "PERCENT is missing behind \"speed\""},
         {{"speed", "1x"}, "\"1x\" is no percentage: a number from 1 to 100"},
-        {{"speed", "1000"}, "\"1000\" is no percentage: a number from 1 to 100"},
+        {{"speed", "0"}, "\"0\" is no percentage: a number from 1 to 100"},
+        {{"speed", "101"}, "\"101\" is no percentage: a number from 1 to 100"},
         {{"cards", "3"}, "\"3\" is one argument too many"},
         {{"console", "x"}, "\"x\" is one argument too many"},
     });
 }
 
 TEST_F(Usage, CardsAndInputs) {
+    // 16 characters, 32 bytes.
+    std::string wide;
+    for (int i = 0; i < 16; ++i) wide += "\u00E4";
     expectRefused({
         {{"poll", "maybe"}, "\"maybe\" is no state: on or off"},
         {{"poll", "on", "G"}, "\"G\" is no address: one digit 0 to F"},
@@ -87,7 +95,9 @@ TEST_F(Usage, CardsAndInputs) {
         {{"lcd", "E", "text", "256", "1", "x"}, "\"256\" is no column: 0 to 255"},
         {{"lcd", "E", "text", "3", "-1", "x"}, "\"-1\" is no row: 0 to 255"},
         {{"lcd", "E", "text", "3", "1", "12345678901234567890123456789012"},
-         "\"12345678901234567890123456789012\" is no text for an LCD: at most 31 characters"},
+         "\"12345678901234567890123456789012\" is no text for an LCD: at most 31 bytes"},
+        {{"lcd", "E", "text", "3", "1", wide},
+         "\"" + wide + "\" is no text for an LCD: at most 31 bytes"},
         {{"lcd", "E", "text", "3", "1", "two\r\nlines"},
          "\"aElPAp0301ttwo\\r\\nlines\" holds the IO port's line end, \"\\r\\n\""},
         {{"ir", "9"}, "HEX is missing behind \"ir 9\""},

@@ -118,4 +118,15 @@ bringPackages() {
     done
 }
 
+# makeNextVersion: zolt with a higher version and another sample configuration,
+# as /packages/zolt-next.deb.
+makeNextVersion() {
+    next=$work/next
+    dpkg-deb -R "$tree/packages/zolt.deb" "$next"
+    sed -i 's/^Version: .*/&+next/' "$next/DEBIAN/control"
+    echo '<!-- next -->' >>"$next/etc/zolt/zoltconf.xml"
+    (cd "$next" && find . -type f ! -path './DEBIAN/*' -printf '%P\0' | xargs -0 md5sum >DEBIAN/md5sums)
+    quietly dpkg-deb -b --root-owner-group "$next" "$tree/packages/zolt-next.deb"
+}
+
 install() { quietly inTree apt-get -y --no-install-recommends install "$@"; }

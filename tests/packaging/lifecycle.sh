@@ -22,17 +22,6 @@ listFiles() {
         -o -path '/etc/*shadow-' \) -prune -o -print | sort
 }
 
-# makeNextVersion: zolt with a higher version and another sample configuration,
-# as /packages/zolt-next.deb.
-makeNextVersion() {
-    next=$work/next
-    dpkg-deb -R "$tree/packages/zolt.deb" "$next"
-    sed -i 's/^Version: .*/&+next/' "$next/DEBIAN/control"
-    echo '<!-- next -->' >>"$next/etc/zolt/zoltconf.xml"
-    (cd "$next" && find . -type f ! -path './DEBIAN/*' -printf '%P\0' | xargs -0 md5sum >DEBIAN/md5sums)
-    quietly dpkg-deb -b --root-owner-group "$next" "$tree/packages/zolt-next.deb"
-}
-
 # shellcheck disable=SC2016
 installedVersion() { inTree dpkg-query -W -f '${Version}' zolt; }
 
@@ -54,6 +43,12 @@ isGone /run/zolt/zolt.pid
 while read -r file; do
     isThere "$file"
 done <"$here/installed-files"
+
+step "the documents link to what is there"
+grep -ho ']([^)#]*' "$tree"/usr/share/doc/zolt/*.md | cut -c 3- | sort -u >"$work/links"
+while read -r link; do
+    isThere "/usr/share/doc/zolt/$link"
+done <"$work/links"
 
 step "the programs run, and the configuration check finds nothing to say"
 version=$(installedVersion)

@@ -19,6 +19,9 @@ isState() { [ "$(property ActiveState)" = "$1" ]; }
 logSays() { grep -q -- "$1" "$log"; }
 journalSays() { booted journalctl -b -q -o cat -u zolt | grep -q -- "$1"; }
 
+# groupFile NAME: what the kernel holds the service's control group to.
+groupFile() { booted cat "/sys/fs/cgroup/system.slice/zolt.service/$1"; }
+
 ioListens() { booted grep -q ':0FA2 00000000:0000 0A' /proc/net/tcp; }
 
 # answers ADDRESS: the IO port welcomes a client there within ten seconds.
@@ -37,6 +40,7 @@ restart() {
 step "making a Debian 12 with systemd"
 makeTree systemd systemd systemd-sysv udev logrotate
 bringPackages
+makeNextVersion
 # The loaded packages of what zolt depends on; inside there is no network.
 quietly inTree apt-get -y --no-install-recommends --download-only install \
     /packages/zolt.deb /packages/zolt-sim.deb /packages/zolt-tools.deb
@@ -44,7 +48,7 @@ quietly inTree apt-get -y --no-install-recommends --download-only install \
 step "booting it"
 if ! canBoot; then
     step "skipped: this machine has no control groups for it (cgroup2)"
-    exit 0
+    exit 77
 fi
 boot
 
@@ -61,6 +65,10 @@ for line in 'CapBnd:	0000000000000000' 'NoNewPrivs:	1' 'Seccomp:	2'; do
     grep -q "$line" "$work/status" || fail "its status has no $line"
 done
 [ "$(booted cut -d' ' -f19 "/proc/$daemon/stat")" = -10 ] || fail "its priority is not raised"
+booted cat "/proc/$daemon/limits" | grep -q '^Max open files  *64  *64 ' ||
+    fail "its open files are not limited"
+[ "$(groupFile memory.max)" = 134217728 ] || fail "its memory is not limited"
+[ "$(groupFile pids.max)" = 16 ] || fail "its tasks are not limited"
 
 step "a device that the unit does not name is refused"
 # Any device that can be opened and has nothing to do with terminals.
@@ -116,6 +124,12 @@ quietly booted logrotate --force /etc/logrotate.d/zolt
 restart
 waitFor 20 logSays 'zolt is started' || fail "there is no new log"
 
+step "an upgrade restarts it"
+daemon=$(property MainPID)
+quietly booted apt-get -y --no-install-recommends install /packages/zolt-next.deb
+waitFor 20 cameBack || fail "the service is $(property ActiveState), and its process $(property MainPID)"
+grep -q '<!-- next -->' "$config" || fail "the old sample is still there"
+
 step "a wrong configuration is a failure that the journal explains"
 cp "$config" "$work/good.xml"
 sed -i 's/Port="4002"/Port="80"/' "$config"
@@ -123,6 +137,8 @@ if booted systemctl restart zolt 2>/dev/null; then
     fail "the service started"
 fi
 journalSays 'status=2' || fail "zolt-check did not end with status 2"
+journalSays '^/etc/zolt/zoltconf.xml:[0-9:]*: error: Port 80 is below 1025' ||
+    fail "the journal does not say what is wrong"
 waitFor 60 isState failed || fail "the service is $(property ActiveState)"
 cat "$work/good.xml" >"$config"
 restart
@@ -152,6 +168,10 @@ quietly booted apt-get -y remove zolt
 booted test ! -e /run/zolt || fail "it was not stopped"
 quietly booted apt-get -y purge zolt
 booted systemctl daemon-reload
-for file in /etc/zolt /var/log/zolt /etc/systemd/system/multi-user.target.wants/zolt.service; do
-    [ ! -e "$tree$file" ] || fail "$file is still there"
-done
+# What this test has made, and the other two packages, stay.
+booted dpkg -L zolt-sim zolt-tools | sort >"$work/others"
+booted find /etc /var /run /lib/systemd /usr -name '*zolt*' | sort | comm -23 - "$work/others" |
+    grep -v -e '^/etc/systemd/system/zolt\.service\.d$' -e 'zolt-sim\.service$' \
+        -e '^/var/lib/dpkg/info/zolt-\(sim\|tools\)\.' && fail "the files above are still there"
+booted getent passwd zolt >"$work/user" || fail "the user is gone"
+[ -e "$dropIns" ] || fail "the drop-in is gone"

@@ -85,12 +85,16 @@ TEST_F(Loading, RubbishOfEachByte) {
 }
 
 TEST_F(Loading, AnotherRoot) {
+    const std::string rest =
+        ": nothing is read, and all defaults stand: no log, and interfaces that welcome nobody on "
+        "ports that the system picks";
     const check::Result result = checkText("\n<zoltconfig><Speed Percent=\"0\"/></zoltconfig>");
     EXPECT_TRUE(result.starts());
-    EXPECT_EQ(linesOf(result),
-              Lines{"2:2: warning: the root element is \"zoltconfig\", not \"ZOLTConfig\": "
-                    "nothing is read, and all defaults stand: no log, and interfaces that "
-                    "welcome nobody on ports that the system picks"});
+    EXPECT_EQ(linesOf(result), Lines{"2:2: warning: the root element is \"zoltconfig\" (did you "
+                                     "mean \"ZOLTConfig\"?)" +
+                                     rest});
+    EXPECT_EQ(findings("<Settings/>"),
+              Lines{"1:2: warning: the root element is \"Settings\", not \"ZOLTConfig\"" + rest});
 }
 
 TEST_F(Loading, SeveralRoots) {

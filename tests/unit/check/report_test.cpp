@@ -72,6 +72,35 @@ TEST_F(Report, OfAFileWithWarnings) {
     EXPECT_EQ(text(warned_, {.json = false, .quiet = true, .errorsOnly = false}), findings);
 }
 
+// The daemon takes a negative pause for a long one.
+TEST_F(Report, OfASpeedOutOfRange) {
+    struct Row {
+        const char* percent;
+        const char* shown;
+        const char* pause;
+        const char* percentShown;
+    };
+    for (const Row& row : {Row{"0", "5050 microseconds per cycle (0 %)", "5050", "0"},
+                           Row{"101", "71 minutes per cycle (101 %)", "4294967247", "101"},
+                           Row{"200", "71 minutes per cycle (200 %)", "4294962248", "200"},
+                           Row{"99999999999", "35 minutes per cycle", "2147483648", "null"},
+                           Row{"-99999999999", "35 minutes per cycle", "2147483647", "null"}}) {
+        SCOPED_TRACE(row.percent);
+        const std::string file = "<ZOLTConfig><Speed Percent=\"" + std::string(row.percent) +
+                                 "\"/><Interfaces>" + kCae + "</Interfaces></ZOLTConfig>";
+        const std::string shown = text(file);
+        EXPECT_NE(shown.find("\nspeed      " + std::string(row.shown) + "\n"), std::string::npos)
+            << shown;
+        EXPECT_NE(shown.find("to them, " + std::string(row.shown) + "\nIO "), std::string::npos)
+            << shown;
+        const Json settings = json(file).at("settings");
+        for (const Json& part : {settings, settings.at("interfaces").at("CAE")}) {
+            EXPECT_EQ(part.at("pause").dump(), row.pause);
+            EXPECT_EQ(part.at("percent").dump(), row.percentShown);
+        }
+    }
+}
+
 TEST_F(Report, CountsOneWarning) {
     const std::string one = "<ZOLTConfig a=\"\">" + clean_.substr(12);
     EXPECT_NE(text(one).find("\nx.xml: zolt would start, with 1 warning\n"), std::string::npos);

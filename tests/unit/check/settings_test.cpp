@@ -27,6 +27,10 @@ TEST_F(Settings, APercentBelow1) {
     EXPECT_EQ(percent("fast"),
               Lines{"2:8: warning: Percent \"fast\" (counts as 0) is below 1: each pause lasts "
                     "5050 microseconds, longer than at 1"});
+    // The pause is at its limit.
+    EXPECT_EQ(percent("-99999999999"),
+              Lines{"2:8: warning: Percent -99999999999 is below 1: each pause lasts 35 minutes, "
+                    "longer than at 1"});
     EXPECT_EQ(percent(""),
               Lines{"2:8: warning: Percent \"\" (counts as 0) is below 1: each pause lasts 5050 "
                     "microseconds, longer than at 1"});
@@ -130,6 +134,8 @@ TEST_F(Settings, PausesBelongToPercents) {
     for (long percent = -200; percent <= 300; ++percent) {
         EXPECT_EQ(check::percentOfDelay(threadDelayOfPercent(percent)), percent);
     }
+    EXPECT_EQ(check::percentOfDelay(threadDelayOfPercent(99999999999)), std::nullopt);
+    EXPECT_EQ(check::percentOfDelay(threadDelayOfPercent(-99999999999)), std::nullopt);
 }
 
 }  // namespace

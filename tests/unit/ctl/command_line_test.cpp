@@ -62,6 +62,17 @@ TEST(CtlCommandLine, TextsAreTakenAsTheyAre) {
     EXPECT_EQ(text({"lcd", "E", "text", "0", "0", "cards"}), "cards");
     EXPECT_EQ(text({"raw", "cae", "--", "--json"}), "--json");
     EXPECT_EQ(readCommandLine({"cards", "--line-end", ""}).given.lineEnd, "");
+    EXPECT_EQ(text({"raw", "cae", "--", "--line-end="}), "--line-end=");
+}
+
+TEST(CtlCommandLine, AnEmptyValueBehindAnEqualsSignIsOne) {
+    const Invocation invocation =
+        readCommandLine({"--line-end=", "--timeout", "1", "watch", "--count=", "--for=2"});
+    EXPECT_EQ(invocation.given.lineEnd, "");
+    EXPECT_EQ(invocation.given.timeout, "1");
+    EXPECT_EQ(invocation.request.options,
+              (std::map<std::string, std::string>{{"--count", ""}, {"--for", "2"}}));
+    EXPECT_EQ(complaint({"cards", "--zz="}).substr(0, 7), "2 \"--zz");
 }
 
 TEST(CtlCommandLine, PollTakesAllAddresses) {

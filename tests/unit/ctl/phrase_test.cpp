@@ -66,9 +66,9 @@ TEST(CtlPhrase, InfraredPairsBecomeUpperCase) {
     EXPECT_EQ(match({"ir", "9", std::string(68, '4')}).fields.text.size(), 68U);
 }
 
-TEST(CtlPhrase, SpeedIsANumberThatTheDaemonJudges) {
+TEST(CtlPhrase, SpeedIsAPercentage) {
     EXPECT_EQ(match({"speed", "050"}).fields.text, "50");
-    EXPECT_EQ(match({"speed", "101"}).fields.text, "101");
+    EXPECT_EQ(match({"speed", "100"}).fields.text, "100");
 }
 
 TEST(CtlPhrase, WrongArgumentsAreNamed) {
@@ -91,7 +91,7 @@ TEST(CtlPhrase, WrongArgumentsAreNamed) {
         {{"lcd", "E", "text", "256", "0", "x"}, "2 \"256\" is no column: 0 to 255"},
         {{"lcd", "E", "text", "0", "-1", "x"}, "2 \"-1\" is no row: 0 to 255"},
         {{"lcd", "E", "text", "0", "0", "12345678901234567890123456789012"},
-         "2 \"12345678901234567890123456789012\" is no text for an LCD: at most 31 characters"},
+         "2 \"12345678901234567890123456789012\" is no text for an LCD: at most 31 bytes"},
         {{"ir", "9", "434"}, "2 \"434\" is no IR stream: 1 to 34 pairs of hexadecimal digits"},
         {{"ir", "9", ""}, "2 \"\" is no IR stream: 1 to 34 pairs of hexadecimal digits"},
         {{"ir", "9", "4x"}, "2 \"4x\" is no IR stream: 1 to 34 pairs of hexadecimal digits"},
