@@ -3,7 +3,6 @@
 #include <thread>
 
 #include "tests/faults/fault_test.h"
-#include "tests/support/files.h"
 #include "tests/support/wait.h"
 
 namespace {
@@ -48,13 +47,6 @@ class ClientPace : public FaultTest {
         RecordProperty(name + "_milliseconds", static_cast<int>(value.count()));
     }
 };
-
-/// Sockets of this network keep little, so that a client that does not read is
-/// felt after a few reports.
-void keepSocketBuffersSmall() {
-    support::writeFile("/proc/sys/net/ipv4/tcp_wmem", "4096 4096 4096\n");
-    support::writeFile("/proc/sys/net/ipv4/tcp_rmem", "4096 4096 4096\n");
-}
 
 TEST_F(ClientPace, OneThatNeverReadsHoldsUpNobodyElse) {
     keepSocketBuffersSmall();

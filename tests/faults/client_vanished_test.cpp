@@ -6,9 +6,18 @@
 namespace {
 
 using support::Clock;
+using support::waitUntil;
+
+/// Longer than the daemon may take to let a client go.
+constexpr std::chrono::seconds kLongPatience{150};
 
 class ClientVanished : public FaultTest {
   protected:
+    /// How often clients have gone from an interface so far.
+    long ends(const std::string& name) const {
+        return timesLogged("[INF] connection is closed by client on " + name + " interface");
+    }
+
     void recordSeconds(const std::string& name, Clock::time_point start) {
         const auto seconds =
             std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start).count();
@@ -26,20 +35,12 @@ TEST_F(ClientVanished, FreesTheInterfaceWithinTwoMinutes) {
     console().vanish();
     io().send("Z\r\n");
     ASSERT_EQ(monitor.receiveUntil("Z\r\n\r"), "Z\r\n\r");
-    ASSERT_TRUE(support::waitUntil([this] { return io().peerHasReadAll(); }));
+    ASSERT_TRUE(waitUntil([this] { return io().peerHasReadAll(); }));
     io().vanish();
-    constexpr std::chrono::seconds kLongPatience{150};
-    const auto waitForEnd = [&](const std::string& name) {
-        ASSERT_TRUE(support::waitUntil(
-            [&] {
-                return timesLogged("[INF] connection is closed by client on " + name +
-                                   " interface") > 0;
-            },
-            kLongPatience));
+    for (const std::string name : {"CAE", "IO"}) {
+        ASSERT_TRUE(waitUntil([&] { return ends(name) > 0; }, kLongPatience));
         recordSeconds(name + "_seconds", start);
-    };
-    waitForEnd("CAE");
-    waitForEnd("IO");
+    }
     EXPECT_EQ(monitor.receive(), "");
     EXPECT_FALSE(monitor.closedByPeer()) << "a living client is left alone";
     io_.reset();
@@ -47,6 +48,62 @@ TEST_F(ClientVanished, FreesTheInterfaceWithinTwoMinutes) {
     expectFullRound();
     EXPECT_NE(monitor.receive(), "");
     monitor.reset();
+    expectServesAsBefore();
+}
+
+/// Three that live: one takes nothing, one takes little at a time, and one is idle.
+TEST_F(ClientVanished, ALivingOneIsLetGoOnlyWhenItTakesNothing) {
+    keepSocketBuffersSmall();
+    startServing();
+    bus_->control("set 3 0 00");
+    ASSERT_TRUE(reported("a3b0d00"));
+    auto slow = greeted(support::kMonPort);
+    io_.reset();
+    const auto stalled = greeted(support::kIoPort);
+    const long endsBefore = ends("IO");
+    const auto start = Clock::now();
+    // More than the sockets keep, and more than the slow one takes meanwhile.
+    constexpr unsigned kReports = 900;
+    std::string expected;
+    for (unsigned i = 0; i < kReports; ++i) {
+        const std::string value = hexByte(1 + i % 2);
+        bus_->control("fault answer 21 03 " + value + " 00 at 3 for poll once");
+        expected += "a3b0d" + value + "\r\n\r";
+    }
+    ASSERT_TRUE(faultsHaveStruck());
+    expected += "a3b0d00\r\n\r";
+
+    constexpr std::chrono::seconds kPace{1};
+    constexpr std::size_t kTaken = 40;
+    std::string got;
+    auto next = Clock::now();
+    ASSERT_TRUE(waitUntil(
+        [&] {
+            if (Clock::now() >= next) {
+                got += slow.receive(kTaken);
+                next += kPace;
+            }
+            return ends("IO") > endsBefore;
+        },
+        kLongPatience));
+    recordSeconds("stalled_seconds", start);
+    EXPECT_LT(got.size(), expected.size()) << "there was not always something to take";
+    EXPECT_EQ(ends("MON"), 0);
+    EXPECT_EQ(ends("CAE"), 0);
+    EXPECT_NE(answered("DRVVER", "1.20"), "");
+    waitUntil([&] {
+        got += slow.receive();
+        return got.size() >= expected.size() || slow.closedByPeer();
+    });
+    EXPECT_EQ(got, expected);
+    EXPECT_FALSE(slow.closedByPeer());
+
+    // What waited for the one that was let go is for the next.
+    std::string left;
+    io_ = greeted(support::kIoPort, &left);
+    EXPECT_NE(left, "");
+    EXPECT_TRUE(expected.ends_with(left)) << left;
+    slow.reset();
     expectServesAsBefore();
 }
 

@@ -155,6 +155,11 @@ std::string FaultTest::answered(const std::string& line, const std::string& part
     return got;
 }
 
+void FaultTest::keepSocketBuffersSmall() {
+    support::writeFile("/proc/sys/net/ipv4/tcp_wmem", "4096 4096 4096\n");
+    support::writeFile("/proc/sys/net/ipv4/tcp_rmem", "4096 4096 4096\n");
+}
+
 void FaultTest::sendOutput(unsigned low) {
     io().send("a5b1d" + hexByte(low) + "\r\n");
 }

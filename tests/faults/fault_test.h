@@ -52,6 +52,10 @@ class FaultTest : public ::testing::Test {
     /// in it is complete; errors of IO that wait there come first.
     std::string answered(const std::string& line, const std::string& part);
 
+    /// From now on sockets of this network keep little, so that a client that does
+    /// not read is felt after a few reports.
+    static void keepSocketBuffersSmall();
+
     /// Sends an output to card 5; `low` is its second block.
     void sendOutput(unsigned low);
     /// Waits until that is what the card shows.

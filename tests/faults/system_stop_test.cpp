@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <sstream>
 #include <stdexcept>
@@ -15,6 +16,7 @@
 
 namespace {
 
+using support::Clock;
 using support::waitUntil;
 
 constexpr const char* kStopped = "[INF] zolt is stopped by SIGTERM or SIGINT";
@@ -24,8 +26,7 @@ pid_t daemonOf(pid_t parent) {
     const std::string program = support::DaemonProcess::defaultProgram();
     const std::string number = std::to_string(parent);
     const std::string children = "/proc/" + number + "/task/" + number + "/children";
-    for (const auto start = support::Clock::now();
-         support::Clock::now() < start + support::kPatience;) {
+    for (const auto start = Clock::now(); Clock::now() < start + support::kPatience;) {
         std::istringstream list(support::readFile(children));
         if (pid_t child = 0; list >> child) return child;
         // The parent may have ended already, and the daemon be a child of ours.
@@ -60,6 +61,25 @@ class SystemStop : public FaultTest {
         startDaemon();
     }
 
+    /// How a daemon ends that gets SIGTERM in the midst of its start, once
+    /// `awaitMoment` returns.
+    static std::string endOfAStart(const std::function<void()>& awaitMoment) {
+        const std::string program = support::DaemonProcess::defaultProgram();
+        const pid_t parent = support::spawn({program}, {});
+        const pid_t daemon = daemonOf(parent);
+        awaitMoment();
+        ::kill(daemon, SIGTERM);
+        support::reap(parent);
+        const auto end = support::reap(daemon);
+        // A shell that it has just forked still looks like a daemon, and is ours now.
+        EXPECT_TRUE(waitUntil([&] { return support::childrenRunning(program).empty(); }));
+        return end ? support::describeWaitStatus(*end) : "still running";
+    }
+
+    std::size_t logLines() const {
+        return support::splitLines(support::readFile(settings_.logFile)).size();
+    }
+
     static void sendAndAwaitReading(support::TcpClient& client, const std::string& line) {
         client.send(line);
         ASSERT_TRUE(waitUntil([&] { return client.peerHasReadAll(); }));
@@ -72,31 +92,29 @@ TEST_F(SystemStop, AtEveryStageOfTheStart) {
     support::writeConfiguration(settings_.toXml());
     useAllProcessors();
     std::map<std::string, int> ends;
-    constexpr int kSteps = 60;
-    for (int step = 0; step < kSteps; ++step) {
-        // Microseconds first, since the first stages last no longer, then milliseconds.
-        const auto delay = step < kSteps / 2
-                               ? std::chrono::microseconds(20 * step)
-                               : std::chrono::microseconds(2000 * (step - kSteps / 2));
-        const pid_t parent = support::spawn({support::DaemonProcess::defaultProgram()}, {});
-        const pid_t daemon = daemonOf(parent);
-        const auto start = support::Clock::now();
-        while (support::Clock::now() < start + delay) {
-        }
-        ::kill(daemon, SIGTERM);
-        ASSERT_TRUE(support::reap(parent).has_value());
-        const auto end = support::reap(daemon);
-        ASSERT_TRUE(end.has_value()) << "still running, signal after " << delay.count() << " us";
-        ++ends[support::describeWaitStatus(*end)];
-        // A shell that it has just forked still looks like a daemon, and is ours now.
-        ASSERT_TRUE(support::waitUntil([] {
-            return support::childrenRunning(support::DaemonProcess::defaultProgram()).empty();
-        }));
+    // Microseconds first, since the first stages last no longer, then from line to
+    // line of the log: a start writes twelve.
+    constexpr int kDelays = 30;
+    constexpr std::size_t kLines = 12;
+    for (int step = 0; step < kDelays; ++step) {
+        const std::chrono::microseconds delay(20 * step);
+        ++ends[endOfAStart([delay] {
+            for (const auto start = Clock::now(); Clock::now() < start + delay;) {
+            }
+        })];
     }
     // Before its handlers are there the signal simply ends it.
-    EXPECT_EQ(ends["signal 15"] + ends["status 0"], kSteps) << ::testing::PrintToString(ends);
-    EXPECT_EQ(timesLogged(kStopped), ends["status 0"]);
+    EXPECT_EQ(ends["signal 15"] + ends["status 0"], kDelays) << ::testing::PrintToString(ends);
     RecordProperty("before_the_handlers", ends["signal 15"]);
+    for (std::size_t line = 1; line <= kLines; ++line) {
+        const std::size_t awaited = logLines() + line;
+        const std::string end = endOfAStart([&] {
+            ASSERT_TRUE(waitUntil([&] { return logLines() >= awaited; })) << "line " << line;
+        });
+        EXPECT_EQ(end, "status 0") << "behind line " << line;
+        ++ends[end];
+    }
+    EXPECT_EQ(timesLogged(kStopped), ends["status 0"]);
     settings_.discover = false;
     startServing();
     expectServesAsBefore();
@@ -151,8 +169,7 @@ TEST_F(SystemStop, DuringThePausesOfTheConsole) {
 }
 
 TEST_F(SystemStop, WhileAClientDoesNotRead) {
-    support::writeFile("/proc/sys/net/ipv4/tcp_wmem", "4096 4096 4096\n");
-    support::writeFile("/proc/sys/net/ipv4/tcp_rmem", "4096 4096 4096\n");
+    keepSocketBuffersSmall();
     startServing();
     for (int i = 0; i < 20; ++i) console().send("HELP\r\n");
     ASSERT_TRUE(waitUntil([this] { return console().peerHasReadAll(); }));

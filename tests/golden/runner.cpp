@@ -30,13 +30,18 @@ class Check {
         : dialogue_(dialogue), listener_(listener), stage_(dialogue.setup()) {}
 
     Outcome run() {
-        for (const auto& step : dialogue_.steps()) {
-            if (!play(step)) return outcome();
+        const auto& steps = dialogue_.steps();
+        if (std::all_of(steps.begin(), steps.end(),
+                        [this](const Step& step) { return play(step); })) {
+            stage_.waitForReads();
+            watch(Clock::now() + kEndQuiet, [] { return false; });
         }
-        stage_.waitForReads();
-        watch(Clock::now() + kEndQuiet, [] { return false; });
-        if (failure_.empty()) failure_ = stage_.finish();
-        return outcome();
+        const bool tooSlow = machineTooSlow();
+        const std::string frames = stage_.frameLog();
+        const std::string faults = stage_.finish();
+        failure_ += faults;
+        if (failure_.empty()) return {};
+        return {report(frames), tooSlow && faults.empty() && !endedOtherwise_};
     }
 
   private:
@@ -69,6 +74,7 @@ class Check {
                 listener_.item(item);
                 came_.push_back(item);
                 if (isTimeout(item)) ++timeouts_;
+                if (item.channel == "exit") endedOtherwise_ = !expectedNow(item);
                 const auto problem = comparer_.take(item);
                 if (problem && failure_.empty()) failure_ = *problem + "\n";
             }
@@ -77,14 +83,21 @@ class Check {
         } while (Clock::now() < deadline);
     }
 
-    Outcome outcome() const {
-        if (failure_.empty()) return {};
-        std::string report = dialogue_.name() + ":" + std::to_string(step_->line) + ": after \"" +
-                             step_->text() + "\"\n" + failure_ + "  what came in this step:\n";
-        for (const auto& item : came_) report += "    " + writeItem(item) + "\n";
-        return {report + "  last frames on the bus:\n" + stage_.frameLog(),
-                timeouts_ > timeoutsExpected_ ||
-                    support::longestWait(waitsBefore_, support::processorWaits()) > kLongWait};
+    bool expectedNow(const Item& item) const {
+        const auto& expected = step_->expected;
+        return std::find(expected.begin(), expected.end(), item) != expected.end();
+    }
+
+    bool machineTooSlow() const {
+        return timeouts_ > timeoutsExpected_ ||
+               support::longestWait(waitsBefore_, support::processorWaits()) > kLongWait;
+    }
+
+    std::string report(const std::string& frames) const {
+        std::string text = dialogue_.name() + ":" + std::to_string(step_->line) + ": after \"" +
+                           step_->text() + "\"\n" + failure_ + "  what came in this step:\n";
+        for (const auto& item : came_) text += "    " + writeItem(item) + "\n";
+        return text + "  last frames on the bus:\n" + frames;
     }
 
     const Dialogue& dialogue_;
@@ -97,6 +110,7 @@ class Check {
     support::ProcessorWaits waitsBefore_;
     std::ptrdiff_t timeouts_ = 0;
     std::ptrdiff_t timeoutsExpected_ = 0;
+    bool endedOtherwise_ = false;
 };
 
 }  // namespace

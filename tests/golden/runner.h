@@ -21,7 +21,8 @@ struct Outcome {
     std::string failure;
     /// The daemon gave up an answer that the simulated bus did give, or a thread
     /// waited long for a processor: the machine was too slow for the daemon's time
-    /// limits, and the failure may come from that.
+    /// limits, and the failure may come from that. Never when the daemon ended
+    /// other than the dialogue says or printed an error: no machine is so slow.
     bool machineTooSlow = false;
 };
 

@@ -192,10 +192,8 @@ void Stage::collectEnd(std::vector<Item>& items) {
 std::string Stage::finish() {
     stopping_ = true;
     std::string problems;
-    if (started_) {
-        const std::string end = daemon_.running() ? daemon_.stop() : daemon_.standardError();
-        problems += end;
-    }
+    // A status that has been collected has been judged.
+    if (started_) problems += endReported_ ? daemon_.standardError() : daemon_.stop();
     if (bus_) problems += bus_->stop();
     return problems;
 }

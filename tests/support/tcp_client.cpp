@@ -5,6 +5,7 @@
 #include <netinet/tcp.h>
 #include <sys/socket.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <stdexcept>
@@ -56,11 +57,12 @@ void TcpClient::send(std::string_view bytes) {
     if (sent != static_cast<ssize_t>(bytes.size())) fail("send");
 }
 
-std::string TcpClient::receive() {
+std::string TcpClient::receive(std::size_t most) {
     std::string bytes;
     std::array<char, 4096> buffer{};
-    while (!closedByPeer_) {
-        const auto count = ::recv(socket_.get(), buffer.data(), buffer.size(), MSG_DONTWAIT);
+    while (!closedByPeer_ && bytes.size() < most) {
+        const auto wanted = std::min(buffer.size(), most - bytes.size());
+        const auto count = ::recv(socket_.get(), buffer.data(), wanted, MSG_DONTWAIT);
         if (count < 0 && (errno == EAGAIN || errno == EINTR)) break;
         if (count <= 0) {
             closedByPeer_ = true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -21,8 +22,8 @@ class TcpClient {
 
     /// Sends the bytes in one packet; throws std::runtime_error on failure.
     void send(std::string_view bytes);
-    /// What has come since the last call.
-    std::string receive();
+    /// What has come since the last call, or the first `most` bytes of it.
+    std::string receive(std::size_t most = std::string::npos);
     /// What comes until it ends in `end`, or until `patience` has passed.
     std::string receiveUntil(std::string_view end, std::chrono::milliseconds patience = kPatience);
     /// True once the other side has closed or reset the connection; known after
