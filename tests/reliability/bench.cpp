@@ -12,6 +12,19 @@ const std::string& prepared(const std::string& busText, const support::DaemonSet
     return busText;
 }
 
+/// What FORCEDISCOVER has to answer on the bus of the traffic.
+std::string trafficBusList() {
+    return consoleReply({"FORCED DISCOVER LIST:", "DTI:0x0:6 channel RC SERVO CONTROLLER",
+                         "DTI:0x1:16 channel DIGITAL INPUT", "DTI:0x2:16 channel DIGITAL INPUT",
+                         "DTI:0x3:16 channel DIGITAL INPUT", "DTI:0x4:16 channel DIGITAL INPUT",
+                         "DTI:0x5:16 channel DIGITAL OUTPUT", "DTI:0x6:16 channel DIGITAL INPUT",
+                         "DTI:0x7:16 channel DIGITAL INPUT", "DTI:0x8:KEYMX and ROTE CONTROLLER",
+                         "DTI:0x9:IR REMOTE CONTROLLER", "DTI:0xA:3 channel DC MOTOR CONTROLLER",
+                         "DTI:0xB:16 channel DIGITAL INPUT", "DTI:0xC:16 channel DIGITAL INPUT",
+                         "DTI:0xD:EMPTY", "DTI:0xE:ALPHANUMERIC LCD CONTROLLER",
+                         "DTI:0xF:6 channel ANALOGUE INPUT"});
+}
+
 }  // namespace
 
 Bench::Bench(const support::DaemonSettings& settings, const std::string& busText)
@@ -72,6 +85,23 @@ void Bench::findLink() {
     }
 }
 
+void Bench::findCards() {
+    const std::string wanted = trafficBusList();
+    std::string got;
+    const auto deadline = support::Clock::now() + kHang;
+    while (got.find(wanted) == std::string::npos) {
+        if (support::Clock::now() > deadline) throw Failure("not every card is found: " + got);
+        cae_.take();
+        cae_.send("FORCEDISCOVER\r\n");
+        await("the console's answer to FORCEDISCOVER", [this] {
+            const std::string& text = cae_.received();
+            const auto list = text.find("FORCED DISCOVER LIST:");
+            return list != std::string::npos && text.find(">\r\n\r", list) != std::string::npos;
+        });
+        got = cae_.take();
+    }
+}
+
 void Bench::stop() {
     if (const auto problems = daemon_.stop(); !problems.empty()) throw Failure(problems);
 }
@@ -80,18 +110,6 @@ std::string consoleReply(const std::vector<std::string>& lines) {
     std::string text;
     for (const auto& line : lines) text += line + "\r\n\r";
     return text + ">\r\n\r";
-}
-
-std::string trafficBusList() {
-    return consoleReply({"FORCED DISCOVER LIST:", "DTI:0x0:6 channel RC SERVO CONTROLLER",
-                         "DTI:0x1:16 channel DIGITAL INPUT", "DTI:0x2:16 channel DIGITAL INPUT",
-                         "DTI:0x3:16 channel DIGITAL INPUT", "DTI:0x4:16 channel DIGITAL INPUT",
-                         "DTI:0x5:16 channel DIGITAL OUTPUT", "DTI:0x6:16 channel DIGITAL INPUT",
-                         "DTI:0x7:16 channel DIGITAL INPUT", "DTI:0x8:KEYMX and ROTE CONTROLLER",
-                         "DTI:0x9:IR REMOTE CONTROLLER", "DTI:0xA:3 channel DC MOTOR CONTROLLER",
-                         "DTI:0xB:16 channel DIGITAL INPUT", "DTI:0xC:16 channel DIGITAL INPUT",
-                         "DTI:0xD:EMPTY", "DTI:0xE:ALPHANUMERIC LCD CONTROLLER",
-                         "DTI:0xF:6 channel ANALOGUE INPUT"});
 }
 
 }  // namespace reliability

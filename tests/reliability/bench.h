@@ -41,6 +41,10 @@ class Bench {
     /// Waits until a card answers: then the link stands, and requests to cards that
     /// were typed before have been worked off.
     void findLink();
+    /// Discovers the cards anew until the console lists every card of the
+    /// traffic's bus: it looks one second after it has asked, and a busy machine may
+    /// take longer.
+    void findCards();
 
     /// Starts a daemon after stop. Throws Failure.
     void start();
@@ -68,8 +72,5 @@ class Bench {
 
 /// Reply lines as the console sends them, with its prompt at the end.
 std::string consoleReply(const std::vector<std::string>& lines);
-
-/// What FORCEDISCOVER has to answer on the bus of the traffic.
-std::string trafficBusList();
 
 }  // namespace reliability

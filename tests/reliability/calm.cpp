@@ -90,7 +90,7 @@ class Calm {
             stage_.bus().control("turn F " + std::string(channel) + " 0");
         }
         stage_.bus().control("key 8 0");
-        stage_.ask("FORCEDISCOVER", trafficBusList());
+        stage_.findCards();
         stage_.setCardsKnown(true);
     }
 

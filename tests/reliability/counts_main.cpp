@@ -86,7 +86,7 @@ Outcome run(std::size_t count, std::size_t percent) {
     bench.io().take();
     bench.mon().take();
     bench.findLink();
-    bench.ask("FORCEDISCOVER", trafficBusList());
+    bench.findCards();
     const auto begin = Clock::now();
     play(bench, traffic);
     const auto took = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - begin);
