@@ -3,6 +3,7 @@
 #include <linux/filter.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <poll.h>
 #include <sys/socket.h>
 
 #include <array>
@@ -69,6 +70,11 @@ std::string TcpClient::receive() {
         }
     }
     return bytes;
+}
+
+bool TcpClient::waitReadable(std::chrono::milliseconds patience) const {
+    pollfd event{socket_.get(), POLLIN, 0};
+    return ::poll(&event, 1, static_cast<int>(patience.count())) > 0;
 }
 
 std::string TcpClient::receiveUntil(std::string_view end, std::chrono::milliseconds patience) {
