@@ -61,7 +61,11 @@ int main(int argc, char** argv) {
     app.add_option("--daemon", options.daemons, "the daemon, [NAME=]PATH; may come several times")
         ->allow_extra_args(false);
     app.add_option("--json", options.json, "where the values go")->take_last();
-    CLI11_PARSE(app, argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : 2;
+    }
     try {
         return measure(options);
     } catch (const std::exception& error) {
