@@ -49,9 +49,9 @@ std::string DaemonSettings::toXml() const {
     std::ostringstream xml;
     xml << "<?xml version=\"1.0\"?>\n<ZOLTConfig>\n"
         << "  <Debuglog File=\"" << escapeAttribute(logFile) << "\" Loglevel=\"" << logLevel
-        << "\"/>\n"
-        << "  <Speed Percent=\"" << percent << "\"/>\n"
-        << "  <InitPollState Action=\"" << trueOrFalse(polling) << "\"/>\n"
+        << "\"/>\n";
+    if (percent) xml << "  <Speed Percent=\"" << *percent << "\"/>\n";
+    xml << "  <InitPollState Action=\"" << trueOrFalse(polling) << "\"/>\n"
         << "  <AutoDiscover Action=\"" << trueOrFalse(discover) << "\"/>\n"
         << "  <Interfaces>\n"
         << interfaceXml("IO", io) << interfaceXml("CAE", cae) << interfaceXml("MON", mon)

@@ -25,7 +25,8 @@ struct InterfaceSettings {
 struct DaemonSettings {
     std::string logFile = defaultLogFile();
     int logLevel = 1;
-    int percent = 50;
+    /// Without a value the setting is left out.
+    std::optional<int> percent = 50;
     bool polling = false;
     bool discover = false;
     InterfaceSettings io{kIoPort};

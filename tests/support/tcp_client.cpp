@@ -3,6 +3,7 @@
 #include <linux/filter.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <poll.h>
 #include <sys/socket.h>
 
 #include <algorithm>
@@ -71,6 +72,11 @@ std::string TcpClient::receive(std::size_t most) {
         }
     }
     return bytes;
+}
+
+bool TcpClient::waitReadable(std::chrono::milliseconds patience) const {
+    pollfd event{socket_.get(), POLLIN, 0};
+    return ::poll(&event, 1, static_cast<int>(patience.count())) > 0;
 }
 
 std::string TcpClient::receiveUntil(std::string_view end, std::chrono::milliseconds patience) {

@@ -24,6 +24,9 @@ class TcpClient {
     void send(std::string_view bytes);
     /// What has come since the last call, or the first `most` bytes of it.
     std::string receive(std::size_t most = std::string::npos);
+    /// Waits until there is something to receive, or the other side has closed;
+    /// false when `patience` passes first.
+    bool waitReadable(std::chrono::milliseconds patience = kPatience) const;
     /// What comes until it ends in `end`, or until `patience` has passed.
     std::string receiveUntil(std::string_view end, std::chrono::milliseconds patience = kPatience);
     /// True once the other side has closed or reset the connection; known after

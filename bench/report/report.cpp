@@ -1,0 +1,87 @@
+#include "bench/report/report.h"
+
+#include "bench/report/figures.h"
+
+namespace bench {
+namespace {
+
+constexpr double kMicroseconds = 1e6;
+
+// Round by round: the daemon's value and one of the bare loop's.
+template <typename Function>
+void addPerRound(Report& report, const std::string& target, const std::string& label,
+                 const Results::Rounds& own, const Results::Rounds& other, Function function) {
+    if (own.size() != other.size()) return;
+    for (std::size_t i = 0; i < own.size(); ++i) {
+        report.results.add(target, label, function(own[i], other[i]));
+    }
+}
+
+void addShares(Report& report, const std::string& label, const std::string& bareLoop) {
+    for (const unsigned cards : kShareCards) {
+        const std::string key = scansKey(cards);
+        const auto own = report.results.rounds(key, label);
+        for (const double scans : own) {
+            report.results.add(key + ".wire", label, 100 * scans / wireScans(cards));
+        }
+        const auto floor = report.results.rounds(key, bareLoop);
+        addPerRound(report, key + ".bare", label, own, floor,
+                    [](double scans, double most) { return 100 * scans / most; });
+    }
+}
+
+void addCardCost(Report& report, const std::string& label) {
+    const auto one = report.results.rounds(scansKey(1), label);
+    const auto sixteen = report.results.rounds(scansKey(16), label);
+    addPerRound(report, "card.cost", label, one, sixteen, [](double first, double all) {
+        return (kMicroseconds / all - kMicroseconds / first) / 15;
+    });
+}
+
+// The bare loop does nothing but write and attempt to read: what an exchange takes of
+// a processor there it takes at least.
+void addBusyWait(Report& report, const std::string& label, const std::string& bareLoop) {
+    for (const char* speed : kRestSpeeds) {
+        const std::string key = std::string("rest.sixteen.") + speed;
+        const auto exchanges = report.results.rounds(key + ".exchanges", label);
+        const auto floor = report.results.rounds("exchange.cpu", bareLoop);
+        addPerRound(
+            report, key + ".busywait", label, exchanges, floor,
+            [](double perSecond, double each) { return 100 * perSecond * each / kMicroseconds; });
+        const auto processor = report.results.rounds(key + ".cpu", label);
+        const auto busy = report.results.rounds(key + ".busywait", label);
+        addPerRound(report, key + ".above", label, processor, busy,
+                    [](double all, double wait) { return all - wait; });
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> Report::labelsOf(Role role) const {
+    std::vector<std::string> labels;
+    for (const Contestant& contestant : contestants) {
+        if (contestant.role == role) labels.push_back(contestant.label);
+    }
+    return labels;
+}
+
+std::optional<std::string> Report::labelOf(Role role) const {
+    const auto labels = labelsOf(role);
+    if (labels.empty()) return std::nullopt;
+    return labels.front();
+}
+
+void addDerived(Report& report) {
+    const std::string bareLoop = report.labelOf(Role::kBareLoop).value_or("");
+    for (const Contestant& contestant : report.contestants) {
+        addShares(report, contestant.label, bareLoop);
+        addCardCost(report, contestant.label);
+        addBusyWait(report, contestant.label, bareLoop);
+    }
+}
+
+double wireScans(unsigned cards) {
+    return kMicroseconds / (kWirePoll * cards);
+}
+
+}  // namespace bench

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+#include "bench/system/command_sender.h"
+#include "sim/text.h"
+#include "sim/wire.h"
+
+namespace bench {
+
+/// A digital input card at every address.
+inline std::string sixteenInputs() {
+    std::string text;
+    for (std::uint8_t card = 0; card < sim::wire::kAddressCount; ++card) {
+        text += sim::hexDigit(card) + " digital-input\n";
+    }
+    return text;
+}
+
+/// The same with a digital output card in place of one of them.
+inline std::string fifteenInputs() {
+    std::string text;
+    for (std::uint8_t card = 0; card < sim::wire::kAddressCount; ++card) {
+        text +=
+            sim::hexDigit(card) + (card == kOutputCard ? " digital-output\n" : " digital-input\n");
+    }
+    return text;
+}
+
+}  // namespace bench

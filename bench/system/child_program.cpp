@@ -1,0 +1,42 @@
+#include "bench/system/child_program.h"
+
+#include <fcntl.h>
+#include <signal.h>
+
+#include "tests/support/child_process.h"
+#include "tests/support/files.h"
+#include "tests/support/private_view.h"
+#include "tests/support/unique_fd.h"
+
+namespace bench {
+namespace {
+
+std::filesystem::path errorFile() {
+    return support::workFolder() / "contestant.errors";
+}
+
+}  // namespace
+
+ChildProgram::ChildProgram(const std::vector<std::string>& command, const Placement& placement) {
+    const support::UniqueFd errors(
+        ::open(errorFile().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644));
+    support::StandardStreams streams;
+    streams.error = errors.get();
+    placement.asContestant();
+    number_ = support::spawn(command, streams);
+    placement.asClient();
+}
+
+ChildProgram::~ChildProgram() {
+    constexpr std::chrono::seconds kPatience{3};
+    ::kill(number_, SIGTERM);
+    if (support::reap(number_, kPatience)) return;
+    ::kill(number_, SIGKILL);
+    support::reap(number_);
+}
+
+std::string ChildProgram::errors() const {
+    return support::readFile(errorFile());
+}
+
+}  // namespace bench

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "bench/system/slave.h"
+#include "tests/support/daemon_process.h"
+#include "tests/support/tcp_client.h"
+
+namespace bench {
+
+/// A daemon with a client on IO and one on the console, from its start to its end.
+class DaemonSession {
+  public:
+    /// Returns when both are served and the bus of the slave, if there is one, is
+    /// discovered. Without `percent` the configuration names no speed. Throws Failure.
+    DaemonSession(const std::string& program, std::optional<int> percent, const Slave* slave,
+                  const Placement& placement);
+
+    support::TcpClient& io() { return *io_; }
+    pid_t number() const { return daemon_.number(); }
+
+    /// A command of the console; throws Failure unless the answer is this line.
+    void ask(const std::string& command, const std::string& line);
+    void setSpeed(int percent);
+    /// Polls the cards from address 0 on, and no other of the sixteen.
+    void setPolled(unsigned cards);
+    void setPolling(bool on);
+
+    /// Ends it; throws Failure when it does not end as it should.
+    void stop();
+
+    /// Seconds from its start.
+    double untilServed() const { return served_; }
+    double untilDiscovered() const { return discovered_; }
+
+  private:
+    void connectClients(Time begin);
+    void awaitDiscovery(Time begin, const Slave& slave);
+
+    support::DaemonProcess daemon_;
+    std::optional<support::TcpClient> io_;
+    std::optional<support::TcpClient> cae_;
+    double served_ = 0;
+    double discovered_ = 0;
+};
+
+/// How often the daemon that was started last has lost its link since it found it.
+std::size_t linkLosses();
+
+}  // namespace bench

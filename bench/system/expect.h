@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "bench/system/slave.h"
+#include "tests/support/tcp_client.h"
+
+namespace bench {
+
+/// How long anything may take before it counts as lost.
+inline constexpr std::chrono::seconds kLost{10};
+
+/// Waits until exactly `bytes` have come and returns when that was. Throws Failure
+/// when others come, or nothing does.
+Time expect(support::TcpClient& client, const std::string& bytes);
+
+double microsecondsBetween(Time from, Time to);
+double secondsBetween(Time from, Time to);
+
+}  // namespace bench

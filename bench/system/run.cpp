@@ -1,0 +1,139 @@
+#include "bench/system/run.h"
+
+#include <arpa/inet.h>
+#include <net/if.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstring>
+#include <ostream>
+
+#include "bench/system/expect.h"
+#include "bench/system/failure.h"
+#include "bench/system/machine.h"
+#include "bench/system/noise_watch.h"
+#include "bench/system/trial.h"
+#include "tests/support/private_view.h"
+#include "tests/support/unique_fd.h"
+
+namespace bench {
+namespace {
+
+// A machine that gives the daemon no processor for the time of an answer costs it
+// the link, and with it what was under way; that says nothing about the daemon.
+constexpr int kAttempts = 5;
+
+class Run {
+  public:
+    Run(const std::vector<Contestant>& contestants, const Effort& effort, std::ostream& progress)
+        : effort_(effort), progress_(progress) {
+        report_.contestants = contestants;
+    }
+
+    Report play() {
+        const Time begin = Clock::now();
+        report_.date = dateNow();
+        report_.rounds = effort_.rounds;
+        report_.machine = thisMachine();
+        report_.machine.placement = placement_.describe();
+        for (unsigned round = 1; round <= effort_.rounds; ++round) {
+            for (const Stretch& stretch : kStretches) {
+                progress_ << "round " << round << " of " << effort_.rounds << ": " << stretch.name
+                          << std::endl;
+                for (const Contestant& contestant : report_.contestants) {
+                    attempt(contestant, stretch);
+                }
+            }
+        }
+        report_.seconds = secondsBetween(begin, Clock::now());
+        report_.noise = noise_.noise();
+        report_.lateness = {static_cast<double>(lateness_.count()), lateness_.percentile(50),
+                            lateness_.percentile(99)};
+        addDerived(report_);
+        return report_;
+    }
+
+  private:
+    struct Stretch {
+        const char* name;
+        void (Trial::*perform)();
+    };
+    static constexpr std::array kStretches{Stretch{"inputs", &Trial::inputs},
+                                           Stretch{"commands", &Trial::commands},
+                                           Stretch{"rest", &Trial::rest}};
+
+    void attempt(const Contestant& contestant, const Stretch& stretch) {
+        for (int attempt = 1;; ++attempt) {
+            Trial trial(contestant, effort_, placement_, random_);
+            noise_.begin();
+            try {
+                (trial.*stretch.perform)();
+                finish(contestant, trial);
+                return;
+            } catch (const Failure& failure) {
+                const std::string what = contestant.label + ", " + stretch.name + ": ";
+                if (!countLosses(contestant) || attempt == kAttempts) {
+                    throw Failure(what + failure.what());
+                }
+                progress_ << what << failure.what() << "; the link was lost, so once more"
+                          << std::endl;
+            }
+        }
+    }
+
+    void finish(const Contestant& contestant, const Trial& trial) {
+        noise_.end();
+        countLosses(contestant);
+        report_.results.add(trial.results());
+        lateness_.add(trial.lateness());
+    }
+
+    bool countLosses(const Contestant& contestant) {
+        if (contestant.role != Role::kDaemon) return false;
+        const std::size_t losses = linkLosses();
+        report_.results.add("link.losses", contestant.label, static_cast<double>(losses));
+        return losses > 0;
+    }
+
+    const Effort& effort_;
+    std::ostream& progress_;
+    const Placement placement_;
+    RandomTimes random_;
+    NoiseWatch noise_;
+    Histogram lateness_;
+    Report report_;
+};
+
+// The gateway opens a port only on a machine with an address besides 127.0.0.1; this
+// one is reserved for examples.
+void addNetworkAddress() {
+    const support::UniqueFd socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    ifreq request{};
+    std::strncpy(request.ifr_name, "lo:1", IFNAMSIZ - 1);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    ::inet_pton(AF_INET, "192.0.2.1", &address.sin_addr);
+    std::memcpy(&request.ifr_addr, &address, sizeof address);
+    if (::ioctl(socket.get(), SIOCSIFADDR, &request) != 0) {
+        throw Failure("the loopback interface gets no second address");
+    }
+}
+
+}  // namespace
+
+Report run(const std::vector<Contestant>& contestants, const Effort& effort,
+           std::ostream& progress) {
+    if (::getpid() != 1) {
+        throw Failure("start it by 'tools/private-view --isolate', in namespaces of its own");
+    }
+    // Contestants are to have all processors, which a test bed limits to one.
+    cpu_set_t all;
+    ::sched_getaffinity(0, sizeof all, &all);
+    support::enterTestBed();
+    ::sched_setaffinity(0, sizeof all, &all);
+    addNetworkAddress();
+    return Run(contestants, effort, progress).play();
+}
+
+}  // namespace bench

@@ -1,0 +1,165 @@
+#include "bench/system/slave.h"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "sim/request.h"
+
+namespace bench {
+namespace {
+
+// Enough for what lies between two calls of forgetOutputs, so that the slave's
+// thread does not allocate.
+constexpr std::size_t kMostOutputs = 100000;
+
+double microseconds(Clock::duration duration) {
+    return std::chrono::duration<double, std::micro>(duration).count();
+}
+
+}  // namespace
+
+Slave::Slave(const std::string& busText, const Placement& placement)
+    : model_(sim::parseBusText(busText, "bus")),
+      link_(kAdapter, pair_.hostPath()),
+      thread_([this, placement] {
+          placement.asSlave();
+          run();
+      }) {
+    const std::lock_guard guard(lock_);
+    outputs_.reserve(kMostOutputs);
+}
+
+Slave::~Slave() {
+    stop_.wake();
+    thread_.join();
+}
+
+void Slave::changeInput(Time due, std::uint8_t card, std::uint8_t value) {
+    const std::lock_guard guard(lock_);
+    change_ = Change{due, card, value};
+}
+
+std::optional<Slave::Output> Slave::awaitOutput(std::size_t number,
+                                                std::chrono::milliseconds patience) {
+    std::unique_lock guard(lock_);
+    if (!answered_.wait_for(guard, patience, [&] { return outputs_.size() > number; })) {
+        return std::nullopt;
+    }
+    return outputs_[number];
+}
+
+std::vector<Slave::Output> Slave::outputs() const {
+    const std::lock_guard guard(lock_);
+    return outputs_;
+}
+
+void Slave::forgetOutputs() {
+    const std::lock_guard guard(lock_);
+    outputs_.clear();
+}
+
+std::array<Slave::Polls, sim::wire::kAddressCount> Slave::polls() const {
+    const std::lock_guard guard(lock_);
+    return polls_;
+}
+
+std::size_t Slave::exchanges() const {
+    const std::lock_guard guard(lock_);
+    std::size_t sum = 0;
+    for (const Polls& card : polls_) sum += card.count;
+    return sum;
+}
+
+std::optional<Time> Slave::discovered() const {
+    const std::lock_guard guard(lock_);
+    return discovered_;
+}
+
+Histogram Slave::lateness() const {
+    const std::lock_guard guard(lock_);
+    return lateness_;
+}
+
+void Slave::run() {
+    sim::sharpenSleeps();
+    std::array<pollfd, 3> events{pollfd{stop_.get(), POLLIN, 0},
+                                 pollfd{pair_.lineDescriptor(), POLLIN, 0},
+                                 pollfd{pair_.watchDescriptor(), POLLIN, 0}};
+    for (;;) {
+        const int ready = ::poll(events.data(), events.size(), -1);
+        if (events[0].revents != 0) return;
+        if (ready > 0) serve();
+    }
+}
+
+void Slave::serve() {
+    std::array<std::uint8_t, 4096> buffer{};
+    const std::size_t count = pair_.read(buffer);
+    const Time received = Clock::now();
+    const auto host = pair_.takeHostActions();
+    if (host.closed) pair_.discardUnread();
+    if (host.closed || host.opened) assembler_.drop();
+    assembler_.feed({buffer.data(), count});
+    while (const std::optional<sim::Bytes> request = assembler_.next()) {
+        answer(*request, received);
+    }
+}
+
+void Slave::answer(const sim::Bytes& request, Time received) {
+    const unsigned baud = baud_;
+    // Requests that come together go over the wire one after the other.
+    const Time begin = std::max(received, wireFree_);
+    const Time atCard = begin + sim::wireTime(1 + request.size(), baud);
+    const sim::Bytes frame = frameFor(request, atCard);
+    const Time due = atCard + sim::wireTime(frame.size(), baud);
+    wireFree_ = due;
+    if (!sim::holdUntil(due, stop_.get())) return;
+    // A host that does not read loses the answer, as on a line.
+    static_cast<void>(pair_.write(frame));
+    const Time now = Clock::now();
+    {
+        const std::lock_guard guard(lock_);
+        note(request, {0, 0, received, atCard, now});
+        if (baud > 0) lateness_.add(microseconds(now - due));
+    }
+    answered_.notify_all();
+}
+
+sim::Bytes Slave::frameFor(const sim::Bytes& request, Time atCard) {
+    const std::lock_guard guard(lock_);
+    if (change_ && change_->due <= atCard) {
+        model_.setInput(change_->card, 0, change_->value);
+        change_.reset();
+    }
+    sim::Bytes frame = model_.answer(request).answer.value_or(sim::Bytes{});
+    if (!frame.empty()) frame.insert(frame.begin(), static_cast<std::uint8_t>(frame.size()));
+    return frame;
+}
+
+void Slave::note(const sim::Bytes& request, Output times) {
+    constexpr std::size_t kFirstValue = 3;
+    switch (sim::requestKind(request)) {
+        case sim::RequestKind::kPoll:
+            if (const auto card = sim::namedCard(request); card && *card < polls_.size()) {
+                ++polls_[*card].count;
+                polls_[*card].last = times.answered;
+            }
+            break;
+        case sim::RequestKind::kOutput:
+            if (request.size() > kFirstValue && outputs_.size() < kMostOutputs) {
+                times.card = request[1];
+                times.value = request[kFirstValue];
+                outputs_.push_back(times);
+            }
+            break;
+        case sim::RequestKind::kDiscovery:
+            discovered_ = times.answered;
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace bench

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "bench/report/statistics.h"
+#include "bench/system/placement.h"
+#include "sim/bus_model.h"
+#include "sim/device_link.h"
+#include "sim/frame_assembler.h"
+#include "sim/pause.h"
+#include "sim/pty_pair.h"
+
+namespace bench {
+
+using Clock = sim::Clock;
+using Time = Clock::time_point;
+
+inline constexpr unsigned kBaud = 460800;
+inline constexpr const char* kAdapter = "/dev/ttyUSB0";
+
+/// A bus of cards behind a pseudo-terminal that notes when things happen on it.
+/// Its thread answers and does nothing else. What a card sees and shows is that of
+/// the moment at which the last byte of the request has come over the wire.
+class Slave {
+  public:
+    /// An output request.
+    struct Output {
+        std::uint8_t card = 0;
+        /// The first of its data.
+        std::uint8_t value = 0;
+        /// When it was at the adapter's port, when its last byte was at the card,
+        /// and when the card's answer was at the port.
+        Time atPort;
+        Time atCard;
+        Time answered;
+    };
+    struct Polls {
+        std::size_t count = 0;
+        Time last;
+    };
+
+    /// Plugged in as kAdapter for as long as it lives; `busText` as in a bus file.
+    Slave(const std::string& busText, const Placement& placement);
+    ~Slave();
+    Slave(const Slave&) = delete;
+    Slave& operator=(const Slave&) = delete;
+
+    /// From the next request on: kBaud, or 0 for answers that are not held back.
+    void setBaud(unsigned baud) { baud_ = baud; }
+
+    /// Block 0 of an input card becomes `value` at the time `due`.
+    void changeInput(Time due, std::uint8_t card, std::uint8_t value);
+
+    /// Waits for the output request with this number, counted from 0 since
+    /// forgetOutputs, to be answered; nothing when it is not within `patience`.
+    std::optional<Output> awaitOutput(std::size_t number, std::chrono::milliseconds patience);
+    std::vector<Output> outputs() const;
+    void forgetOutputs();
+
+    /// Polls so far, by address, and when the last was answered.
+    std::array<Polls, sim::wire::kAddressCount> polls() const;
+    /// Polls of all cards so far.
+    std::size_t exchanges() const;
+    /// When discovery was answered last.
+    std::optional<Time> discovered() const;
+    /// How much later than due the answers came.
+    Histogram lateness() const;
+
+  private:
+    struct Change {
+        Time due;
+        std::uint8_t card = 0;
+        std::uint8_t value = 0;
+    };
+
+    void run();
+    void serve();
+    void answer(const sim::Bytes& request, Time received);
+    sim::Bytes frameFor(const sim::Bytes& request, Time atCard);
+    // `times`: an output of which only the times are known yet.
+    void note(const sim::Bytes& request, Output times);
+
+    std::atomic<unsigned> baud_ = kBaud;
+    sim::PtyPair pair_;
+    sim::FrameAssembler assembler_;
+    Time wireFree_;
+    mutable std::mutex lock_;
+    std::condition_variable answered_;
+    sim::BusModel model_;
+    std::optional<Change> change_;
+    std::vector<Output> outputs_;
+    std::array<Polls, sim::wire::kAddressCount> polls_{};
+    std::optional<Time> discovered_;
+    Histogram lateness_;
+    sim::StopEvent stop_;
+    sim::DeviceLink link_;
+    std::thread thread_;  // last: runs on all the others
+};
+
+}  // namespace bench

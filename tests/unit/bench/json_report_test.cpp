@@ -1,0 +1,39 @@
+#include "bench/report/json_report.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+#include "bench/report/table.h"
+#include "tests/unit/bench/sample_report.h"
+
+namespace bench {
+namespace {
+
+TEST(JsonReport, HasMedianAndRoundsOfEachFigure) {
+    const auto json = nlohmann::json::parse(toJson(sampleReport()));
+    EXPECT_EQ(json["figures"]["scans.1"]["zolt"]["median"], 4100);
+    EXPECT_EQ(json["figures"]["scans.1"]["zolt"]["rounds"], nlohmann::json({4000, 4200}));
+    EXPECT_EQ(json["machine"]["processor"], "Some Processor");
+    EXPECT_EQ(json["noise"]["worstSteal"], 0.02);
+    EXPECT_EQ(json["lateness"]["p99"], 30);
+    EXPECT_EQ(json["contestants"][3]["role"], "gateway as shipped");
+    EXPECT_EQ(json["targets"][0]["met"], false);
+}
+
+TEST(JsonReport, IsReadBackWhole) {
+    const Report report = sampleReport();
+    const Report read = fromJson(toJson(report));
+    EXPECT_EQ(table(read), table(report));
+    EXPECT_EQ(read.results.all(), report.results.all());
+}
+
+TEST(JsonReport, AnythingElseIsRefused) {
+    EXPECT_THROW(fromJson("scans: 4000"), std::runtime_error);
+    EXPECT_THROW(fromJson("{}"), std::runtime_error);
+    EXPECT_THROW(fromJson("[1, 2]"), std::runtime_error);
+}
+
+}  // namespace
+}  // namespace bench
