@@ -94,31 +94,38 @@ class DescriptorsAtStart : public FaultTest {
         startDaemon();
     }
 
+    void stop() {
+        EXPECT_EQ(daemon_.stop(), "");
+        io_.reset();
+        console_.reset();
+        std::filesystem::remove(settings_.logFile);
+    }
+
     static std::filesystem::path script() { return support::workFolder() / "bin" / "zolt"; }
 };
 
 TEST_F(DescriptorsAtStart, AnInterfaceThatCannotListenIsDeadUntilTheNextStart) {
     plugBus();
+    startAfter("");
+    expectFullRound();
+    noteState();
+    stop();
+
     // Three standard streams and the sockets of CAE and IO; none that the test has
     // inherited itself.
     startAfter("exec 3<&- 4<&- 5<&- 6<&- 7<&- 8<&- 9<&-\nulimit -S -n 5");
     // The bus has its thread when all interfaces have had their try.
-    constexpr std::size_t kThreads = 5;
-    ASSERT_TRUE(
-        support::waitUntil([this] { return stateOf(daemon_.number()).threads == kThreads; }));
+    ASSERT_TRUE(support::waitUntil(
+        [this] { return stateOf(daemon_.number()).threads == before_.threads; }));
     const rlimit usual{64, 64};
     ASSERT_EQ(::prlimit(daemon_.number(), RLIMIT_NOFILE, &usual, nullptr), 0);
     // The shortage is over: the bus and the other two serve.
     expectFullRound();
     EXPECT_FALSE(support::TcpClient::tryConnect(support::kMonPort).has_value());
     EXPECT_EQ(timesLogged("[INF] MON interface listening on port 5003"), 0);
-    EXPECT_EQ(daemon_.stop(), "");
-    io_.reset();
-    console_.reset();
+    stop();
 
     startAfter("");
-    expectFullRound();
-    noteState();
     greeted(support::kMonPort).reset();
     expectServesAsBefore();
 }
