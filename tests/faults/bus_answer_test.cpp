@@ -75,10 +75,9 @@ TEST_F(BusAnswer, EveryAddress) {
 }
 
 TEST_F(BusAnswer, NoiseBeforeAfterAndInsideIt) {
-    const unsigned seed = std::random_device()();
-    RecordProperty("seed", std::to_string(seed));
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
+    // The same noise in every run, so that a failure comes back.
+    constexpr unsigned kSeed = 1;
+    std::mt19937 random(kSeed);
     const std::array<std::string, 4> answer{"03", "21", "03", "00"};
     for (int round = 0; round < 60; ++round) {
         std::string noise;

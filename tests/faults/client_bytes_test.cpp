@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include "tests/faults/fault_test.h"
 #include "tests/support/wait.h"
 
@@ -30,6 +34,43 @@ class ClientBytes : public FaultTest {
 
     long memory() const { return stateOf(daemon_.number()).memory; }
 
+    static std::string outputLine(unsigned low) { return "a5b1d" + hexByte(low) + "\r\n"; }
+
+    /// The second blocks of all outputs that card 5 gets, up to this one.
+    std::vector<unsigned> outputsUntil(unsigned last) {
+        const std::string output = " host> 05 | 10 05 02 FF ";
+        std::vector<unsigned> blocks;
+        waitUntil([&] {
+            for (const auto& line : bus_->readNewTrace()) {
+                const auto at = line.find(output);
+                if (at == std::string::npos) continue;
+                blocks.push_back(static_cast<unsigned>(
+                    std::stoul(line.substr(at + output.size()), nullptr, 16)));
+            }
+            return !blocks.empty() && blocks.back() == last;
+        });
+        return blocks;
+    }
+
+    /// As much of `came` as has been sent, in this order.
+    static std::vector<unsigned> inOrder(const std::vector<unsigned>& came,
+                                         const std::vector<unsigned>& sent) {
+        std::vector<unsigned> found;
+        auto from = sent.begin();
+        for (const unsigned value : came) {
+            from = std::find(from, sent.end(), value);
+            if (from == sent.end()) break;
+            found.push_back(value);
+            ++from;
+        }
+        return found;
+    }
+
+    static constexpr const char* kLinkLost = "[INF] comm timeout /dev/ttyUSB0";
+    /// Of a flood; a packet is one read.
+    static constexpr unsigned kFloodPackets = 60;
+    static constexpr unsigned kLinesPerPacket = 28;
+
     /// What a byte of a queued line costs: an element of a list.
     static constexpr long kKeptPerByte = 40;
 };
@@ -45,25 +86,61 @@ TEST_F(ClientBytes, EveryByteValueOnEachPort) {
     expectServesAsBefore();
 }
 
-TEST_F(ClientBytes, AFloodOnIoReachesTheCardWhole) {
+TEST_F(ClientBytes, AFloodOnIoThatIsReadPacketByPacketReachesTheCardWholeAndInOrder) {
     settings_.percent = 99;
     startServing();
-    constexpr unsigned kPackets = 60;
-    constexpr unsigned kPerPacket = 28;
+    constexpr unsigned kLast = 0xEE;
     for (int flood = 0; flood < 2; ++flood) {
         EXPECT_NE(answered("DISABLEPOLL", "DISABLED"), "");
-        for (unsigned packet = 0; packet < kPackets; ++packet) {
+        const long lostBefore = timesLogged(kLinkLost);
+        std::vector<unsigned> sent;
+        for (unsigned packet = 0; packet < kFloodPackets; ++packet) {
             std::string lines;
-            for (unsigned i = 0; i < kPerPacket; ++i) lines += "a5b1d" + hexByte(i) + "\r\n";
-            io().send(lines);
+            for (unsigned i = 0; i < kLinesPerPacket; ++i) {
+                sent.push_back(static_cast<unsigned>(sent.size()) % kLast);
+                lines += outputLine(sent.back());
+            }
+            sendChunk(io(), lines);
         }
-        io().send("a5b1dEE\r\n");
-        ASSERT_TRUE(outputArrives(0xEE));
+        sent.push_back(kLast);
+        sendChunk(io(), outputLine(kLast));
+        const std::vector<unsigned> came = outputsUntil(kLast);
+        // A busy machine may cost the link, and that the frame under way.
+        const auto lost = static_cast<std::size_t>(timesLogged(kLinkLost) - lostBefore);
+        EXPECT_GE(came.size() + lost, sent.size());
+        EXPECT_EQ(came, inOrder(came, sent));
         EXPECT_NE(answered("ENABLEPOLL", "ENABLED"), "");
         expectFullRound();
         // What the first one has used may be used again by the next.
         if (flood == 0) noteState();
     }
+    expectServesAsBefore();
+}
+
+TEST_F(ClientBytes, AFloodOnIoAndOnMonCostsNobodyTheService) {
+    settings_.percent = 99;
+    startServing();
+    std::string lines;
+    for (unsigned i = 0; i < kLinesPerPacket; ++i) lines += outputLine(i);
+    for (int flood = 0; flood < 2; ++flood) {
+        auto monitor = greeted(support::kMonPort);
+        // Nobody waits until a packet is read: what a read finds is cut anywhere.
+        for (unsigned packet = 0; packet < kFloodPackets; ++packet) {
+            io().send(lines);
+            monitor.send(lines);
+        }
+        EXPECT_NE(answered("DRVVER", "1.20"), "");
+        for (auto* client : {&monitor, &io()}) {
+            ASSERT_TRUE(waitUntil([&] { return client->peerHasReadAll(); }));
+        }
+        sendOutput(0xEE);
+        ASSERT_TRUE(outputArrives(0xEE));
+        monitor.reset();
+        expectFullRound();
+        if (flood == 0) before_.memory = memory();
+    }
+    // What a monitor sends is kept.
+    before_.memory += kKeptPerByte * kFloodPackets * static_cast<long>(lines.size());
     expectServesAsBefore();
 }
 

@@ -5,27 +5,31 @@
 #include <string>
 
 #include "tests/faults/fault_test.h"
+#include "tests/support/files.h"
+#include "tests/support/private_view.h"
+#include "tests/support/wait.h"
 
 namespace {
 
-/// The daemon may open no further file, until the object goes.
+/// A process (0: this one, and what it starts) may open no file from this number
+/// on, until the object goes.
 class NoDescriptorLeft {
   public:
-    NoDescriptorLeft(pid_t daemon, rlim_t limit) : daemon_(daemon) {
+    NoDescriptorLeft(pid_t process, rlim_t limit) : process_(process) {
         rlimit low{};
-        if (::prlimit(daemon_, RLIMIT_NOFILE, nullptr, &usual_) != 0) fail();
+        if (::prlimit(process_, RLIMIT_NOFILE, nullptr, &usual_) != 0) fail();
         low = usual_;
         low.rlim_cur = limit;
-        if (::prlimit(daemon_, RLIMIT_NOFILE, &low, nullptr) != 0) fail();
+        if (::prlimit(process_, RLIMIT_NOFILE, &low, nullptr) != 0) fail();
     }
-    ~NoDescriptorLeft() { ::prlimit(daemon_, RLIMIT_NOFILE, &usual_, nullptr); }
+    ~NoDescriptorLeft() { ::prlimit(process_, RLIMIT_NOFILE, &usual_, nullptr); }
     NoDescriptorLeft(const NoDescriptorLeft&) = delete;
     NoDescriptorLeft& operator=(const NoDescriptorLeft&) = delete;
 
   private:
-    [[noreturn]] static void fail() { throw std::runtime_error("cannot limit the daemon's files"); }
+    [[noreturn]] static void fail() { throw std::runtime_error("cannot limit open files"); }
 
-    pid_t daemon_;
+    pid_t process_;
     rlimit usual_{};
 };
 
@@ -74,6 +78,58 @@ TEST_F(SystemDescriptors, NoneForAnything) {
         EXPECT_TRUE(support::waitUntil([&] { return descriptors() == all - 5; }));
         EXPECT_FALSE(support::TcpClient::tryConnect(support::kIoPort).has_value());
     }
+    expectServesAsBefore();
+}
+
+/// The daemon, started by a script of its name that may limit its files.
+class DescriptorsAtStart : public FaultTest {
+  protected:
+    DescriptorsAtStart() : FaultTest(script()) {}
+
+    void startAfter(const std::string& command) {
+        std::filesystem::create_directories(script().parent_path());
+        support::writeFile(script(), "#!/bin/sh\n" + command + "\nexec " +
+                                         support::DaemonProcess::defaultProgram() + "\n");
+        std::filesystem::permissions(script(), std::filesystem::perms::owner_all);
+        startDaemon();
+    }
+
+    void stop() {
+        EXPECT_EQ(daemon_.stop(), "");
+        io_.reset();
+        console_.reset();
+        std::filesystem::remove(settings_.logFile);
+    }
+
+    static std::filesystem::path script() { return support::workFolder() / "bin" / "zolt"; }
+};
+
+TEST_F(DescriptorsAtStart, AnInterfaceThatCannotListenIsDeadUntilTheNextStart) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the checks of this build need descriptors of their own";
+#endif
+    plugBus();
+    startAfter("");
+    expectFullRound();
+    noteState();
+    stop();
+
+    // Three standard streams and the sockets of CAE and IO; none that the test has
+    // inherited itself.
+    startAfter("exec 3<&- 4<&- 5<&- 6<&- 7<&- 8<&- 9<&-\nulimit -S -n 5");
+    // The bus has its thread when all interfaces have had their try.
+    ASSERT_TRUE(support::waitUntil(
+        [this] { return stateOf(daemon_.number()).threads == before_.threads; }));
+    const rlimit usual{64, 64};
+    ASSERT_EQ(::prlimit(daemon_.number(), RLIMIT_NOFILE, &usual, nullptr), 0);
+    // The shortage is over: the bus and the other two serve.
+    expectFullRound();
+    EXPECT_FALSE(support::TcpClient::tryConnect(support::kMonPort).has_value());
+    EXPECT_EQ(timesLogged("[INF] MON interface listening on port 5003"), 0);
+    stop();
+
+    startAfter("");
+    greeted(support::kMonPort).reset();
     expectServesAsBefore();
 }
 
