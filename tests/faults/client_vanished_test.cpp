@@ -64,11 +64,13 @@ TEST_F(ClientVanished, ALivingOneIsLetGoOnlyWhenItTakesNothing) {
     // More than the sockets keep, and more than the slow one takes meanwhile.
     constexpr unsigned kReports = 900;
     std::string expected;
+    EXPECT_NE(answered("DISABLEPOLL", "DISABLED"), "");
     for (unsigned i = 0; i < kReports; ++i) {
         const std::string value = hexByte(1 + i % 2);
         bus_->control("fault answer 21 03 " + value + " 00 at 3 for poll once");
         expected += "a3b0d" + value + "\r\n\r";
     }
+    EXPECT_NE(answered("ENABLEPOLL", "ENABLED"), "");
     ASSERT_TRUE(faultsHaveStruck());
     // By now the stalled one takes nothing.
     const auto start = Clock::now();
