@@ -9,7 +9,7 @@ ByteList received(int mode, const char* buffer) {
 }
 
 std::string toSend(int mode, const ByteList& item) {
-    // What stays behind the item of a text is its end.
+    // Carriage returns: the one that is left behind a text ends it.
     std::string bytes(item.size() + 1, '\r');
     auto start = bytes.begin();
     if (mode == kBinary) {

@@ -11,10 +11,11 @@ void sleepsec(int seconds);
 /// call returns at once. A signal ends the pause early.
 void Sleep(unsigned int n);
 
-/// The pause at the begin of a worker's cycle, in microseconds; a negative one
-/// lasts more than an hour. One that is shorter than the time by which the system
-/// may be late with it (the timer slack, 50 microseconds unless set otherwise)
-/// makes the calling thread punctual for all its pauses, until the next one that
-/// is not: a full-speed cycle would else take a hundred times its pause, and a
-/// punctual thread at ordinary speeds would wake the processor more often.
+/// The pause at the begin of a worker's cycle, in microseconds; a negative one is
+/// taken for a number without sign and lasts half an hour and more. One that is
+/// shorter than the time by which the system may be late with it (the timer slack,
+/// 50 microseconds unless set otherwise) makes the calling thread punctual for all
+/// its pauses, until the next one that is not: a full-speed cycle would else take a
+/// hundred times its pause, and a punctual thread at ordinary speeds would wake the
+/// processor more often.
 void pauseCycle(std::int32_t microseconds);

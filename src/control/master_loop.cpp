@@ -19,7 +19,9 @@ bool isConnected(const SOCKET_INTERFACE& interface) {
     return interface.descriptor.connectionState == connection_state::kConnected;
 }
 
-/// Nothing for a monitor that is not there: the item need not be kept then.
+/// Nothing for a monitor that is not there. Made ahead of the item's own way, which
+/// takes the item along; a monitor that comes or goes in those microseconds cannot
+/// tell.
 std::optional<ByteList> copyFor(const SOCKET_INTERFACE& monitor, const ByteList& item) {
     return isConnected(monitor) ? std::optional(item) : std::nullopt;
 }
