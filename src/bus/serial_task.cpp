@@ -29,7 +29,7 @@ SERIAL_INTERFACE::~SERIAL_INTERFACE() {
 }
 
 bool SERIAL_INTERFACE::OnTask() {
-    pauseCycle(threadDelay);
+    pauseCycle(threadDelay, exchanged_ ? Slack::kBusy : Slack::kResting);
     if (linkState_ == LinkState::kClosed) {
         openLink();
     }
@@ -52,12 +52,14 @@ void SERIAL_INTERFACE::openLink() {
 }
 
 void SERIAL_INTERFACE::serveQueues() {
+    exchanged_ = false;
     for (ZLQUEUE& queue : commandQueues_) {
         // One frame per queue and cycle, so a busy card cannot starve the others.
         std::optional<ByteList> frame = queue.TakeNext();
         if (!frame) {
             continue;
         }
+        exchanged_ = true;
         const ByteList answer = Comm2HW(std::move(*frame));
         const unsigned answerClass = GetQListError(answer);
         if (answerClass == answer_class::kTimeout) {

@@ -19,17 +19,17 @@ void Sleep(unsigned int n) {
     nanosleep(&request, nullptr);
 }
 
-void pauseCycle(std::int32_t microseconds) {
-    constexpr int kPunctual = 1;  // nanosecond
-    // As the process was started with: read before any thread has become
-    // punctual, since new threads inherit it.
+void pauseCycle(std::int32_t microseconds, Slack slack) {
+    // As the process was started with: read before any thread has another one,
+    // since new threads inherit it.
     static const int ordinary = prctl(PR_GET_TIMERSLACK, 0, 0, 0, 0);
-    thread_local int slack = -1;
+    thread_local int current = -1;
     const auto pause = static_cast<useconds_t>(microseconds);
-    const int wanted = pause < static_cast<useconds_t>(ordinary / 1000) ? kPunctual : ordinary;
-    if (slack != wanted) {
+    const int wanted =
+        pause < static_cast<useconds_t>(ordinary / 1000) ? static_cast<int>(slack) : ordinary;
+    if (current != wanted) {
         prctl(PR_SET_TIMERSLACK, wanted, 0, 0, 0);
-        slack = wanted;
+        current = wanted;
     }
     usleep(pause);
 }

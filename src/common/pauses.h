@@ -11,11 +11,20 @@ void sleepsec(int seconds);
 /// call returns at once. A signal ends the pause early.
 void Sleep(unsigned int n);
 
+/// By how many nanoseconds the system may be late with a pause (the timer slack)
+/// that is shorter than its ordinary slack of 50 microseconds, which would else
+/// decide how long a full-speed cycle takes.
+enum class Slack : int {
+    /// The least with which the thread really sleeps.
+    kResting = 10'000,
+    /// The pause is over before the thread has left its processor: for one that
+    /// occupies it anyway.
+    kBusy = 1,
+};
+
 /// The pause at the begin of a worker's cycle, in microseconds; a negative one is
-/// taken for a number without sign and lasts half an hour and more. One that is
-/// shorter than the time by which the system may be late with it (the timer slack,
-/// 50 microseconds unless set otherwise) makes the calling thread punctual for all
-/// its pauses, until the next one that is not: a full-speed cycle would else take a
-/// hundred times its pause, and a punctual thread at ordinary speeds would wake the
-/// processor more often.
-void pauseCycle(std::int32_t microseconds);
+/// taken for a number without sign and lasts half an hour and more. `slack` holds
+/// for all pauses of the calling thread until the next one of these, and for
+/// pauses that are shorter than the ordinary slack only: at ordinary speeds it
+/// would wake the processor more often for nothing.
+void pauseCycle(std::int32_t microseconds, Slack slack = Slack::kResting);
