@@ -57,7 +57,7 @@ std::string cardsPicture(const Report& report) {
     LineChart chart{"Time for one full scan of all polled cards, in milliseconds",
                     "polled cards",
                     "ms",
-                    {1, 2, 4, 8, 12, 16},
+                    {kCards.begin(), kCards.end()},
                     {}};
     for (const Contestant& contestant : report.contestants) {
         if (contestant.role == Role::kShippedGateway) continue;
