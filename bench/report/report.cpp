@@ -39,13 +39,19 @@ void addCardCost(Report& report, const std::string& label) {
     });
 }
 
-void addAboveBusyWait(Report& report, const std::string& label) {
+void addAboveBusyWait(Report& report, const std::string& label, const std::string& bareLoop) {
     for (const char* speed : kRestSpeeds) {
         const std::string key = std::string("rest.sixteen.") + speed;
         const auto processor = report.results.rounds(key + ".cpu", label);
         const auto busy = report.results.rounds(key + ".busywait", label);
         addPerRound(report, key + ".above", label, processor, busy,
                     [](double all, double wait) { return all - wait; });
+        // The way between a program and the wire is the same for both, and both read
+        // without a pause meanwhile.
+        addPerRound(
+            report, key + ".way", label, report.results.rounds(key + ".exchanges", label),
+            report.results.rounds("exchange.way", bareLoop),
+            [](double perSecond, double each) { return 100 * perSecond * each / kMicroseconds; });
     }
 }
 
@@ -70,7 +76,7 @@ void addDerived(Report& report) {
     for (const Contestant& contestant : report.contestants) {
         addShares(report, contestant.label, bareLoop);
         addCardCost(report, contestant.label);
-        addAboveBusyWait(report, contestant.label);
+        addAboveBusyWait(report, contestant.label, bareLoop);
     }
 }
 

@@ -36,6 +36,14 @@ TEST(Derived, TheRestIsAboveTheBusyWait) {
     EXPECT_EQ(sampleReport().results.rounds("rest.sixteen.default.above", "zolt"), above);
 }
 
+TEST(Derived, TheWayToTheWireIsThatOfTheBareLoopForAsManyExchanges) {
+    const Report report = sampleReport();
+    const auto way = report.results.rounds("rest.sixteen.default.way", "zolt");
+    ASSERT_EQ(way.size(), 2U);
+    EXPECT_NEAR(way[0], 3, 1e-9);
+    EXPECT_NEAR(way[1], 4, 1e-9);
+}
+
 TEST(Derived, ARoundThatWasBrokenOffHasNoShare) {
     Report report;
     report.contestants = {{"zolt", Role::kDaemon, ""}, {"bare", Role::kBareLoop, ""}};

@@ -27,6 +27,8 @@ bench::Report sampleReport() {
     add("command.quiet.p50", "zolt", 200, 300);
     add("command.quiet.p50", "tuned", 200, 200);
     add("commands.lost", "zolt", 1, 1);
+    add("rest.sixteen.default.exchanges", "zolt", 3000, 2000);
+    add("exchange.way", "bare", 10, 20);
     add("rest.sixteen.default.busywait", "zolt", 20, 20);
     add("rest.sixteen.default.cpu", "zolt", 22, 26);
     for (const int percent : bench::kSpeeds) {
