@@ -21,11 +21,12 @@ struct Options {
     std::string json;
 };
 
-// "NAME=PATH" or "PATH"; a name has no slash.
+// "NAME=PATH" or "PATH", which is named as its file; a name has no slash.
 bench::Contestant daemonNamed(const std::string& text) {
     const auto separator = text.find('=');
     if (separator == std::string::npos || text.find('/') < separator) {
-        return {text, bench::Role::kDaemon, std::filesystem::absolute(text)};
+        const auto path = std::filesystem::absolute(text);
+        return {path.filename(), bench::Role::kDaemon, path};
     }
     return {text.substr(0, separator), bench::Role::kDaemon,
             std::filesystem::absolute(text.substr(separator + 1))};
