@@ -22,6 +22,7 @@ Section scans() {
     section.figures.push_back({"card.cost", "each further card", "us", 0});
     section.figures.push_back(
         {"exchange.cpu", "processor time of an exchange, 16 polled cards", "us", 0});
+    section.figures.push_back({"exchange.way", "  its time beside that of the wire", "us", 0});
     section.figures.push_back(
         {scansKey(1) + ".unheld", "1 polled card, answers not held back", "1/s", 0});
     section.figures.push_back(
@@ -62,8 +63,9 @@ Section throughput() {
              {"flood.unheld", "flood, answers not held back", "1/s", 0},
              {"commands.sent", "sent in all", "", 0, true},
              {"commands.lost", "lost commands", "", 0, true},
-             {"single.cpu", "processor time of 1000, one at a time", "s", 3},
-             {"flood.cpu", "processor time of 1000, as a flood", "s", 3}}};
+             {"single.default.cpu", "processor time of 1000, one at a time, default speed", "s", 3},
+             {"single.cpu", "  the same, 100 %, cycles included", "s", 3},
+             {"flood.cpu", "processor time of 1000, as a flood, 100 %, cycles included", "s", 3}}};
 }
 
 std::string restText(const std::string& bus, const std::string& speed) {
@@ -83,6 +85,8 @@ Section rest() {
         const std::string key = std::string("rest.sixteen.") + speed;
         section.figures.push_back({key + ".busywait", "  of which the busy wait", "%", 2});
         section.figures.push_back({key + ".above", "  above the busy wait", "%", 2});
+        section.figures.push_back(
+            {key + ".way", "    on the way to the wire and back, by the bare loop", "%", 2});
     }
     return section;
 }

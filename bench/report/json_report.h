@@ -6,7 +6,8 @@
 
 namespace bench {
 
-/// The report as a JSON text, with every value of every round and the verdicts.
+/// The report as a JSON text, with every value of every round and the verdicts,
+/// and without the folders of the programs.
 std::string toJson(const Report& report);
 
 /// Reads what toJson wrote; throws std::runtime_error when it is something else.

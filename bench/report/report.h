@@ -10,7 +10,8 @@ namespace bench {
 
 enum class Role { kDaemon, kBareLoop, kTunedGateway, kShippedGateway };
 
-/// Whatever is measured. The label heads its column; the program is a path.
+/// Whatever is measured. The label heads its column; the program is a path, in a
+/// JSON text only the name of the file.
 struct Contestant {
     std::string label;
     Role role = Role::kDaemon;
@@ -42,6 +43,16 @@ struct Lateness {
     double p99 = 0;
 };
 
+/// Links that a daemon lost in one attempt at a stretch. An attempt that failed by
+/// that is discarded: of its figures only what was lost counts.
+struct LinkLoss {
+    unsigned round = 0;
+    std::string stretch;
+    std::string contestant;
+    std::size_t losses = 0;
+    bool discarded = false;
+};
+
 /// All that a run has to tell.
 struct Report {
     /// "2026-11-21 07:07:17".
@@ -51,6 +62,9 @@ struct Report {
     Machine machine;
     Noise noise;
     Lateness lateness;
+    std::vector<LinkLoss> linkLosses;
+    /// Why the run ended before its last round; empty when it did not.
+    std::string brokenOff;
     std::vector<Contestant> contestants;
     Results results;
 
@@ -60,7 +74,7 @@ struct Report {
 };
 
 /// Adds the figures that follow from others: the shares of the wire's limit and
-/// of the bare loop, the cost of a further card, the busy wait.
+/// of the bare loop, the cost of a further card, what is above the busy wait.
 void addDerived(Report& report);
 
 /// The limit of the wire: full scans a second of so many polled digital input cards.

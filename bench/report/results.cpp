@@ -1,5 +1,6 @@
 #include "bench/report/results.h"
 
+#include <algorithm>
 #include <numeric>
 
 #include "bench/report/statistics.h"
@@ -38,9 +39,11 @@ std::optional<double> Results::ratio(const std::string& figure, const std::strin
                                      const std::string& to) const {
     const Rounds& own = rounds(figure, contestant);
     const Rounds& others = rounds(figure, to);
-    if (own.empty() || own.size() != others.size()) return std::nullopt;
+    // A run that was broken off has measured some of them once more than others.
+    const std::size_t common = std::min(own.size(), others.size());
+    if (common == 0) return std::nullopt;
     Rounds ratios;
-    for (std::size_t i = 0; i < own.size(); ++i) {
+    for (std::size_t i = 0; i < common; ++i) {
         if (others[i] == 0) return std::nullopt;
         ratios.push_back(own[i] / others[i]);
     }

@@ -22,8 +22,8 @@ class Results {
     const Rounds& rounds(const std::string& figure, const std::string& contestant) const;
     /// The median of the rounds.
     std::optional<double> value(const std::string& figure, const std::string& contestant) const;
-    /// The median of the rounds' ratios, so that what disturbs a whole round does
-    /// not count; nothing when one of the two was not measured in each round.
+    /// The median of the ratios of those rounds in which both were measured, so that
+    /// what disturbs a whole round does not count; nothing without such a round.
     std::optional<double> ratio(const std::string& figure, const std::string& contestant,
                                 const std::string& to) const;
     double sum(const std::string& figure, const std::string& contestant) const;

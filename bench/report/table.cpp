@@ -21,19 +21,35 @@ int columnWidth(const std::string& label) {
     return std::max(kLeastColumn, static_cast<int>(label.size())) + 2;
 }
 
+void writeLinkLosses(std::ostream& out, const Report& report) {
+    if (report.linkLosses.empty()) out << "link losses: none\n";
+    bool discarded = false;
+    for (const LinkLoss& loss : report.linkLosses) {
+        out << "link losses: " << loss.losses << " in round " << loss.round << ", " << loss.stretch
+            << ", " << loss.contestant << (loss.discarded ? ", attempt discarded" : "") << "\n";
+        discarded = discarded || loss.discarded;
+    }
+    if (!discarded) return;
+    out << "Of a discarded attempt only the losses count; it is in no median or percentile.\n";
+}
+
 void writeMachine(std::ostream& out, const Report& report) {
     const Machine& machine = report.machine;
     out << "zolt, measured " << report.date << ": " << report.rounds
         << (report.rounds == 1 ? " round in " : " rounds in ") << numberText(report.seconds, 0)
-        << " s\n"
-        << "machine: " << machine.processors << " x " << machine.processor << ", " << machine.kernel
+        << " s\n";
+    if (!report.brokenOff.empty()) {
+        out << "BROKEN OFF, so what follows is incomplete: " << report.brokenOff << "\n";
+    }
+    out << "machine: " << machine.processors << " x " << machine.processor << ", " << machine.kernel
         << "\n"
         << "places: " << machine.placement << "\n"
         << "noise, in processors: stolen by the host " << numberText(report.noise.steal, 3)
         << ", at worst " << numberText(report.noise.worstSteal, 3) << "; other load "
         << numberText(report.noise.otherLoad, 2) << ", at worst "
-        << numberText(report.noise.worstOtherLoad, 2) << "\n"
-        << "slave: " << numberText(report.lateness.answers, 0) << " answers held back, late by p50 "
+        << numberText(report.noise.worstOtherLoad, 2) << "\n";
+    writeLinkLosses(out, report);
+    out << "slave: " << numberText(report.lateness.answers, 0) << " answers held back, late by p50 "
         << numberText(report.lateness.p50, 0) << " us, p99 " << numberText(report.lateness.p99, 0)
         << " us\n"
         << "Each figure is the median of its rounds; 100 % speed and wire timing where no other\n"
@@ -93,6 +109,11 @@ void writeVerdicts(std::ostream& out, const Report& report) {
         out << std::left << std::setw(kTextWidth) << "  " + verdict.text << std::setw(kLimitWidth)
             << verdict.limit << std::right << std::setw(kValueWidth) << verdict.value
             << (verdict.met ? "  met" : "  NOT MET") << "\n";
+    }
+    // A number of the code and not of the machine, so it is not measured here.
+    if (!daemon.empty()) {
+        out << "Allocations per cycle with nothing to do: 0; the tests allocations.IdleCycle* show "
+               "it.\n";
     }
 }
 

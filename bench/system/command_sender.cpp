@@ -4,6 +4,7 @@
 #include <thread>
 #include <utility>
 
+#include "bench/report/judgement.h"
 #include "bench/system/expect.h"
 #include "bench/system/failure.h"
 
@@ -15,23 +16,38 @@ constexpr std::size_t kPacket = 28;
 
 }  // namespace
 
-CommandSender::CommandSender(Slave& slave, support::TcpClient& client, Language language)
-    : slave_(slave), client_(client), language_(std::move(language)) {}
+CommandSender::CommandSender(Slave& slave, support::TcpClient& client, Language language,
+                             Tally& tally)
+    : slave_(slave), client_(client), language_(std::move(language)), tally_(tally) {}
+
+CommandSender::~CommandSender() {
+    addLost();
+}
 
 std::string CommandSender::next() {
+    sent_.push_back(value_);
+    ++tally_.commandsSent;
     return language_.command(value_++);
 }
 
 void CommandSender::begin() {
+    addLost();
     slave_.forgetOutputs();
-    first_ = value_;
+    sent_.clear();
+}
+
+void CommandSender::addLost() {
+    std::vector<std::uint8_t> arrived;
+    for (const Slave::Output& output : slave_.outputs()) {
+        if (output.card == kOutputCard) arrived.push_back(output.value);
+    }
+    tally_.commandsLost += missing(sent_, arrived);
 }
 
 Slave::Output CommandSender::arrived(std::size_t number) {
     const auto output = slave_.awaitOutput(number, kLost);
     if (!output) throw Failure("command " + std::to_string(number) + " does not reach the card");
-    if (output->card != kOutputCard ||
-        output->value != static_cast<std::uint8_t>(first_ + number)) {
+    if (output->card != kOutputCard || output->value != sent_[number]) {
         throw Failure("something else than command " + std::to_string(number) + " reaches a card");
     }
     return *output;

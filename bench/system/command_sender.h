@@ -6,6 +6,7 @@
 
 #include "bench/system/random_times.h"
 #include "bench/system/slave.h"
+#include "bench/system/tally.h"
 #include "tests/support/tcp_client.h"
 
 namespace bench {
@@ -23,7 +24,11 @@ class CommandSender {
         std::string heard;
     };
 
-    CommandSender(Slave& slave, support::TcpClient& client, Language language);
+    /// Adds to `tally` what it sends, and at its end at the latest what was lost.
+    CommandSender(Slave& slave, support::TcpClient& client, Language language, Tally& tally);
+    ~CommandSender();
+    CommandSender(const CommandSender&) = delete;
+    CommandSender& operator=(const CommandSender&) = delete;
 
     struct Latencies {
         std::vector<double> toCard;
@@ -46,6 +51,8 @@ class CommandSender {
     std::string next();
     /// Begins to count anew.
     void begin();
+    /// Counts what has been sent since begin() and is not at the card.
+    void addLost();
     /// Throws Failure unless command `number` reaches the card as it should.
     Slave::Output arrived(std::size_t number);
     /// Throws Failure unless exactly `count` commands have reached the card.
@@ -57,7 +64,8 @@ class CommandSender {
     support::TcpClient& client_;
     Language language_;
     std::uint8_t value_ = 0;
-    std::uint8_t first_ = 0;
+    std::vector<std::uint8_t> sent_;
+    Tally& tally_;
 };
 
 }  // namespace bench

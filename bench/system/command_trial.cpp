@@ -66,21 +66,36 @@ void Trial::sendCommands(CommandSender& sender, pid_t process, Slave& slave) {
     addLatencies("command.quiet.unheld", unheld.toCard);
     add("flood.unheld", count(effort_.flood) / sender.flood(effort_.flood));
     slave.setBaud(kBaud);
-
-    add("commands.sent", count(2 * effort_.commands + effort_.singles + 2 * effort_.flood));
-    add("commands.lost", 0);
 }
 
 void Trial::daemonCommands() {
+    commandsAtFullSpeed();
+    commandsAtDefaultSpeed();
+}
+
+void Trial::commandsAtFullSpeed() {
     Slave slave(fifteenInputs(), placement_);
-    DaemonSession daemon(contestant_.program, kFullSpeed, &slave, placement_);
-    CommandSender sender(slave, daemon.io(), daemonLanguage());
+    DaemonSession daemon(contestant_.program, kFullSpeed, &slave, placement_, tally_);
+    CommandSender sender(slave, daemon.io(), daemonLanguage(), tally_);
     const auto busy = sender.latencies(effort_.commands, kFullCycle, random_);
     addLatencies("command.15", busy.toCard);
     daemon.setPolling(false);
     awaitQuiet(slave);
     sendCommands(sender, daemon.number(), slave);
-    add("commands.sent", static_cast<double>(effort_.commands));
+    daemon.stop();
+    close(slave);
+}
+
+void Trial::commandsAtDefaultSpeed() {
+    Slave slave(fifteenInputs(), placement_);
+    DaemonSession daemon(contestant_.program, std::nullopt, &slave, placement_, tally_);
+    daemon.setPolling(false);
+    awaitQuiet(slave);
+    CommandSender sender(slave, daemon.io(), daemonLanguage(), tally_);
+    const double processor = processorSeconds(daemon.number());
+    sender.oneAtATime(effort_.commands);
+    addProcessor("single.default.cpu", processorSeconds(daemon.number()) - processor,
+                 effort_.commands);
     daemon.stop();
     close(slave);
 }
@@ -88,11 +103,11 @@ void Trial::daemonCommands() {
 void Trial::gatewayCommands() {
     Slave slave(fifteenInputs(), placement_);
     Gateway gateway(contestant_.role, placement_);
-    CommandSender sender(slave, gateway.client(), gatewayLanguage());
+    CommandSender sender(slave, gateway.client(), gatewayLanguage(), tally_);
     sendCommands(sender, gateway.number(), slave);
     const std::size_t singles = effort_.singles;
     add("single.heard", static_cast<double>(singles) / sender.oneHeardAtATime(singles));
-    addHoldings("memory", gateway.number());
+    add("threads", static_cast<double>(addHoldings("memory", gateway.number())));
     close(slave);
 }
 

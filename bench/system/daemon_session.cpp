@@ -1,9 +1,15 @@
 #include "bench/system/daemon_session.h"
 
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
 #include <filesystem>
 
+#include "bench/report/judgement.h"
 #include "bench/system/expect.h"
 #include "bench/system/failure.h"
+#include "bench/system/processor_time.h"
 #include "tests/support/daemon_settings.h"
 #include "tests/support/wait.h"
 
@@ -22,20 +28,35 @@ void configure(std::optional<int> percent) {
     settings.polling = true;
     settings.discover = true;
     support::writeConfiguration(settings.toXml());
-    std::filesystem::remove(support::DaemonSettings::defaultLogFile());
+}
+
+bool hasEnded(pid_t child) {
+    siginfo_t info{};
+    // It stays to be waited for.
+    return ::waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+           info.si_pid == child;
 }
 
 }  // namespace
 
+LinkWatch::LinkWatch(Tally& tally) : tally_(tally) {
+    std::filesystem::remove(support::DaemonSettings::defaultLogFile());
+}
+
+LinkWatch::~LinkWatch() {
+    tally_.linkLosses += linkLosses(support::readFile(support::DaemonSettings::defaultLogFile()));
+}
+
 DaemonSession::DaemonSession(const std::string& program, std::optional<int> percent,
-                             const Slave* slave, const Placement& placement)
-    : daemon_(program) {
+                             const Slave* slave, const Placement& placement, Tally& tally)
+    : linkWatch_(tally), daemon_(program) {
     configure(percent);
     placement.asContestant();
     const Time begin = Clock::now();
     const std::string end = daemon_.start();
     placement.asClient();
-    if (end != "status 0") throw Failure(program + ": the started process ends with " + end);
+    if (end != "status 0") throw Failure("the started process ends with " + end);
+    reapedBefore_ = usedSeconds(RUSAGE_CHILDREN);
     connectClients(begin);
     if (slave != nullptr) awaitDiscovery(begin, *slave);
 }
@@ -81,21 +102,11 @@ void DaemonSession::setPolling(bool on) {
 }
 
 void DaemonSession::stop() {
+    daemon_.signal(SIGTERM);
+    support::waitUntil([&] { return hasEnded(number()); });
+    const double own = processorSecondsUpToNow(number());
     if (const std::string problems = daemon_.stop(); !problems.empty()) throw Failure(problems);
-}
-
-std::size_t linkLosses() {
-    std::size_t losses = 0;
-    bool found = false;
-    for (const std::string& line :
-         support::splitLines(support::readFile(support::DaemonSettings::defaultLogFile()))) {
-        if (line.find("hardware found") != std::string::npos) found = true;
-        if (found && line.find("comm timeout") != std::string::npos) {
-            found = false;
-            ++losses;
-        }
-    }
-    return losses;
+    childSeconds_ = usedSeconds(RUSAGE_CHILDREN) - reapedBefore_ - own;
 }
 
 }  // namespace bench

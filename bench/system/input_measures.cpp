@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "bench/report/judgement.h"
 #include "bench/system/expect.h"
 #include "bench/system/failure.h"
 #include "sim/text.h"
@@ -25,36 +26,24 @@ std::string pollAnswer(unsigned card, std::uint8_t value) {
     return {'\4', '\x21', static_cast<char>(card), static_cast<char>(value), '\0'};
 }
 
-using Counts = std::array<std::size_t, sim::wire::kAddressCount>;
 using Polls = std::array<Slave::Polls, sim::wire::kAddressCount>;
 
-Counts difference(const Polls& before, const Polls& after) {
-    Counts counts{};
+PollCounts difference(const Polls& before, const Polls& after) {
+    PollCounts counts{};
     for (std::size_t card = 0; card < counts.size(); ++card) {
         counts[card] = after[card].count - before[card].count;
     }
     return counts;
 }
 
-// Whether the first `cards` cards were polled in turn, and no other.
-bool inStep(const Counts& counts, unsigned cards) {
-    for (std::size_t card = 0; card < counts.size(); ++card) {
-        if (card >= cards && counts[card] != 0) return false;
-        if (card < cards && (counts[card] + 1 < counts[0] || counts[card] > counts[0] + 1)) {
-            return false;
-        }
-    }
-    return counts[0] > 0;
-}
-
-std::string countsText(const Counts& counts) {
+std::string countsText(const PollCounts& counts) {
     std::string text;
     for (const std::size_t count : counts) text += " " + std::to_string(count);
     return text;
 }
 
 void settle(const Slave& slave, unsigned cards, const LetPass& letPass) {
-    Counts polled{};
+    PollCounts polled{};
     for (const Time end = Clock::now() + kLost; Clock::now() < end;) {
         const auto before = slave.polls();
         letPass(kSettle);
@@ -73,7 +62,7 @@ double scansPerSecond(const Slave& slave, unsigned cards, Clock::duration window
     const auto before = slave.polls();
     letPass(window);
     const auto after = slave.polls();
-    const Counts polled = difference(before, after);
+    const PollCounts polled = difference(before, after);
     if (!inStep(polled, cards)) {
         throw Failure("with " + std::to_string(cards) + " polled cards the cards were polled" +
                       countsText(polled));

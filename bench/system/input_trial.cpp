@@ -5,6 +5,7 @@
 #include "bench/system/buses.h"
 #include "bench/system/child_program.h"
 #include "bench/system/daemon_session.h"
+#include "bench/system/expect.h"
 #include "bench/system/failure.h"
 #include "bench/system/input_measures.h"
 #include "bench/system/processor_time.h"
@@ -35,31 +36,40 @@ std::string changeKey(unsigned cards) {
 
 void Trial::daemonInputs() {
     Slave slave(sixteenInputs(), placement_);
-    DaemonSession daemon(contestant_.program, kFullSpeed, &slave, placement_);
+    DaemonSession daemon(contestant_.program, kFullSpeed, &slave, placement_, tally_);
     add("start.served", daemon.untilServed());
     add("start.discovered", daemon.untilDiscovered());
     awaitPolls(slave);
     std::vector<std::uint8_t> values(kAllCards);
-    const auto changes = [&](unsigned cards, double scans) {
-        return changeLatencies(slave, daemon.io(), cards, effort_.changes, 1 / scans, random_,
-                               values);
+    const auto latencies = [&](unsigned cards, double scans) {
+        return changes(daemon, slave, cards, effort_.changes, scans, values);
     };
     for (const unsigned cards : effort_.cards) {
         daemon.setPolled(cards);
         const double scans = scansPerSecond(slave, cards, effort_.scans, sleepFor);
         add(scansKey(cards), scans);
         if (cards != 1 && cards != kAllCards) continue;
-        addLatencies(changeKey(cards), changes(cards, scans));
+        addLatencies(changeKey(cards), latencies(cards, scans));
         slave.setBaud(0);
         const double unheld = scansPerSecond(slave, cards, effort_.scans, sleepFor);
         add(scansKey(cards) + ".unheld", unheld);
-        if (cards == 1) addLatencies(changeKey(cards) + ".unheld", changes(cards, unheld));
+        if (cards == 1) addLatencies(changeKey(cards) + ".unheld", latencies(cards, unheld));
         slave.setBaud(kBaud);
     }
     speeds(daemon, slave, values);
-    add("reports.lost", 0);
     daemon.stop();
     close(slave);
+}
+
+std::vector<double> Trial::changes(DaemonSession& daemon, Slave& slave, unsigned cards,
+                                   std::size_t count, double scans,
+                                   std::vector<std::uint8_t>& values) {
+    // Each change is awaited before the next, so that one at most is missing when
+    // this fails.
+    ++tally_.reportsLost;
+    auto latencies = changeLatencies(slave, daemon.io(), cards, count, 1 / scans, random_, values);
+    --tally_.reportsLost;
+    return latencies;
 }
 
 void Trial::speeds(DaemonSession& daemon, Slave& slave, std::vector<std::uint8_t>& values) {
@@ -71,8 +81,8 @@ void Trial::speeds(DaemonSession& daemon, Slave& slave, std::vector<std::uint8_t
         const double took = std::chrono::duration<double>(Clock::now() - begin).count();
         add(speedKey(percent, "cpu"), 100 * (processorSeconds(daemon.number()) - processor) / took);
         add(speedKey(percent, "scans"), scans);
-        const auto latencies = changeLatencies(slave, daemon.io(), kAllCards,
-                                               effort_.changesPerSpeed, 1 / scans, random_, values);
+        const auto latencies =
+            changes(daemon, slave, kAllCards, effort_.changesPerSpeed, scans, values);
         add(speedKey(percent, "p50"), percentile(latencies, 50));
     }
 }
@@ -80,19 +90,24 @@ void Trial::speeds(DaemonSession& daemon, Slave& slave, std::vector<std::uint8_t
 void Trial::bareLoopInputs() {
     Slave slave(sixteenInputs(), placement_);
     double processor = 0;
+    double way = 0;
     const auto scans = [&](unsigned cards) {
         const ChildProgram loop({contestant_.program, kAdapter, std::to_string(cards)}, placement_);
         awaitPolls(slave);
-        const double before = processorSeconds(loop.number());
-        const std::size_t exchanges = slave.exchanges();
+        const double used = processorSeconds(loop.number());
+        const Slave::Polls before = slave.allPolls();
         const double perSecond = scansPerSecond(slave, cards, effort_.scans, sleepFor);
-        processor = (processorSeconds(loop.number()) - before) /
-                    static_cast<double>(slave.exchanges() - exchanges);
+        const Slave::Polls after = slave.allPolls();
+        const auto exchanges = static_cast<double>(after.count - before.count);
+        processor = (processorSeconds(loop.number()) - used) / exchanges;
+        const auto held = std::chrono::duration<double>(after.held - before.held).count();
+        way = (secondsBetween(before.last, after.last) - held) / exchanges;
         return perSecond;
     };
     for (const unsigned cards : effort_.cards) add(scansKey(cards), scans(cards));
     // Of the last, with the most cards.
     add("exchange.cpu", 1e6 * processor);
+    add("exchange.way", 1e6 * way);
     slave.setBaud(0);
     for (const unsigned cards : {1U, kAllCards}) add(scansKey(cards) + ".unheld", scans(cards));
     close(slave);

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <iostream>
+#include <set>
 
 #include "bench/report/json_report.h"
 #include "bench/report/table.h"
@@ -20,11 +21,12 @@ struct Options {
     std::string json;
 };
 
-// "NAME=PATH" or "PATH".
+// "NAME=PATH" or "PATH", which is named as its file; a name has no slash.
 bench::Contestant daemonNamed(const std::string& text) {
     const auto separator = text.find('=');
-    if (separator == std::string::npos) {
-        return {text, bench::Role::kDaemon, std::filesystem::absolute(text)};
+    if (separator == std::string::npos || text.find('/') < separator) {
+        const auto path = std::filesystem::absolute(text);
+        return {path.filename(), bench::Role::kDaemon, path};
     }
     return {text.substr(0, separator), bench::Role::kDaemon,
             std::filesystem::absolute(text.substr(separator + 1))};
@@ -42,13 +44,31 @@ std::vector<bench::Contestant> contestantsFor(const Options& options) {
     return all;
 }
 
+// Empty when the labels, which tell the columns and the values apart, are different.
+std::string labelGivenTwice(const std::vector<bench::Contestant>& contestants) {
+    std::set<std::string> labels;
+    for (const bench::Contestant& contestant : contestants) {
+        if (!labels.insert(contestant.label).second) return contestant.label;
+    }
+    return "";
+}
+
 int measure(const Options& options) {
     bench::Effort effort = options.quick ? bench::quickEffort() : bench::Effort();
     if (options.rounds > 0) effort.rounds = options.rounds;
-    const bench::Report report = bench::run(contestantsFor(options), effort, std::cerr);
+    const auto contestants = contestantsFor(options);
+    const std::string twice = labelGivenTwice(contestants);
+    if (!twice.empty()) {
+        std::cerr << "zolt-bench: two contestants are named \"" << twice
+                  << "\"; give them names by --daemon NAME=PATH\n";
+        return 2;
+    }
+    const bench::Report report = bench::run(contestants, effort, std::cerr);
     std::cout << bench::table(report) << std::flush;
     if (!options.json.empty()) support::writeFile(options.json, bench::toJson(report));
-    return 0;
+    if (report.brokenOff.empty()) return 0;
+    std::cerr << "zolt-bench: broken off: " << report.brokenOff << "\n";
+    return 1;
 }
 
 }  // namespace

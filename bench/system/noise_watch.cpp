@@ -8,22 +8,9 @@
 #include <string>
 
 #include "bench/system/expect.h"
+#include "bench/system/processor_time.h"
 
 namespace bench {
-namespace {
-
-double seconds(const timeval& time) {
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-}
-
-double usedBy(int who) {
-    rusage usage{};
-    ::getrusage(who, &usage);
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-}  // namespace
-
 NoiseWatch::Look NoiseWatch::look() {
     const auto ticks = static_cast<double>(::sysconf(_SC_CLK_TCK));
     std::ifstream stat("/proc/stat");
@@ -31,7 +18,7 @@ NoiseWatch::Look NoiseWatch::look() {
     double user = 0, nice = 0, system = 0, idle = 0, waiting = 0, irq = 0, softIrq = 0, steal = 0;
     stat >> name >> user >> nice >> system >> idle >> waiting >> irq >> softIrq >> steal;
     return {Clock::now(), (user + nice + system + irq + softIrq) / ticks, steal / ticks,
-            usedBy(RUSAGE_SELF) + usedBy(RUSAGE_CHILDREN)};
+            usedSeconds(RUSAGE_SELF) + usedSeconds(RUSAGE_CHILDREN)};
 }
 
 void NoiseWatch::begin() {

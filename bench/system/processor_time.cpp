@@ -1,16 +1,23 @@
 #include "bench/system/processor_time.h"
 
-#include <unistd.h>
+#include <sys/resource.h>
 
+#include <ctime>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <system_error>
 
-#include "tests/support/files.h"
+#include "bench/system/failure.h"
 
 namespace bench {
+namespace {
+
+double seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+}  // namespace
 
 double processorSeconds(pid_t process) {
     const std::filesystem::path tasks = "/proc/" + std::to_string(process) + "/task";
@@ -24,17 +31,19 @@ double processorSeconds(pid_t process) {
     return sum;
 }
 
-double childSeconds(pid_t process) {
-    const std::string stat = support::readFile("/proc/" + std::to_string(process) + "/stat");
-    // Behind the name, which may hold anything: state, then numbers; those of the
-    // children in user and in kernel mode are the 14th and 15th of these fields.
-    std::istringstream fields(stat.substr(stat.rfind(')') + 1));
-    std::string skipped;
-    for (int i = 0; i < 13; ++i) fields >> skipped;
-    double user = 0;
-    double kernel = 0;
-    fields >> user >> kernel;
-    return (user + kernel) / static_cast<double>(::sysconf(_SC_CLK_TCK));
+double processorSecondsUpToNow(pid_t process) {
+    clockid_t clock{};
+    timespec time{};
+    if (::clock_getcpuclockid(process, &clock) != 0 || ::clock_gettime(clock, &time) != 0) {
+        throw Failure("the processor time of a process cannot be read");
+    }
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
+double usedSeconds(int who) {
+    rusage usage{};
+    ::getrusage(who, &usage);
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
 }  // namespace bench

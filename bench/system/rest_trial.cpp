@@ -18,43 +18,60 @@ constexpr std::chrono::milliseconds kSettle{50};
 
 void Trial::rest() {
     if (contestant_.role != Role::kDaemon) return;
-    restOn(kRestBuses[0], nullptr);
+    restWithoutAdapter(kRestSpeeds[0], std::nullopt);
+    restWithoutAdapter(kRestSpeeds[1], kFullSpeed);
     for (const auto& [bus, text] :
          {std::pair{kRestBuses[1], std::string()}, std::pair{kRestBuses[2], sixteenInputs()}}) {
         Slave slave(text, placement_);
-        restOn(bus, &slave);
+        restOn(bus, slave);
         close(slave);
     }
 }
 
-void Trial::restOn(const std::string& bus, Slave* slave) {
+// It is children of the daemon that look for an adapter, now and then. What they
+// take of a processor is known when it has ended.
+void Trial::restWithoutAdapter(const std::string& speed, std::optional<int> percent) {
     const Time begin = Clock::now();
-    DaemonSession daemon(contestant_.program, std::nullopt, slave, placement_);
+    DaemonSession daemon(contestant_.program, percent, nullptr, placement_, tally_);
+    std::this_thread::sleep_for(kSettle);
+    const double before = processorSeconds(daemon.number());
+    const Time settled = Clock::now();
+    std::this_thread::sleep_until(begin + effort_.searches);
+    const double own = processorSeconds(daemon.number()) - before;
+    const Time end = Clock::now();
+    daemon.stop();
+    add(std::string("rest.") + kRestBuses[0] + "." + speed + ".cpu",
+        100 * (own / secondsBetween(settled, end) +
+               daemon.childSeconds() / secondsBetween(begin, end)));
+}
+
+void Trial::restOn(const std::string& bus, Slave& slave) {
+    DaemonSession daemon(contestant_.program, std::nullopt, &slave, placement_, tally_);
     const std::string key = "rest." + bus + ".";
     std::this_thread::sleep_for(kSettle);
-    restAt(key + kRestSpeeds[0], daemon, slave, begin);
-    if (bus == kRestBuses[1]) addHoldings("memory", daemon.number());
-    if (bus == kRestBuses[2]) addHoldings("memory.sixteen", daemon.number());
+    restAt(key + kRestSpeeds[0], daemon, slave);
+    const bool empty = bus == kRestBuses[1];
+    const auto threads = addHoldings(empty ? "memory" : "memory.sixteen", daemon.number());
+    if (empty) add("threads", static_cast<double>(threads));
     daemon.setSpeed(kFullSpeed);
     std::this_thread::sleep_for(kSettle);
-    restAt(key + kRestSpeeds[1], daemon, slave, begin);
+    restAt(key + kRestSpeeds[1], daemon, slave);
     daemon.stop();
 }
 
-void Trial::restAt(const std::string& key, const DaemonSession& daemon, const Slave* slave,
-                   Time started) {
-    const std::size_t exchanges = slave != nullptr ? slave->exchanges() : 0;
+void Trial::restAt(const std::string& key, const DaemonSession& daemon, const Slave& slave) {
+    const Slave::Polls polled = slave.allPolls();
     const double processor = processorSeconds(daemon.number());
     const Time begin = Clock::now();
     std::this_thread::sleep_for(effort_.rest);
-    const Time end = Clock::now();
-    const double took = secondsBetween(begin, end);
-    // Without an adapter it is the daemon's children that look for one, now and then.
-    const double children = childSeconds(daemon.number()) / secondsBetween(started, end);
-    const double own = (processorSeconds(daemon.number()) - processor) / took;
-    add(key + ".cpu", 100 * (own + children));
-    if (slave == nullptr) return;
-    add(key + ".exchanges", static_cast<double>(slave->exchanges() - exchanges) / took);
+    const double took = secondsBetween(begin, Clock::now());
+    add(key + ".cpu", 100 * (processorSeconds(daemon.number()) - processor) / took);
+    const Slave::Polls now = slave.allPolls();
+    if (now.count == polled.count) return;
+    add(key + ".exchanges", static_cast<double>(now.count - polled.count) / took);
+    // While an answer is due the daemon reads without a pause.
+    add(key + ".busywait",
+        100 * std::chrono::duration<double>(now.held - polled.held).count() / took);
 }
 
 }  // namespace bench

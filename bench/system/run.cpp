@@ -7,7 +7,11 @@
 
 #include <array>
 #include <cstring>
+#include <exception>
+#include <map>
+#include <optional>
 #include <ostream>
+#include <string>
 
 #include "bench/system/expect.h"
 #include "bench/system/failure.h"
@@ -21,7 +25,8 @@ namespace bench {
 namespace {
 
 // A machine that gives the daemon no processor for the time of an answer costs it
-// the link, and with it what was under way; that says nothing about the daemon.
+// the link, and with it what was under way. A stretch that fails so is played again,
+// to measure the others; what was lost in it still counts.
 constexpr int kAttempts = 5;
 
 class Run {
@@ -37,14 +42,11 @@ class Run {
         report_.rounds = effort_.rounds;
         report_.machine = thisMachine();
         report_.machine.placement = placement_.describe();
-        for (unsigned round = 1; round <= effort_.rounds; ++round) {
-            for (const Stretch& stretch : kStretches) {
-                progress_ << "round " << round << " of " << effort_.rounds << ": " << stretch.name
-                          << std::endl;
-                for (const Contestant& contestant : report_.contestants) {
-                    attempt(contestant, stretch);
-                }
-            }
+        try {
+            for (unsigned round = 1; round <= effort_.rounds; ++round) playRound(round);
+        } catch (const std::exception& error) {
+            report_.brokenOff = error.what();
+            addTallies();
         }
         report_.seconds = secondsBetween(begin, Clock::now());
         report_.noise = noise_.noise();
@@ -63,37 +65,66 @@ class Run {
                                            Stretch{"commands", &Trial::commands},
                                            Stretch{"rest", &Trial::rest}};
 
-    void attempt(const Contestant& contestant, const Stretch& stretch) {
-        for (int attempt = 1;; ++attempt) {
-            Trial trial(contestant, effort_, placement_, random_);
-            noise_.begin();
-            try {
-                (trial.*stretch.perform)();
-                finish(contestant, trial);
-                return;
-            } catch (const Failure& failure) {
-                const std::string what = contestant.label + ", " + stretch.name + ": ";
-                if (!countLosses(contestant) || attempt == kAttempts) {
-                    throw Failure(what + failure.what());
-                }
-                progress_ << what << failure.what() << "; the link was lost, so once more"
-                          << std::endl;
+    void playRound(unsigned round) {
+        for (const Stretch& stretch : kStretches) {
+            progress_ << "round " << round << " of " << effort_.rounds << ": " << stretch.name
+                      << std::endl;
+            for (const Contestant& contestant : report_.contestants) {
+                playStretch(contestant, stretch, round);
             }
+        }
+        addTallies();
+    }
+
+    void playStretch(const Contestant& contestant, const Stretch& stretch, unsigned round) {
+        for (int attempt = 1;; ++attempt) {
+            Tally tally;
+            const auto problem = attemptOnce(contestant, stretch, tally);
+            tallies_[contestant.label] += tally;
+            if (tally.linkLosses > 0) {
+                report_.linkLosses.push_back(
+                    {round, stretch.name, contestant.label, tally.linkLosses, problem.has_value()});
+            }
+            if (!problem) return;
+            const std::string what = contestant.label + ", " + stretch.name + ": " + *problem;
+            if (tally.linkLosses == 0 || attempt == kAttempts) throw Failure(what);
+            progress_ << what << "; the link was lost, so once more" << std::endl;
         }
     }
 
-    void finish(const Contestant& contestant, const Trial& trial) {
+    /// Returns what did not work; then only the tally and the noise count.
+    std::optional<std::string> attemptOnce(const Contestant& contestant, const Stretch& stretch,
+                                           Tally& tally) {
+        Trial trial(contestant, effort_, placement_, random_, tally);
+        std::optional<std::string> problem;
+        noise_.begin();
+        try {
+            (trial.*stretch.perform)();
+        } catch (const std::exception& error) {
+            problem = error.what();
+        }
         noise_.end();
-        countLosses(contestant);
+        if (problem) return problem;
         report_.results.add(trial.results());
         lateness_.add(trial.lateness());
+        return problem;
     }
 
-    bool countLosses(const Contestant& contestant) {
-        if (contestant.role != Role::kDaemon) return false;
-        const std::size_t losses = linkLosses();
-        report_.results.add("link.losses", contestant.label, static_cast<double>(losses));
-        return losses > 0;
+    // One value per round of what counts over all of its stretches.
+    void addTallies() {
+        for (const auto& [label, role, program] : report_.contestants) {
+            const Tally& tally = tallies_[label];
+            const auto add = [&, &name = label](const char* figure, std::size_t count) {
+                report_.results.add(figure, name, static_cast<double>(count));
+            };
+            if (role == Role::kBareLoop) continue;
+            add("commands.sent", tally.commandsSent);
+            add("commands.lost", tally.commandsLost);
+            if (role != Role::kDaemon) continue;
+            add("reports.lost", tally.reportsLost);
+            add("link.losses", tally.linkLosses);
+        }
+        tallies_.clear();
     }
 
     const Effort& effort_;
@@ -102,6 +133,8 @@ class Run {
     RandomTimes random_;
     NoiseWatch noise_;
     Histogram lateness_;
+    /// Of this round, by contestant.
+    std::map<std::string, Tally> tallies_;
     Report report_;
 };
 

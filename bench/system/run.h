@@ -9,8 +9,9 @@
 namespace bench {
 
 /// Lets the contestants take turns, round after round, and returns what came of
-/// it. Tells on `progress` where it is. Must run in a private view. Throws Failure
-/// when something does not work.
+/// it; when something does not work, what there is up to then, which says so
+/// (brokenOff). Tells on `progress` where it is. Must run in a private view; throws
+/// Failure when it does not.
 Report run(const std::vector<Contestant>& contestants, const Effort& effort,
            std::ostream& progress);
 

@@ -65,11 +65,15 @@ std::array<Slave::Polls, sim::wire::kAddressCount> Slave::polls() const {
     return polls_;
 }
 
-std::size_t Slave::exchanges() const {
+Slave::Polls Slave::allPolls() const {
     const std::lock_guard guard(lock_);
-    std::size_t sum = 0;
-    for (const Polls& card : polls_) sum += card.count;
-    return sum;
+    Polls all;
+    for (const Polls& card : polls_) {
+        all.count += card.count;
+        all.held += card.held;
+        all.last = std::max(all.last, card.last);
+    }
+    return all;
 }
 
 std::optional<Time> Slave::discovered() const {
@@ -145,6 +149,7 @@ void Slave::note(const sim::Bytes& request, Output times) {
             if (const auto card = sim::namedCard(request); card && *card < polls_.size()) {
                 ++polls_[*card].count;
                 polls_[*card].last = times.answered;
+                polls_[*card].held += times.answered - times.atPort;
             }
             break;
         case sim::RequestKind::kOutput:

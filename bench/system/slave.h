@@ -46,6 +46,8 @@ class Slave {
     struct Polls {
         std::size_t count = 0;
         Time last;
+        /// From each request at the port to its answer there, added up.
+        Clock::duration held{};
     };
 
     /// Plugged in as kAdapter for as long as it lives; `busText` as in a bus file.
@@ -68,8 +70,8 @@ class Slave {
 
     /// Polls so far, by address, and when the last was answered.
     std::array<Polls, sim::wire::kAddressCount> polls() const;
-    /// Polls of all cards so far.
-    std::size_t exchanges() const;
+    /// The polls of all cards so far, as those of one.
+    Polls allPolls() const;
     /// When discovery was answered last.
     std::optional<Time> discovered() const;
     /// How much later than due the answers came.

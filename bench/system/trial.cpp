@@ -1,8 +1,25 @@
 #include "bench/system/trial.h"
 
+#include <fstream>
+
 #include "tests/reliability/resources.h"
 
 namespace bench {
+namespace {
+
+// What would be free if the process were not: no other process has these pages.
+std::size_t privateKib(pid_t process) {
+    std::ifstream rollup("/proc/" + std::to_string(process) + "/smaps_rollup");
+    std::size_t sum = 0;
+    for (std::string name; rollup >> name;) {
+        std::size_t kib = 0;
+        if (name.starts_with("Private_") && rollup >> kib) sum += kib;
+        std::getline(rollup, name);
+    }
+    return sum;
+}
+
+}  // namespace
 
 void Trial::inputs() {
     switch (contestant_.role) {
@@ -42,11 +59,11 @@ void Trial::addProcessor(const std::string& figure, double seconds, std::size_t 
     add(figure, seconds * 1000 / static_cast<double>(commands));
 }
 
-void Trial::addHoldings(const std::string& figure, pid_t process) {
+std::size_t Trial::addHoldings(const std::string& figure, pid_t process) {
     const auto resources = reliability::resourcesAtRest(process);
     add(figure + ".resident", static_cast<double>(resources.residentKib));
-    add(figure + ".private", static_cast<double>(resources.anonymousKib));
-    add("threads", static_cast<double>(resources.threads));
+    add(figure + ".private", static_cast<double>(privateKib(process)));
+    return resources.threads;
 }
 
 void Trial::close(const Slave& slave) {

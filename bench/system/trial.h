@@ -11,15 +11,21 @@
 #include "bench/system/placement.h"
 #include "bench/system/random_times.h"
 #include "bench/system/slave.h"
+#include "bench/system/tally.h"
 
 namespace bench {
 
 /// What one contestant does in one stretch of a round, and what came of it.
 class Trial {
   public:
+    /// What is lost goes to `tally`, also when a stretch fails.
     Trial(const Contestant& contestant, const Effort& effort, const Placement& placement,
-          RandomTimes& random)
-        : contestant_(contestant), effort_(effort), placement_(placement), random_(random) {}
+          RandomTimes& random, Tally& tally)
+        : contestant_(contestant),
+          effort_(effort),
+          placement_(placement),
+          random_(random),
+          tally_(tally) {}
 
     // Each throws Failure when something does not work.
 
@@ -39,10 +45,14 @@ class Trial {
     void gatewayInputs();
     void daemonCommands();
     void gatewayCommands();
+    void commandsAtFullSpeed();
+    void commandsAtDefaultSpeed();
     void speeds(DaemonSession& daemon, Slave& slave, std::vector<std::uint8_t>& values);
-    void restOn(const std::string& bus, Slave* slave);
-    void restAt(const std::string& key, const DaemonSession& daemon, const Slave* slave,
-                Time started);
+    void restWithoutAdapter(const std::string& speed, std::optional<int> percent);
+    void restOn(const std::string& bus, Slave& slave);
+    void restAt(const std::string& key, const DaemonSession& daemon, const Slave& slave);
+    std::vector<double> changes(DaemonSession& daemon, Slave& slave, unsigned cards,
+                                std::size_t count, double scans, std::vector<std::uint8_t>& values);
     void sendCommands(CommandSender& sender, pid_t process, Slave& slave);
 
     void add(const std::string& figure, double value) {
@@ -50,7 +60,8 @@ class Trial {
     }
     void addLatencies(const std::string& figure, const std::vector<double>& microseconds);
     void addProcessor(const std::string& figure, double seconds, std::size_t commands);
-    void addHoldings(const std::string& figure, pid_t process);
+    /// Adds what it holds in memory, and returns how many threads it has.
+    std::size_t addHoldings(const std::string& figure, pid_t process);
     /// When a contestant has ended.
     void close(const Slave& slave);
 
@@ -58,6 +69,7 @@ class Trial {
     const Effort& effort_;
     const Placement& placement_;
     RandomTimes& random_;
+    Tally& tally_;
     Results results_;
     Histogram lateness_;
 };

@@ -18,12 +18,32 @@ TEST(JsonReport, HasMedianAndRoundsOfEachFigure) {
     EXPECT_EQ(json["machine"]["processor"], "Some Processor");
     EXPECT_EQ(json["noise"]["worstSteal"], 0.02);
     EXPECT_EQ(json["lateness"]["p99"], 30);
+    EXPECT_EQ(json["linkLosses"][0]["round"], 1);
+    EXPECT_EQ(json["linkLosses"][0]["stretch"], "commands");
+    EXPECT_EQ(json["linkLosses"][0]["contestant"], "zolt");
+    EXPECT_EQ(json["linkLosses"][0]["losses"], 2);
+    EXPECT_EQ(json["linkLosses"][0]["discarded"], true);
+    EXPECT_EQ(json["brokenOff"], "");
     EXPECT_EQ(json["contestants"][3]["role"], "gateway as shipped");
     EXPECT_EQ(json["targets"][0]["met"], false);
 }
 
+TEST(JsonReport, AddsUpWhatIsCountedOverTheWholeRun) {
+    const auto json = nlohmann::json::parse(toJson(sampleReport()));
+    const auto lost = json["figures"]["commands.lost"]["zolt"];
+    EXPECT_EQ(lost["sum"], 2);
+    EXPECT_FALSE(lost.contains("median"));
+    EXPECT_FALSE(json["figures"]["scans.1"]["zolt"].contains("sum"));
+}
+
+TEST(JsonReport, NamesProgramsWithoutTheirFolders) {
+    const auto json = nlohmann::json::parse(toJson(sampleReport()));
+    EXPECT_EQ(json["contestants"][1]["program"], "bare");
+}
+
 TEST(JsonReport, IsReadBackWhole) {
-    const Report report = sampleReport();
+    Report report = sampleReport();
+    report.brokenOff = "zolt, rest: no answer";
     const Report read = fromJson(toJson(report));
     EXPECT_EQ(table(read), table(report));
     EXPECT_EQ(read.results.all(), report.results.all());

@@ -31,10 +31,26 @@ TEST(Derived, AFurtherCardCostsAFifteenthOfWhatFifteenCost) {
     EXPECT_NEAR(sampleReport().results.rounds("card.cost", "zolt").at(0), 250, 1e-9);
 }
 
-TEST(Derived, TheBusyWaitIsWhatTheBareLoopTakesForAsManyExchanges) {
+TEST(Derived, TheRestIsAboveTheBusyWait) {
+    const std::vector<double> above{2, 6};
+    EXPECT_EQ(sampleReport().results.rounds("rest.sixteen.default.above", "zolt"), above);
+}
+
+TEST(Derived, TheWayToTheWireIsThatOfTheBareLoopForAsManyExchanges) {
     const Report report = sampleReport();
-    EXPECT_NEAR(*report.results.value("rest.sixteen.default.busywait", "zolt"), 20, 1e-9);
-    EXPECT_NEAR(*report.results.value("rest.sixteen.default.above", "zolt"), 4, 1e-9);
+    const auto way = report.results.rounds("rest.sixteen.default.way", "zolt");
+    ASSERT_EQ(way.size(), 2U);
+    EXPECT_NEAR(way[0], 3, 1e-9);
+    EXPECT_NEAR(way[1], 4, 1e-9);
+}
+
+TEST(Derived, ARoundThatWasBrokenOffHasNoShare) {
+    Report report;
+    report.contestants = {{"zolt", Role::kDaemon, ""}, {"bare", Role::kBareLoop, ""}};
+    for (const double scans : {300.0, 310.0}) report.results.add("scans.16", "zolt", scans);
+    report.results.add("scans.16", "bare", 400);
+    addDerived(report);
+    EXPECT_EQ(report.results.rounds("scans.16.bare", "zolt"), std::vector<double>{75});
 }
 
 TEST(Derived, WhatWasNotMeasuredHasNoShare) {

@@ -11,6 +11,7 @@ bench::Report sampleReport() {
     report.machine = {"Some Processor", 2, "Linux 6.1", "as they come"};
     report.noise = {0.01, 0.02, 0.3, 0.4};
     report.lateness = {1000, 2, 30};
+    report.linkLosses = {{1, "commands", "zolt", 2, true}, {2, "rest", "zolt", 1, false}};
     report.contestants = {{"zolt", Role::kDaemon, "/bin/zolt"},
                           {"bare", Role::kBareLoop, "/bin/bare"},
                           {"tuned", Role::kTunedGateway, "/bin/gateway"},
@@ -26,9 +27,10 @@ bench::Report sampleReport() {
     add("command.quiet.p50", "zolt", 200, 300);
     add("command.quiet.p50", "tuned", 200, 200);
     add("commands.lost", "zolt", 1, 1);
-    add("rest.sixteen.default.exchanges", "zolt", 1000, 1000);
+    add("rest.sixteen.default.exchanges", "zolt", 3000, 2000);
+    add("exchange.way", "bare", 10, 20);
+    add("rest.sixteen.default.busywait", "zolt", 20, 20);
     add("rest.sixteen.default.cpu", "zolt", 22, 26);
-    add("exchange.cpu", "bare", 200, 200);
     for (const int percent : bench::kSpeeds) {
         report.results.add(bench::speedKey(percent, "scans"), "zolt", percent);
         report.results.add(bench::speedKey(percent, "p50"), "zolt", 500);

@@ -71,14 +71,19 @@ TEST(Results, CompareRoundByRound) {
     EXPECT_EQ(results.ratio("figure", "zolt", "bare"), 1);
 }
 
-TEST(Results, DoNotCompareWhatWasNotMeasuredInEachRound) {
+TEST(Results, DoNotCompareWithNothing) {
     Results results;
     results.add("figure", "zolt", 1);
     EXPECT_EQ(results.ratio("figure", "zolt", "bare"), std::nullopt);
     results.add("figure", "bare", 0);
     EXPECT_EQ(results.ratio("figure", "zolt", "bare"), std::nullopt);
-    results.add("figure", "bare", 1);
-    EXPECT_EQ(results.ratio("figure", "zolt", "bare"), std::nullopt);
+}
+
+TEST(Results, CompareTheRoundsThatBothHave) {
+    Results results;
+    for (const double value : {10.0, 20.0, 900.0}) results.add("figure", "zolt", value);
+    for (const double value : {20.0, 20.0}) results.add("figure", "bare", value);
+    EXPECT_EQ(results.ratio("figure", "zolt", "bare"), 0.75);
 }
 
 TEST(NumberText, HasSoManyDigits) {

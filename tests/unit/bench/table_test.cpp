@@ -8,6 +8,7 @@
 namespace bench {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -23,7 +24,25 @@ TEST(Table, SaysWhereAndHowItWasMeasured) {
                                 "places: as they come\n"
                                 "noise, in processors: stolen by the host 0.010, at worst 0.020; "
                                 "other load 0.30, at worst 0.40\n"
+                                "link losses: 2 in round 1, commands, zolt, attempt discarded\n"
+                                "link losses: 1 in round 2, rest, zolt\n"
+                                "Of a discarded attempt only the losses count; it is in no "
+                                "median or percentile.\n"
                                 "slave: 1000 answers held back, late by p50 2 us, p99 30 us\n"));
+}
+
+TEST(Table, SaysThatNoLinkWasLost) {
+    Report report = sampleReport();
+    report.linkLosses.clear();
+    EXPECT_THAT(table(report), HasSubstr("at worst 0.40\nlink losses: none\nslave: "));
+}
+
+TEST(Table, SaysWhyItWasBrokenOff) {
+    Report report = sampleReport();
+    EXPECT_THAT(table(report), Not(HasSubstr("BROKEN OFF")));
+    report.brokenOff = "zolt, rest: no answer";
+    EXPECT_THAT(table(report),
+                HasSubstr("BROKEN OFF, so what follows is incomplete: zolt, rest: no answer\n"));
 }
 
 TEST(Table, HasARowPerFigureAndAColumnPerContestant) {
@@ -58,6 +77,8 @@ TEST(Table, EndsWithWhatShouldBeReached) {
     EXPECT_THAT(text, HasSubstr("\nWhat it should reach: zolt\n"));
     EXPECT_THAT(text, HasSubstr(padded("  lost commands", 66) + padded("at most 0", 17) +
                                 "           2  NOT MET\n"));
+    EXPECT_THAT(text, EndsWith("\nAllocations per cycle with nothing to do: 0; the tests "
+                               "allocations.IdleCycle* show it.\n"));
 }
 
 }  // namespace

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+
+namespace bench {
+
+/// What counts over the whole run, attempts that are discarded included.
+struct Tally {
+    std::size_t commandsSent = 0;
+    std::size_t commandsLost = 0;
+    std::size_t reportsLost = 0;
+    std::size_t linkLosses = 0;
+
+    Tally& operator+=(const Tally& other) {
+        commandsSent += other.commandsSent;
+        commandsLost += other.commandsLost;
+        reportsLost += other.reportsLost;
+        linkLosses += other.linkLosses;
+        return *this;
+    }
+};
+
+}  // namespace bench
