@@ -40,6 +40,7 @@ void plugStranger(SoakStage& stage, Random& random) {
     const std::string name = adapterName(2 + 2 * random.below(49));
     const bool babbling = random.oneIn(2);
     if (stage.strangers().count() >= kMost || std::filesystem::is_symlink(name)) return;
+    stage.bus().strangerCame();
     if (babbling) {
         stage.diary().note("  babbling " + name);
         stage.strangers().addBabbling(name);

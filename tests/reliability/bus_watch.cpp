@@ -59,13 +59,19 @@ void BusWatch::unplug() {
     returned_.reset();
 }
 
-void BusWatch::plug(const std::string& link) {
+void BusWatch::plug(const std::string& link, bool strangers) {
     {
         const std::lock_guard guard(lock_);
         returned_ = support::Clock::now();
+        amongStrangers_ = strangers;
     }
     control("plug " + link);
     plugged_ = true;
+}
+
+void BusWatch::strangerCame() {
+    const std::lock_guard guard(lock_);
+    amongStrangers_ = true;
 }
 
 void BusWatch::dropMeasurement() {
@@ -123,9 +129,10 @@ void BusWatch::onHostFrame(std::string_view payload) {
     if (returned_) {
         const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(
             support::Clock::now() - *returned_);
-        counts_.longestReturn = std::max(counts_.longestReturn, took);
-        ++counts_.measuredReturns;
-        if (took > kPromisedReturn) ++counts_.slowReturns;
+        Returns& returns = amongStrangers_ ? counts_.returnsAmongStrangers : counts_.returnsAlone;
+        returns.longest = std::max(returns.longest, took);
+        ++returns.measured;
+        if (took > kPromisedReturn) ++returns.slow;
         returned_.reset();
     }
 }

@@ -17,13 +17,21 @@
 namespace reliability {
 
 /// The daemon serves so soon after the adapter's return, on a machine that gives
-/// it a processor.
+/// it a processor, when no other adapter is in its way. It asks each of those ahead
+/// of the right one, and waits for an answer.
 inline constexpr std::chrono::seconds kPromisedReturn{5};
 
 /// A simulated card bus in this process that counts what happens on it. All
 /// functions may be called from any thread; tell, control, plug and unplug from one.
 class BusWatch {
   public:
+    /// Of the adapter, to the first request for a card.
+    struct Returns {
+        std::chrono::milliseconds longest{0};
+        std::size_t measured = 0;
+        /// Those that took more than kPromisedReturn.
+        std::size_t slow = 0;
+    };
     struct Counts {
         std::size_t polls = 0;
         /// The link was found and then lost again, for whatever reason.
@@ -32,12 +40,9 @@ class BusWatch {
         std::size_t perhapsUnseen = 0;
         /// The daemon served the cards again after a loss.
         std::size_t recoveries = 0;
-        /// From the adapter's return to the first request for a card; only of
-        /// returns that nothing else has disturbed.
-        std::chrono::milliseconds longestReturn{0};
-        std::size_t measuredReturns = 0;
-        /// Those that took more than kPromisedReturn.
-        std::size_t slowReturns = 0;
+        /// Only of returns that nothing has disturbed.
+        Returns returnsAlone;
+        Returns returnsAmongStrangers;
     };
 
     /// Plugged in under `link`; `busText` as in a bus file. Answers at once.
@@ -50,7 +55,10 @@ class BusWatch {
     /// std::runtime_error when it is refused.
     void control(const std::string& line);
     void unplug();
-    void plug(const std::string& link);
+    /// `strangers`: whether other adapters are plugged in.
+    void plug(const std::string& link, bool strangers = false);
+    /// Another adapter has been plugged in.
+    void strangerCame();
     bool plugged() const { return plugged_; }
     /// The return under way is disturbed and not to be measured.
     void dropMeasurement();
@@ -75,6 +83,7 @@ class BusWatch {
     bool inService_ = false;
     bool everInService_ = false;
     std::optional<support::Clock::time_point> returned_;
+    bool amongStrangers_ = false;
 
     std::function<void(const std::string&)> observer_;
     bool plugged_ = true;

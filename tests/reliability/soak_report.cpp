@@ -31,6 +31,12 @@ std::string formatted(const char* format, Values... values) {
     return text.data();
 }
 
+std::string returnsText(const BusWatch::Returns& returns) {
+    return formatted("at most %lld ms; of %zu, %zu took more than %lld s",
+                     static_cast<long long>(returns.longest.count()), returns.measured,
+                     returns.slow, static_cast<long long>(kPromisedReturn.count()));
+}
+
 }  // namespace
 
 std::string SoakReport::header() {
@@ -51,7 +57,7 @@ void SoakReport::add(double minutes, SoakStage& stage, const CalmCounts& calm) {
     line_ = formatted(kLine, minutes, last_.residentKib, last_.anonymousKib, last_.descriptors,
                       last_.threads, commands.sent, commands.seen, calm.reports.sent,
                       calm.reports.seen, stage.connections(), bus_.losses, bus_.recoveries,
-                      static_cast<long long>(bus_.longestReturn.count()));
+                      static_cast<long long>(bus_.returnsAlone.longest.count()));
 }
 
 std::string SoakReport::growth() const {
@@ -70,11 +76,9 @@ std::string SoakReport::summary() const {
         trend.slope, trend.error, trend.points, trend.span);
     text += formatted("descriptors %zu at first, %zu at last; threads %zu and %zu\n",
                       first_.descriptors, last_.descriptors, first_.threads, last_.threads);
-    text += formatted(
-        "back in service after the adapter's return: at most %lld ms; of %zu, %zu took more than "
-        "%lld s\n",
-        static_cast<long long>(bus_.longestReturn.count()), bus_.measuredReturns, bus_.slowReturns,
-        static_cast<long long>(kPromisedReturn.count()));
+    text += "back in service after the adapter's return: " + returnsText(bus_.returnsAlone) + "\n";
+    text += "the same with other adapters plugged in: " + returnsText(bus_.returnsAmongStrangers) +
+            "\n";
     text += formatted("commands of storms: %zu, of them lost %zu and could explain %zu\n",
                       calm_.stormCommands.sent, calm_.stormCommands.lost, calm_.mayBeLost);
     text += formatted("calm phases repeated because the link was lost: %zu\n", calm_.repeated);

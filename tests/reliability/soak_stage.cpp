@@ -130,7 +130,7 @@ void SoakStage::plugIn(const std::string& link) {
     if (bus().plugged()) return;
     if (!link.empty()) link_ = link;
     bus().control("faults clear");
-    bus().plug(link_);
+    bus().plug(link_, strangers_.count() > 0);
 }
 
 void SoakStage::spoil(const std::string& fault) {
