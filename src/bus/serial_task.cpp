@@ -29,7 +29,7 @@ SERIAL_INTERFACE::~SERIAL_INTERFACE() {
 }
 
 bool SERIAL_INTERFACE::OnTask() {
-    pauseCycle(threadDelay, exchanged_ ? Slack::kBusy : Slack::kResting);
+    pauseCycle(threadDelay, exchanged_);
     if (linkState_ == LinkState::kClosed) {
         openLink();
     }

@@ -19,6 +19,19 @@ UniqueFd createFile(const std::filesystem::path& path) {
     return file;
 }
 
+/// What each thread of a process that does not end is in, for the report.
+std::string threadStates(pid_t process) {
+    std::string text;
+    std::error_code gone;
+    const std::filesystem::path tasks = "/proc/" + std::to_string(process) + "/task";
+    for (const auto& task : std::filesystem::directory_iterator(tasks, gone)) {
+        text += "  thread " + task.path().filename().string() + ": waits in " +
+                readFile(task.path() / "wchan") + ", system call " +
+                readFile(task.path() / "syscall");
+    }
+    return text;
+}
+
 }  // namespace
 
 void writeConfiguration(const std::string& xml) {
@@ -86,6 +99,7 @@ std::string DaemonProcess::stop() {
     const std::string end = waitForEnd();
     std::string problems = standardError();
     if (end != "status 0") problems += "the daemon ended with " + end + "\n";
+    if (!endStatus_) problems += threadStates(daemon_);
     return problems;
 }
 

@@ -19,7 +19,7 @@ void sleepsec(int /*seconds*/) {}
 
 void Sleep(unsigned int /*n*/) {}
 
-void pauseCycle(std::int32_t /*microseconds*/, Slack /*slack*/) {
+void pauseCycle(std::int32_t /*microseconds*/, bool /*punctual*/) {
     if (std::function<void()> action = std::exchange(duringPause, nullptr)) {
         action();
         duringPause = std::move(action);
