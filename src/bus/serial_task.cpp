@@ -29,7 +29,7 @@ SERIAL_INTERFACE::~SERIAL_INTERFACE() {
 }
 
 bool SERIAL_INTERFACE::OnTask() {
-    pauseCycle(threadDelay, exchanged_);
+    pauseCycle(threadDelay, std::exchange(exchanged_, false));
     if (linkState_ == LinkState::kClosed) {
         openLink();
     }
@@ -52,7 +52,6 @@ void SERIAL_INTERFACE::openLink() {
 }
 
 void SERIAL_INTERFACE::serveQueues() {
-    exchanged_ = false;
     for (ZLQUEUE& queue : commandQueues_) {
         // One frame per queue and cycle, so a busy card cannot starve the others.
         std::optional<ByteList> frame = queue.TakeNext();
