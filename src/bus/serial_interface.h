@@ -99,10 +99,8 @@ class SERIAL_INTERFACE final : public CThread {
     std::atomic<LinkState> linkState_{LinkState::kClosed};
     PERIFCARD* cards_;
     ZLQUEUE* reports_;
+    LoopPause pause_;
     std::array<ZLQUEUE, wire::kQueues> commandQueues_;
-    /// Whether the last cycle has talked to the bus. Such a cycle occupies its
-    /// processor, since an answer is awaited without a pause.
-    bool exchanged_ = false;
     bool waitingForAnswer_ = false;
     /// Bytes that came since the request; the buffer keeps the first of them.
     std::size_t receivedCount_ = 0;

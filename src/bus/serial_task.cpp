@@ -21,6 +21,9 @@ SERIAL_INTERFACE::SERIAL_INTERFACE(std::string devicePath, LOGGER logger, PERIFC
       devicePath_(std::move(devicePath)),
       cards_(cards),
       reports_(reports) {
+    for (ZLQUEUE& queue : commandQueues_) {
+        queue.ReadBy(pause_);
+    }
     SetThreadType(kIntervalDriven, 1);
 }
 
@@ -29,7 +32,7 @@ SERIAL_INTERFACE::~SERIAL_INTERFACE() {
 }
 
 bool SERIAL_INTERFACE::OnTask() {
-    pauseCycle(threadDelay, std::exchange(exchanged_, false));
+    pause_.pause(threadDelay);
     if (linkState_ == LinkState::kClosed) {
         openLink();
     }
@@ -58,7 +61,6 @@ void SERIAL_INTERFACE::serveQueues() {
         if (!frame) {
             continue;
         }
-        exchanged_ = true;
         const ByteList answer = Comm2HW(std::move(*frame));
         const unsigned answerClass = GetQListError(answer);
         if (answerClass == answer_class::kTimeout) {

@@ -79,6 +79,7 @@ class SOCKET_INTERFACE final : public CThread {
     void writeToClient(bool clientLost);
     void park();
 
+    LoopPause pause_;
     LOGGER logger_;
     ZLQUEUE* requests_;
     const int mode_;

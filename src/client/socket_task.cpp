@@ -27,6 +27,7 @@ constexpr long kWaitMicroseconds = 1;
 SOCKET_INTERFACE::SOCKET_INTERFACE(INTERFACE_DESCRIPTOR settings, LOGGER logger, ZLQUEUE* requests,
                                    int mode)
     : descriptor(std::move(settings)), logger_(logger), requests_(requests), mode_(mode) {
+    replyQueue.ReadBy(pause_);
     SetThreadType(kIntervalDriven, 1);
     Sleep(kStartPause);
 }
@@ -47,7 +48,11 @@ void SOCKET_INTERFACE::End() {
 }
 
 bool SOCKET_INTERFACE::OnTask() {
-    pauseCycle(descriptor.threadDelay);
+    if (connected()) {
+        pause_.pause(descriptor.threadDelay, clientSocket_);
+    } else {
+        pause_.pauseWithoutWork(descriptor.threadDelay);
+    }
     if (descriptor.connectionState == connection_state::kListening) {
         acceptClient();
     }

@@ -1,9 +1,7 @@
 #include "common/pauses.h"
 
-#include <sys/prctl.h>
-#include <unistd.h>
-
 #include <cerrno>
+#include <chrono>
 #include <ctime>
 
 void sleepsec(int seconds) {
@@ -19,18 +17,8 @@ void Sleep(unsigned int n) {
     nanosleep(&request, nullptr);
 }
 
-void pauseCycle(std::int32_t microseconds, bool punctual) {
-    constexpr int kPunctual = 1;  // nanosecond
-    // As the process was started with: read before any thread has another one,
-    // since new threads inherit it.
-    static const int ordinary = prctl(PR_GET_TIMERSLACK, 0, 0, 0, 0);
-    thread_local int current = -1;
-    const auto pause = static_cast<useconds_t>(microseconds);
-    const bool brief = pause < static_cast<useconds_t>(ordinary / 1000);
-    const int wanted = punctual && brief ? kPunctual : ordinary;
-    if (current != wanted) {
-        prctl(PR_SET_TIMERSLACK, wanted, 0, 0, 0);
-        current = wanted;
+void spinFor(long nanoseconds) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::nanoseconds(nanoseconds);
+    while (std::chrono::steady_clock::now() < end) {
     }
-    usleep(pause);
 }

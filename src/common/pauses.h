@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 /// Pauses the calling thread for `seconds`, the whole time also when a signal
 /// arrives. 0 and less return at once.
 void sleepsec(int seconds);
@@ -11,10 +9,7 @@ void sleepsec(int seconds);
 /// call returns at once. A signal ends the pause early.
 void Sleep(unsigned int n);
 
-/// The pause at the begin of a worker's cycle, in microseconds; a negative one is
-/// taken for a number without sign and lasts half an hour and more. The system may
-/// be late with it, and with every other pause of the calling thread until the next
-/// one of these, by its timer slack: 50 microseconds unless set otherwise. With
-/// `punctual` and a pause that is shorter than that it is not late, and the pause is
-/// over before the thread has left its processor: for one that occupies it anyway.
-void pauseCycle(std::int32_t microseconds, bool punctual = false);
+/// Reads the clock for so long, and not at all when that is below 0: for pauses so
+/// short that a timer, which takes 20 to 60 microseconds to set up and to end, would be
+/// late.
+void spinFor(long nanoseconds);

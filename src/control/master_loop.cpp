@@ -30,7 +30,7 @@ std::optional<ByteList> copyFor(const SOCKET_INTERFACE& monitor, const ByteList&
 
 void ZOLT::MasterThread() {
     while (true) {
-        pauseCycle(config_.threadDelay);
+        pause_.pause(config_.threadDelay);
         if (stopRequested()) {
             return;
         }

@@ -18,6 +18,9 @@ ZOLT::ZOLT(LOGGER logger, int* signalFlag)
       signalFlag_(signalFlag),
       cards_(std::make_unique<PERIFCARD[]>(wire::kCardRecords)),
       workArea_(std::make_unique<std::array<char, 16>>()) {
+    for (const auto* queue : {&ioRequests_, &caeRequests_, &busReports_}) {
+        (*queue)->ReadBy(pause_);
+    }
     for (std::size_t i = 0; i < wire::kCardRecords; ++i) {
         cards_[i].clearPerifCard();
     }

@@ -69,6 +69,7 @@ class ZOLT final : private ConsoleHost {
 
     LOGGER logger_;
     CONFIG_DESCRIPTOR config_;
+    LoopPause pause_;
     std::unique_ptr<ZLQUEUE> ioRequests_;
     std::unique_ptr<ZLQUEUE> caeRequests_;
     /// Filled by the MON interface, read by nobody: a monitor only listens.

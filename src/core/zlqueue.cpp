@@ -3,8 +3,14 @@
 #include <utility>
 
 void ZLQUEUE::ToQueue(ByteList item) {
-    MutexGuard guard(lock_);
-    items_.push_back(std::move(item));
+    {
+        MutexGuard guard(lock_);
+        items_.push_back(std::move(item));
+    }
+    // Unlocked, so that the reader does not wake up to wait for the lock.
+    if (reader_ != nullptr) {
+        reader_->itemAdded();
+    }
 }
 
 bool ZLQUEUE::IsEmpty() {
@@ -23,5 +29,8 @@ std::optional<ByteList> ZLQUEUE::TakeNext() {
     }
     std::optional<ByteList> item(std::move(items_.front()));
     items_.pop_front();
+    if (reader_ != nullptr) {
+        reader_->itemTaken();
+    }
     return item;
 }

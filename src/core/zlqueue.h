@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "common/byte_list.h"
+#include "thread/LoopPause.h"
 #include "thread/MutexClass.h"
 
 /// The channel between the daemon's threads: an unbounded first-in, first-out
@@ -11,6 +12,10 @@
 /// reader. Items are copies in and copies out.
 class ZLQUEUE {
   public:
+    /// Names the loop that reads the queue, whose pauses are to end when there is an
+    /// item. Before another thread knows the queue; the pause outlives it.
+    void ReadBy(LoopPause& reader) { reader_ = &reader; }
+
     void ToQueue(ByteList item);
     bool IsEmpty();
     /// The oldest item, or an empty list when there is none. An item may itself
@@ -20,6 +25,7 @@ class ZLQUEUE {
     std::optional<ByteList> TakeNext();
 
   private:
+    LoopPause* reader_ = nullptr;
     CMutexClass lock_;
     std::deque<ByteList> items_;
 };

@@ -12,6 +12,18 @@ constexpr std::uint32_t kQueueCapacity = 100;
 /// Between two tries to wake a kernel that is in a cycle: 10 microseconds.
 constexpr unsigned kWakeRetryPause = 100;
 
+/// An idle time below this, a microsecond, is spent on the processor.
+constexpr std::uint32_t kShortIdle = 10;
+
+/// The pause between two cycles, in steps of 100 nanoseconds.
+void idle(std::uint32_t steps) {
+    if (steps >= kShortIdle) {
+        Sleep(steps);
+        return;
+    }
+    spinFor(100 * static_cast<long>(steps));
+}
+
 }  // namespace
 
 int CTask::State() {
@@ -264,7 +276,7 @@ void* CThread::_THKERNEL(void* thread) {
             self.event_.Reset();
         }
         if (self.type_ == kIntervalDriven) {
-            Sleep(self.idleTime_);
+            idle(self.idleTime_);
         }
     }
     MutexGuard guard(self.lock_);

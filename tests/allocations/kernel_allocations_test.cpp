@@ -4,6 +4,7 @@
 
 #include "tests/support/allocation_count.h"
 #include "tests/support/wait.h"
+#include "thread/LoopPause.h"
 #include "thread/Thread.h"
 
 namespace {
@@ -16,6 +17,7 @@ class CountingWorker final : public CThread {
 
     using CThread::OnTask;
     bool OnTask() override {
+        pause_.pause(1);
         const std::size_t taken = support::allocations().count;
         if (cycles_ == 0) atFirst_ = taken;
         sinceFirst_ = taken - atFirst_;
@@ -27,6 +29,7 @@ class CountingWorker final : public CThread {
     std::size_t TakenSinceTheFirst() const { return sinceFirst_; }
 
   private:
+    LoopPause pause_{std::chrono::microseconds(10)};
     std::size_t atFirst_ = 0;
     std::atomic<std::size_t> sinceFirst_{0};
     std::atomic<int> cycles_{0};

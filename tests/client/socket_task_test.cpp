@@ -32,6 +32,23 @@ TEST_F(Client, APacketIsOneRequestSeparatorsIncluded) {
     EXPECT_EQ(requested(), Texts{"a5b1dFB\r\na5b1dFF\r\n"});
 }
 
+TEST_F(Client, AtFullSpeedAnInterfaceRestsUntilThereIsSomething) {
+    TcpClient client = connected();
+    EXPECT_EQ(client.receiveUntil("\r\n\r"), kBanner);
+    interface_->descriptor.threadDelay = 1;
+    faults_.pollWithoutEnd();
+    // A rest that overlooks what is there would last for ever.
+    client.send("HELP\r\n");
+    interface_->OnTask();
+    EXPECT_EQ(requested(), Texts{"HELP\r\n"});
+    reply("no\r\n");
+    interface_->OnTask();
+    EXPECT_EQ(client.receiveUntil("\r\n\r"), "no\r\n\r");
+    client.reset();
+    interface_->OnTask();
+    EXPECT_EQ(state(), connection_state::kClosed);
+}
+
 TEST_F(Client, HalvesOfALineAreTwoRequests) {
     TcpClient client = connected();
     client.send("HE");

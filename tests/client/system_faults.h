@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -22,7 +23,12 @@ class SystemFaults {
     /// Runs just before the next such call goes to the system, on its thread.
     void beforeNext(Call call, std::function<void()> action);
 
-    // For the wrapped calls: true when the call is to fail, with errno set.
+    /// From now on ppoll returns only when there is something.
+    void pollWithoutEnd() { endless_ = true; }
+
+    // For the wrapped calls.
+    static bool pollsWithoutEnd();
+    // True when the call is to fail, with errno set.
     static bool refused(Call call);
 
   private:
@@ -34,6 +40,7 @@ class SystemFaults {
 
     bool refuse(Call call);
 
+    std::atomic<bool> endless_{false};
     std::mutex lock_;
     std::map<Call, Plan> plans_;
 };

@@ -114,9 +114,9 @@ TEST_F(DescriptorsAtStart, AnInterfaceThatCannotListenIsDeadUntilTheNextStart) {
     noteState();
     stop();
 
-    // Three standard streams and the sockets of CAE and IO; none that the test has
-    // inherited itself.
-    startAfter("exec 3<&- 4<&- 5<&- 6<&- 7<&- 8<&- 9<&-\nulimit -S -n 5");
+    // Three standard streams, the wake-up of the master loop, and those of CAE and IO
+    // with their sockets; none that the test has inherited itself.
+    startAfter("exec 3<&- 4<&- 5<&- 6<&- 7<&- 8<&- 9<&-\nulimit -S -n 8");
     // The bus has its thread when all interfaces have had their try.
     ASSERT_TRUE(support::waitUntil(
         [this] { return stateOf(daemon_.number()).threads == before_.threads; }));

@@ -4,11 +4,13 @@
 #include <utility>
 
 #include "common/pauses.h"
+#include "thread/LoopPause.h"
 
 namespace {
 
 std::vector<CThread*> living;
 std::function<void()> duringPause;
+int waiting = 0;
 
 }  // namespace
 
@@ -19,7 +21,26 @@ void sleepsec(int /*seconds*/) {}
 
 void Sleep(unsigned int /*n*/) {}
 
-void pauseCycle(std::int32_t /*microseconds*/, bool /*punctual*/) {
+void spinFor(long /*nanoseconds*/) {}
+
+LoopPause::LoopPause(std::chrono::nanoseconds longestRest)
+    : longestRest_(longestRest), event_(-1) {}
+
+LoopPause::~LoopPause() = default;
+
+void LoopPause::itemAdded() {
+    ++waiting;
+}
+
+void LoopPause::itemTaken() {
+    --waiting;
+}
+
+void LoopPause::pauseWithoutWork(std::int32_t microseconds) {
+    pause(microseconds);
+}
+
+void LoopPause::pause(std::int32_t /*microseconds*/, int /*descriptor*/) {
     if (std::function<void()> action = std::exchange(duringPause, nullptr)) {
         action();
         duringPause = std::move(action);
@@ -54,6 +75,10 @@ namespace support {
 
 const std::vector<CThread*>& workers() {
     return living;
+}
+
+int waitingItems() {
+    return waiting;
 }
 
 DuringPauses::DuringPauses(std::function<void()> action) {

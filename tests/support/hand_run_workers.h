@@ -13,6 +13,9 @@ namespace support {
 /// The workers that live, oldest first.
 const std::vector<CThread*>& workers();
 
+/// The items that keep some loop from resting.
+int waitingItems();
+
 /// While one lives, the pause at the start of a cycle is a call of `action`: the
 /// one way to act between two cycles of a loop that does not return. Pauses of
 /// cycles that the action runs itself are none. One at a time.

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/prctl.h>
 
 #include "bus/card_kinds.h"
 #include "tests/unit/bus/link_bench.h"
@@ -36,27 +35,6 @@ TEST_F(SerialTask, TakesOneFrameOfEachQueueInOrder) {
     EXPECT_EQ(line_.takeWrites(), second);
     EXPECT_TRUE(link_->OnTask());
     EXPECT_EQ(line_.takeWrites(), Texts{});
-}
-
-TEST_F(SerialTask, IsPunctualAtFullSpeedBehindACycleThatTalked) {
-    const auto slackOfNextCycle = [this] {
-        link_->OnTask();
-        return ::prctl(PR_GET_TIMERSLACK, 0, 0, 0, 0);
-    };
-    const int ordinary = ::prctl(PR_GET_TIMERSLACK, 0, 0, 0, 0);
-    if (ordinary < 50'000) GTEST_SKIP() << "this machine's threads are punctual anyway";
-    connect();
-    link_->threadDelay = 1;
-    link_->OnTask();
-    queue(5, "10 05 01");
-    line_.answer(kAcknowledgement);
-    EXPECT_EQ(slackOfNextCycle(), ordinary);
-    queue(5, "10 05 02");
-    EXPECT_EQ(slackOfNextCycle(), 1);
-    EXPECT_EQ(link_->State(), LinkState::kClosed) << "nothing has answered";
-    line_.answer(kHardwareAnswer);
-    EXPECT_EQ(slackOfNextCycle(), 1);
-    EXPECT_EQ(slackOfNextCycle(), ordinary);
 }
 
 TEST_F(SerialTask, AnEmptyFrameUsesUpItsQueuesTurn) {

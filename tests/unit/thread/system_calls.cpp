@@ -35,6 +35,12 @@ void* runWhenReleased(void* data) {
     return start->function(start->argument);
 }
 
+void countPause(long nanoseconds) {
+    if (nanoseconds == countedPause) {
+        ++pauseCount;
+    }
+}
+
 }  // namespace
 
 extern "C" {
@@ -44,6 +50,9 @@ int __real_pthread_create(pthread_t* handle, const pthread_attr_t* attributes,
 int __real_pthread_cond_wait(pthread_cond_t* condition, pthread_mutex_t* mutex);
 int __real_pthread_cond_signal(pthread_cond_t* condition);
 int __real_nanosleep(const timespec* request, timespec* rest);
+// The linker's names for spinFor(long).
+void __real__Z7spinForl(long nanoseconds);
+void __wrap__Z7spinForl(long nanoseconds);
 
 int __wrap_pthread_create(pthread_t* handle, const pthread_attr_t* attributes,
                           void* (*function)(void*), void* argument) {
@@ -81,10 +90,15 @@ int __wrap_pthread_cond_signal(pthread_cond_t* condition) {
 }
 
 int __wrap_nanosleep(const timespec* request, timespec* rest) {
-    if (request->tv_sec == 0 && request->tv_nsec == countedPause) {
-        ++pauseCount;
+    if (request->tv_sec == 0) {
+        countPause(request->tv_nsec);
     }
     return __real_nanosleep(request, rest);
+}
+
+void __wrap__Z7spinForl(long nanoseconds) {
+    countPause(nanoseconds);
+    __real__Z7spinForl(nanoseconds);
 }
 
 }  // extern "C"
