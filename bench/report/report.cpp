@@ -39,19 +39,26 @@ void addCardCost(Report& report, const std::string& label) {
     });
 }
 
+// A change comes at any time of the polls' round, half an exchange ahead of the next
+// sample on average, and passes the other half on the wire.
+void addBeyondExchange(Report& report, const std::string& label, const std::string& bareLoop) {
+    addPerRound(report, "change.1.beyond", label, report.results.rounds("change.1.p50", label),
+                report.results.rounds(scansKey(1), bareLoop),
+                [](double p50, double scans) { return p50 - kMicroseconds / scans; });
+}
+
+// An exchange keeps the processor busy from the request to the answer, whoever makes
+// it: as long as it does for a program that does nothing else.
 void addAboveBusyWait(Report& report, const std::string& label, const std::string& bareLoop) {
     for (const char* speed : kRestSpeeds) {
         const std::string key = std::string("rest.sixteen.") + speed;
-        const auto processor = report.results.rounds(key + ".cpu", label);
-        const auto busy = report.results.rounds(key + ".busywait", label);
-        addPerRound(report, key + ".above", label, processor, busy,
-                    [](double all, double wait) { return all - wait; });
-        // The way between a program and the wire is the same for both, and both read
-        // without a pause meanwhile.
         addPerRound(
-            report, key + ".way", label, report.results.rounds(key + ".exchanges", label),
-            report.results.rounds("exchange.way", bareLoop),
+            report, key + ".busywait", label, report.results.rounds(key + ".exchanges", label),
+            report.results.rounds("exchange.cpu", bareLoop),
             [](double perSecond, double each) { return 100 * perSecond * each / kMicroseconds; });
+        addPerRound(report, key + ".above", label, report.results.rounds(key + ".cpu", label),
+                    report.results.rounds(key + ".busywait", label),
+                    [](double all, double wait) { return all - wait; });
     }
 }
 
@@ -76,6 +83,7 @@ void addDerived(Report& report) {
     for (const Contestant& contestant : report.contestants) {
         addShares(report, contestant.label, bareLoop);
         addCardCost(report, contestant.label);
+        addBeyondExchange(report, contestant.label, bareLoop);
         addAboveBusyWait(report, contestant.label, bareLoop);
     }
 }

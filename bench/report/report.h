@@ -74,7 +74,8 @@ struct Report {
 };
 
 /// Adds the figures that follow from others: the shares of the wire's limit and
-/// of the bare loop, the cost of a further card, what is above the busy wait.
+/// of the bare loop, the cost of a further card, what a change takes beyond an exchange, the busy
+/// wait and what is above it.
 void addDerived(Report& report);
 
 /// The limit of the wire: full scans a second of so many polled digital input cards.

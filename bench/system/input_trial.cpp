@@ -5,7 +5,6 @@
 #include "bench/system/buses.h"
 #include "bench/system/child_program.h"
 #include "bench/system/daemon_session.h"
-#include "bench/system/expect.h"
 #include "bench/system/failure.h"
 #include "bench/system/input_measures.h"
 #include "bench/system/processor_time.h"
@@ -90,7 +89,6 @@ void Trial::speeds(DaemonSession& daemon, Slave& slave, std::vector<std::uint8_t
 void Trial::bareLoopInputs() {
     Slave slave(sixteenInputs(), placement_);
     double processor = 0;
-    double way = 0;
     const auto scans = [&](unsigned cards) {
         const ChildProgram loop({contestant_.program, kAdapter, std::to_string(cards)}, placement_);
         awaitPolls(slave);
@@ -100,14 +98,11 @@ void Trial::bareLoopInputs() {
         const Slave::Polls after = slave.allPolls();
         const auto exchanges = static_cast<double>(after.count - before.count);
         processor = (processorSeconds(loop.number()) - used) / exchanges;
-        const auto held = std::chrono::duration<double>(after.held - before.held).count();
-        way = (secondsBetween(before.last, after.last) - held) / exchanges;
         return perSecond;
     };
     for (const unsigned cards : effort_.cards) add(scansKey(cards), scans(cards));
     // Of the last, with the most cards.
     add("exchange.cpu", 1e6 * processor);
-    add("exchange.way", 1e6 * way);
     slave.setBaud(0);
     for (const unsigned cards : {1U, kAllCards}) add(scansKey(cards) + ".unheld", scans(cards));
     close(slave);

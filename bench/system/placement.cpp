@@ -1,5 +1,7 @@
 #include "bench/system/placement.h"
 
+#include <fstream>
+
 namespace bench {
 namespace {
 
@@ -22,12 +24,27 @@ int lastOf(const cpu_set_t& processors) {
     return last;
 }
 
+// Of all queues of work that are not tied to a processor anyway.
+bool sendKernelWorkersTo(int processor) {
+    constexpr int kBitsOfWord = 32;
+    std::ofstream mask("/sys/devices/virtual/workqueue/cpumask");
+    // Words of eight digits with commas between them, the last processors first.
+    mask << std::hex << (1U << (processor % kBitsOfWord));
+    for (int word = processor / kBitsOfWord; word > 0; --word) mask << ",00000000";
+    mask.close();
+    return !mask.fail();
+}
+
 }  // namespace
 
 Placement::Placement() {
-    ::sched_getaffinity(0, sizeof all_, &all_);
+    cpu_set_t all;
+    ::sched_getaffinity(0, sizeof all, &all);
     CPU_ZERO(&instrument_);
-    CPU_SET(lastOf(all_), &instrument_);
+    CPU_SET(lastOf(all), &instrument_);
+    CPU_XOR(&contestants_, &all, &instrument_);
+    if (CPU_COUNT(&contestants_) == 0) contestants_ = all;
+    workersMoved_ = sendKernelWorkersTo(lastOf(all));
     realTime_ = setPriority(kClientPriority);
     setPriority(kOrdinary);
 }
@@ -46,13 +63,18 @@ void Placement::asClient() const {
 }
 
 void Placement::asContestant() const {
-    take(all_, kOrdinary);
+    take(contestants_, kOrdinary);
 }
 
 std::string Placement::describe() const {
-    return "slave and client on processor " + std::to_string(lastOf(instrument_)) +
+    const auto number = [](const cpu_set_t& processors) {
+        return std::to_string(lastOf(processors));
+    };
+    return "slave and client on processor " + number(instrument_) +
            (realTime_ ? " at real-time priority" : " at ordinary priority") +
-           ", contestants on any, at ordinary priority";
+           (workersMoved_ ? ", with the kernel's workers" : "; the kernel's workers on any") +
+           "; contestants on " + std::to_string(CPU_COUNT(&contestants_)) + " up to processor " +
+           number(contestants_) + ", at ordinary priority";
 }
 
 }  // namespace bench

@@ -69,9 +69,7 @@ void Trial::restAt(const std::string& key, const DaemonSession& daemon, const Sl
     const Slave::Polls now = slave.allPolls();
     if (now.count == polled.count) return;
     add(key + ".exchanges", static_cast<double>(now.count - polled.count) / took);
-    // While an answer is due the daemon reads without a pause.
-    add(key + ".busywait",
-        100 * std::chrono::duration<double>(now.held - polled.held).count() / took);
+    add(key + ".held", 100 * std::chrono::duration<double>(now.held - polled.held).count() / took);
 }
 
 }  // namespace bench

@@ -31,17 +31,26 @@ TEST(Derived, AFurtherCardCostsAFifteenthOfWhatFifteenCost) {
     EXPECT_NEAR(sampleReport().results.rounds("card.cost", "zolt").at(0), 250, 1e-9);
 }
 
-TEST(Derived, TheRestIsAboveTheBusyWait) {
-    const std::vector<double> above{2, 6};
-    EXPECT_EQ(sampleReport().results.rounds("rest.sixteen.default.above", "zolt"), above);
+TEST(Derived, TheBusyWaitIsThatOfTheBareLoopForAsManyExchanges) {
+    const Report report = sampleReport();
+    const auto wait = report.results.rounds("rest.sixteen.default.busywait", "zolt");
+    ASSERT_EQ(wait.size(), 2U);
+    EXPECT_NEAR(wait[0], 30, 1e-9);
+    EXPECT_NEAR(wait[1], 40, 1e-9);
 }
 
-TEST(Derived, TheWayToTheWireIsThatOfTheBareLoopForAsManyExchanges) {
+TEST(Derived, TheRestIsAboveTheBusyWait) {
     const Report report = sampleReport();
-    const auto way = report.results.rounds("rest.sixteen.default.way", "zolt");
-    ASSERT_EQ(way.size(), 2U);
-    EXPECT_NEAR(way[0], 3, 1e-9);
-    EXPECT_NEAR(way[1], 4, 1e-9);
+    const auto above = report.results.rounds("rest.sixteen.default.above", "zolt");
+    ASSERT_EQ(above.size(), 2U);
+    EXPECT_NEAR(above[0], 2, 1e-9);
+    EXPECT_NEAR(above[1], 6, 1e-9);
+}
+
+TEST(Derived, AChangeTakesSoMuchMoreThanAnExchangeOfTheBareLoop) {
+    // 250 us and 200 us for an exchange.
+    const std::vector<double> beyond{50, 120};
+    EXPECT_EQ(sampleReport().results.rounds("change.1.beyond", "zolt"), beyond);
 }
 
 TEST(Derived, ARoundThatWasBrokenOffHasNoShare) {

@@ -28,9 +28,9 @@ bench::Report sampleReport() {
     add("command.quiet.p50", "tuned", 200, 200);
     add("commands.lost", "zolt", 1, 1);
     add("rest.sixteen.default.exchanges", "zolt", 3000, 2000);
-    add("exchange.way", "bare", 10, 20);
-    add("rest.sixteen.default.busywait", "zolt", 20, 20);
-    add("rest.sixteen.default.cpu", "zolt", 22, 26);
+    add("exchange.cpu", "bare", 100, 200);
+    add("rest.sixteen.default.cpu", "zolt", 32, 46);
+    add("change.1.p50", "zolt", 300, 320);
     for (const int percent : bench::kSpeeds) {
         report.results.add(bench::speedKey(percent, "scans"), "zolt", percent);
         report.results.add(bench::speedKey(percent, "p50"), "zolt", 500);
