@@ -24,6 +24,14 @@ int lastOf(const cpu_set_t& processors) {
     return last;
 }
 
+std::string numbersOf(const cpu_set_t& processors) {
+    std::string text;
+    for (int i = 0; i < CPU_SETSIZE; ++i) {
+        if (CPU_ISSET(i, &processors)) text += " " + std::to_string(i);
+    }
+    return text;
+}
+
 // Of all queues of work that are not tied to a processor anyway.
 bool sendKernelWorkersTo(int processor) {
     constexpr int kBitsOfWord = 32;
@@ -67,14 +75,10 @@ void Placement::asContestant() const {
 }
 
 std::string Placement::describe() const {
-    const auto number = [](const cpu_set_t& processors) {
-        return std::to_string(lastOf(processors));
-    };
-    return "slave and client on processor " + number(instrument_) +
+    return "slave and client on processor" + numbersOf(instrument_) +
            (realTime_ ? " at real-time priority" : " at ordinary priority") +
            (workersMoved_ ? ", with the kernel's workers" : "; the kernel's workers on any") +
-           "; contestants on " + std::to_string(CPU_COUNT(&contestants_)) + " up to processor " +
-           number(contestants_) + ", at ordinary priority";
+           "; contestants on processor" + numbersOf(contestants_) + " at ordinary priority";
 }
 
 }  // namespace bench

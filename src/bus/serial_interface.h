@@ -12,6 +12,7 @@
 #include "bus/wire.h"
 #include "core/logger.h"
 #include "core/zlqueue.h"
+#include "thread/LoopPause.h"
 #include "thread/Thread.h"
 
 /// The device paths in a listing of /dev, one name per line, in its order. Lines

@@ -32,7 +32,11 @@ SERIAL_INTERFACE::~SERIAL_INTERFACE() {
 }
 
 bool SERIAL_INTERFACE::OnTask() {
-    pause_.pause(threadDelay);
+    if (linkState_ == LinkState::kReady) {
+        pause_.pause(threadDelay);
+    } else {
+        pause_.pauseWithoutWork(threadDelay);
+    }
     if (linkState_ == LinkState::kClosed) {
         openLink();
     }

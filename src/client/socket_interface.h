@@ -8,6 +8,7 @@
 #include "core/descriptors.h"
 #include "core/logger.h"
 #include "core/zlqueue.h"
+#include "thread/LoopPause.h"
 #include "thread/Thread.h"
 
 /// One TCP listener with one client at a time: a worker that carries bytes

@@ -15,6 +15,7 @@
 #include "core/descriptors.h"
 #include "core/logger.h"
 #include "core/zlqueue.h"
+#include "thread/LoopPause.h"
 
 /// The daemon: owns the configuration, the queues, the card table and the four
 /// workers, and runs the master loop that moves everything between them. One per

@@ -6,10 +6,13 @@ void ZLQUEUE::ToQueue(ByteList item) {
     {
         MutexGuard guard(lock_);
         items_.push_back(std::move(item));
+        if (reader_ != nullptr) {
+            reader_->itemAdded();
+        }
     }
     // Unlocked, so that the reader does not wake up to wait for the lock.
     if (reader_ != nullptr) {
-        reader_->itemAdded();
+        reader_->wake();
     }
 }
 

@@ -9,11 +9,12 @@
 
 /// The channel between the daemon's threads: an unbounded first-in, first-out
 /// queue of byte lists. Any number of threads may write; each queue has one
-/// reader. Items are copies in and copies out.
+/// reader. The queue owns its items.
 class ZLQUEUE {
   public:
-    /// Names the loop that reads the queue, whose pauses are to end when there is an
-    /// item. Before another thread knows the queue; the pause outlives it.
+    /// Names the loop that reads the queue, whose short pauses are to end when there
+    /// is an item. Before another thread knows the queue; the pause outlives every use
+    /// of it.
     void ReadBy(LoopPause& reader) { reader_ = &reader; }
 
     void ToQueue(ByteList item);

@@ -10,8 +10,8 @@
 
 namespace {
 
-/// By so much may the system be late with the end of a sleep: the usual timer slack.
-constexpr useconds_t kTimerSlack = 50;  // microseconds
+/// The shortest pause that is left to the system's timers, in microseconds.
+constexpr useconds_t kLongEnough = 50;
 
 }  // namespace
 
@@ -26,13 +26,16 @@ LoopPause::~LoopPause() {
 
 void LoopPause::itemAdded() {
     ++items_;
-    if (resting_.exchange(false)) {
-        eventfd_write(event_, 1);
-    }
 }
 
 void LoopPause::itemTaken() {
     --items_;
+}
+
+void LoopPause::wake() {
+    if (resting_.exchange(false)) {
+        eventfd_write(event_, 1);
+    }
 }
 
 void LoopPause::pause(std::int32_t microseconds, int descriptor) {
@@ -45,7 +48,7 @@ void LoopPause::pauseWithoutWork(std::int32_t microseconds) {
 
 void LoopPause::pauseWith(std::int32_t microseconds, Items items, int descriptor) {
     const auto length = static_cast<useconds_t>(microseconds);
-    if (length >= kTimerSlack || event_ == -1) {
+    if (length >= kLongEnough || event_ == -1) {
         usleep(length);
         return;
     }

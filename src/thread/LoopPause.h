@@ -4,13 +4,14 @@
 #include <chrono>
 #include <cstdint>
 
-/// The pause at the begin of a loop's cycle, and the count of the items that wait
+/// The pause at the start of a loop's cycle, and the count of the items that wait
 /// in the queues which the loop reads.
 ///
-/// A pause that is shorter than the system's timers are exact would take many times
-/// its length, and a loop with nothing to do would still spend a processor on
-/// looking for work. So such a pause is one of two things: with items waiting it is
-/// spent on the processor; with none the loop sleeps until there is one.
+/// The system ends a sleep up to 50 microseconds late, its usual timer slack. A pause
+/// shorter than that would take many times its length, and a loop with nothing to do
+/// would still spend most of a processor on looking for work. So a short pause is one
+/// of two things: with items waiting it is spent on the processor; with none the loop
+/// sleeps until there is one.
 class LoopPause {
   public:
     /// A loop with nothing to do looks around so often all the same, as at the lowest
@@ -23,10 +24,12 @@ class LoopPause {
     LoopPause(const LoopPause&) = delete;
     LoopPause& operator=(const LoopPause&) = delete;
 
-    /// Any thread, once for each item, when it can be taken.
+    /// Any thread, once for each item, before the loop can take it.
     void itemAdded();
     /// The loop, once for each item.
     void itemTaken();
+    /// Any thread, behind itemAdded(): wakes the loop when it sleeps.
+    void wake();
 
     /// The loop: pauses at least so many microseconds. A negative number is taken for
     /// one without sign and lasts half an hour and more. When the pause is a short one,
@@ -46,7 +49,6 @@ class LoopPause {
     /// Wakes the sleeping loop; -1 when the system had none left, and then the loop
     /// does not rest.
     const int event_;
-    /// Below 0 for the moment in which an item is taken before it is counted.
     std::atomic<int> items_{0};
     std::atomic<bool> resting_{false};
 };

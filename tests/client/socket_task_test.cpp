@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 
 #include "tests/client/interface_bench.h"
 #include "tests/support/unique_fd.h"
@@ -32,7 +33,24 @@ TEST_F(Client, APacketIsOneRequestSeparatorsIncluded) {
     EXPECT_EQ(requested(), Texts{"a5b1dFB\r\na5b1dFF\r\n"});
 }
 
-TEST_F(Client, AtFullSpeedAnInterfaceRestsUntilThereIsSomething) {
+TEST_F(Client, AtFullSpeedAnInterfaceWithNothingToDoRests) {
+    TcpClient client = connected();
+    interface_->descriptor.threadDelay = 1;
+    const auto begin = std::chrono::steady_clock::now();
+    interface_->OnTask();
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, LoopPause::kLongestRest);
+}
+
+TEST_F(Client, AtFullSpeedAnInterfaceWithoutAClientRestsBesideItsReplies) {
+    build();
+    interface_->descriptor.threadDelay = 1;
+    reply("for the next client");
+    const auto begin = std::chrono::steady_clock::now();
+    interface_->OnTask();
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, LoopPause::kLongestRest);
+}
+
+TEST_F(Client, AtFullSpeedARestOverlooksNothing) {
     TcpClient client = connected();
     EXPECT_EQ(client.receiveUntil("\r\n\r"), kBanner);
     interface_->descriptor.threadDelay = 1;

@@ -1,6 +1,7 @@
 #include "tests/support/hand_run_workers.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "common/pauses.h"
@@ -10,7 +11,8 @@ namespace {
 
 std::vector<CThread*> living;
 std::function<void()> duringPause;
-int waiting = 0;
+/// By the pause of the loop that they wait for.
+std::map<const LoopPause*, int> waiting;
 
 }  // namespace
 
@@ -23,18 +25,23 @@ void Sleep(unsigned int /*n*/) {}
 
 void spinFor(long /*nanoseconds*/) {}
 
-LoopPause::LoopPause(std::chrono::nanoseconds longestRest)
-    : longestRest_(longestRest), event_(-1) {}
+LoopPause::LoopPause(std::chrono::nanoseconds longestRest) : longestRest_(longestRest), event_(-1) {
+    waiting[this] = 0;
+}
 
-LoopPause::~LoopPause() = default;
+LoopPause::~LoopPause() {
+    waiting.erase(this);
+}
 
 void LoopPause::itemAdded() {
-    ++waiting;
+    ++waiting.at(this);
 }
 
 void LoopPause::itemTaken() {
-    --waiting;
+    --waiting.at(this);
 }
+
+void LoopPause::wake() {}
 
 void LoopPause::pauseWithoutWork(std::int32_t microseconds) {
     pause(microseconds);
@@ -78,7 +85,9 @@ const std::vector<CThread*>& workers() {
 }
 
 int waitingItems() {
-    return waiting;
+    int all = 0;
+    for (const auto& [pause, items] : waiting) all += items;
+    return all;
 }
 
 DuringPauses::DuringPauses(std::function<void()> action) {

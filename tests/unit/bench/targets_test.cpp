@@ -46,9 +46,16 @@ TEST(Verdicts, AddUpWhatIsLost) {
 
 TEST(Verdicts, NameTheUnit) {
     const Verdict verdict = verdictOn(sampleReport(), "processor above the busy wait");
-    EXPECT_EQ(verdict.limit, "at most 5.00 %");
+    EXPECT_EQ(verdict.limit, "within 5.00 %");
     EXPECT_EQ(verdict.value, "4.00 %");
     EXPECT_TRUE(verdict.met);
+}
+
+TEST(Verdicts, RefuseFarLessThanTheBusyWait) {
+    Report report;
+    report.contestants = {{"zolt", Role::kDaemon, ""}};
+    report.results.add("rest.sixteen.default.above", "zolt", -5.5);
+    EXPECT_FALSE(verdictOn(report, "processor above the busy wait").met);
 }
 
 }  // namespace

@@ -37,6 +37,17 @@ TEST_F(SerialTask, TakesOneFrameOfEachQueueInOrder) {
     EXPECT_EQ(line_.takeWrites(), Texts{});
 }
 
+TEST_F(SerialTask, AtFullSpeedALinkRestsBesideFramesThatItCannotSend) {
+    // A port that is given and has no controller is not asked again.
+    build(line_.path());
+    ASSERT_EQ(link_->State(), LinkState::kUnderTest);
+    link_->threadDelay = 1;
+    queue(5, "10 05 01");
+    const auto begin = std::chrono::steady_clock::now();
+    link_->OnTask();
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, LoopPause::kLongestRest);
+}
+
 TEST_F(SerialTask, AnEmptyFrameUsesUpItsQueuesTurn) {
     connect();
     link_->CommandQueue(5).ToQueue({});
