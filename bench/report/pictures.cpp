@@ -103,13 +103,12 @@ std::vector<Picture> pictures(const Report& report) {
         {"Input change to the client, 1 polled card, p99, us", "change.1.p99"},
         {"Input change to the client, 16 polled cards, p50, us", "change.16.p50"},
         {"Input change to the client, 16 polled cards, p99, us", "change.16.p99"}};
-    const std::vector<PanelRow> rates{
-        {"Full scans of 1 card a second", scansKey(1)},
-        {"Full scans of 16 cards a second", scansKey(16)},
-        {"Commands a second, one at a time", "single.rate"},
-        {"Commands a second, as a flood", "flood.rate"},
-        {"Processor seconds of 1000 commands, flood, cycles included", "flood.cpu", 3},
-        {"Private memory at rest, KiB", "memory.private"}};
+    const std::vector<PanelRow> rates{{"Full scans of 1 card a second", scansKey(1)},
+                                      {"Full scans of 16 cards a second", scansKey(16)},
+                                      {"Commands a second, one at a time", "single.rate"},
+                                      {"Commands a second, as a flood", "flood.rate"},
+                                      {"Processor seconds of 1000 commands, flood", "flood.cpu", 3},
+                                      {"Private memory at rest, KiB", "memory.private"}};
     std::vector<Picture> all;
     for (Picture picture :
          {Picture{"performance-cards.svg", cardsPicture(report)},
