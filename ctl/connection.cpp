@@ -21,7 +21,7 @@ struct SocketOption {
 
 /// A line goes out at once; a daemon's machine that has vanished is noticed
 /// within two minutes also while nothing is asked of it.
-constexpr std::array kOptions{
+constexpr std::array kSocketOptions{
     SocketOption{IPPROTO_TCP, TCP_NODELAY, 1},    SocketOption{SOL_SOCKET, SO_KEEPALIVE, 1},
     SocketOption{IPPROTO_TCP, TCP_KEEPIDLE, 60},   // seconds
     SocketOption{IPPROTO_TCP, TCP_KEEPINTVL, 15},  // seconds
@@ -34,7 +34,7 @@ int connectOne(const Address& address, const Deadline& deadline, Descriptor& soc
     if (!socket.valid()) {
         return errno;
     }
-    for (const SocketOption& option : kOptions) {
+    for (const SocketOption& option : kSocketOptions) {
         ::setsockopt(socket.get(), option.level, option.name, &option.value, sizeof option.value);
     }
     if (::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address.bytes), address.size) ==

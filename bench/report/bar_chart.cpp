@@ -8,10 +8,9 @@
 namespace bench {
 namespace {
 
-constexpr double kWidth = 920;
 constexpr double kMargin = 24;
 constexpr double kHeading = 52;
-constexpr double kPanelWidth = kWidth / 2 - kMargin;
+constexpr double kPanelWidth = Svg::kUsualWidth / 2 - kMargin;
 constexpr double kTitle = 26;
 constexpr double kBar = 22;
 constexpr double kGap = 22;
@@ -47,7 +46,7 @@ std::string barChart(const std::string& heading, const std::vector<BarPanel>& pa
         height += i + 1 < panels.size() ? std::max(heightOf(panels[i]), heightOf(panels[i + 1]))
                                         : heightOf(panels[i]);
     }
-    Svg svg(kWidth, height);
+    Svg svg(Svg::kUsualWidth, height);
     svg.text(kMargin, 32, heading, Svg::Anchor::kStart, {16, true});
     double top = kHeading;
     for (std::size_t i = 0; i < panels.size(); i += 2) {

@@ -9,7 +9,6 @@
 namespace bench {
 namespace {
 
-constexpr double kWidth = 920;
 constexpr double kHeight = 420;
 constexpr double kLeft = 70;
 constexpr double kRight = 690;
@@ -85,7 +84,7 @@ std::string draw(const LineChart& chart) {
     const auto yMarks = axisMarks(most);
     scale.mostY = yMarks.back();
 
-    Svg svg(kWidth, kHeight);
+    Svg svg(Svg::kUsualWidth, kHeight);
     svg.text(24, 32, chart.heading, Svg::Anchor::kStart, {16, true});
     drawAxes(svg, chart, scale, yMarks);
     double legend = kTop + 10;

@@ -9,6 +9,9 @@ namespace bench {
 /// left. On a white ground, so that it can be read on a dark page, too.
 class Svg {
   public:
+    /// What a column of a page shows without scaling.
+    static constexpr double kUsualWidth = 920;
+
     Svg(double width, double height);
 
     enum class Anchor { kStart, kMiddle, kEnd };

@@ -10,7 +10,7 @@
 
 namespace {
 
-std::atomic<SystemFaults*> current{nullptr};
+std::atomic<SystemFaults*> currentFaults{nullptr};
 
 using Call = SystemFaults::Call;
 
@@ -66,11 +66,11 @@ int __wrap_ppoll(pollfd* items, nfds_t count, const timespec* wait, const sigset
 }
 
 SystemFaults::SystemFaults() {
-    current = this;
+    currentFaults = this;
 }
 
 SystemFaults::~SystemFaults() {
-    current = nullptr;
+    currentFaults = nullptr;
 }
 
 void SystemFaults::fail(Call call, int error, int times) {
@@ -85,12 +85,12 @@ void SystemFaults::beforeNext(Call call, std::function<void()> action) {
 }
 
 bool SystemFaults::pollsWithoutEnd() {
-    const SystemFaults* faults = current;
+    const SystemFaults* faults = currentFaults;
     return faults != nullptr && faults->endless_;
 }
 
 bool SystemFaults::refused(Call call) {
-    SystemFaults* faults = current;
+    SystemFaults* faults = currentFaults;
     return faults != nullptr && faults->refuse(call);
 }
 

@@ -12,7 +12,7 @@ namespace {
 
 using namespace ctl_test;
 
-const Answers kAnswers{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})},
+const Replies kAnswers{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})},
                        {"REBOOT:E\r\n", reply({"CIA: Card is REBOOTED", "RBT:0xE:OK"})},
                        {"SPEED=0\r\n", reply({"CIE: Parameter is out of range (1..100)"})},
                        {"DISABLEPOLL\r\n", reply({"CIA: GLOBAL POLLING IS DISABLED"})}};

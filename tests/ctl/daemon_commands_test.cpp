@@ -16,7 +16,7 @@ void PrintTo(const DaemonCommand& command, std::ostream* stream) {
     *stream << command.name;
 }
 
-std::string nameOf(const ::testing::TestParamInfo<DaemonCommand>& command) {
+std::string nameOfCommand(const ::testing::TestParamInfo<DaemonCommand>& command) {
     return command.param.name;
 }
 
@@ -106,7 +106,7 @@ INSTANTIATE_TEST_SUITE_P(
                       {"raw", "io", "a5b1dFB"},
                       "",
                       {"host> 05 | 10 05 02 FF FB", "card 5 digital-output: FF FB"}}),
-    nameOf);
+    nameOfCommand);
 
 INSTANTIATE_TEST_SUITE_P(
     Outputs, DaemonCommands,
@@ -171,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(
                                     {"ir", "9", "434F434B524F414348"},
                                     "card 9: 9 bytes are sent\n",
                                     {"card 9 ir: stream 43 4F 43 4B 52 4F 41 43 48"}}),
-    nameOf);
+    nameOfCommand);
 
 INSTANTIATE_TEST_SUITE_P(
     CardConfiguration, DaemonCommands,
@@ -233,6 +233,6 @@ INSTANTIATE_TEST_SUITE_P(
                       {"config", "reboot", "E"},
                       "card E: rebooted\n",
                       {"host> 04 | 50 0E 01 AB", "card E lcd: rebooted"}}),
-    nameOf);
+    nameOfCommand);
 
 }  // namespace

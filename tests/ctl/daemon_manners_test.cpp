@@ -9,11 +9,10 @@
 
 namespace {
 
+using ctl_test::kVersionText;
 using ctl_test::run;
 using ctl_test::ZoltctlProcess;
 using support::TcpClient;
-
-constexpr const char* kVersionText = "driver version 1.20\n";
 
 class Manners : public DaemonTest {
   protected:
@@ -152,7 +151,7 @@ void PrintTo(const LineEnd& lineEnd, std::ostream* stream) {
     *stream << lineEnd.name;
 }
 
-std::string nameOf(const ::testing::TestParamInfo<LineEnd>& lineEnd) {
+std::string nameOfLineEnd(const ::testing::TestParamInfo<LineEnd>& lineEnd) {
     return lineEnd.param.name;
 }
 
@@ -176,6 +175,6 @@ INSTANTIATE_TEST_SUITE_P(Each, MannersOfLineEnds,
                                            LineEnd{"lf", "lf", "\\n"}, LineEnd{"cr", "cr", "\\r"},
                                            LineEnd{"automatic", "auto", "\\n"},
                                            LineEnd{"text", "\\r\\n;", "\\r\\n;"}),
-                         nameOf);
+                         nameOfLineEnd);
 
 }  // namespace

@@ -25,7 +25,7 @@ void PrintTo(const Way& way, std::ostream* stream) {
     *stream << way.name;
 }
 
-std::string nameOf(const ::testing::TestParamInfo<Way>& way) {
+std::string nameOfWay(const ::testing::TestParamInfo<Way>& way) {
     return way.param.name;
 }
 
@@ -73,6 +73,6 @@ INSTANTIATE_TEST_SUITE_P(
                            "ZOLT_MON_PORT=5003", "ZOLT_LINE_END=;", "ZOLT_TIMEOUT=30"}},
                       Way{"configuration_of_an_option", {"--config", otherFile()}, {}},
                       Way{"configuration_of_a_variable", {}, {"ZOLT_CONFIG=" + otherFile()}}),
-    nameOf);
+    nameOfWay);
 
 }  // namespace

@@ -146,7 +146,7 @@ void FakePort::serve(const std::vector<Script>& scripts) {
     }
 }
 
-FakePort::Script console(Answers answers) {
+FakePort::Script console(Replies answers) {
     return [kept = std::move(answers)](FakeConnection& client) {
         client.send(kConsoleBanner);
         for (auto line = client.receive(); !line.empty(); line = client.receive()) {

@@ -83,11 +83,11 @@ class FakePort {
 };
 
 /// Commands, with their line end, and what the console sends for each.
-using Answers = std::map<std::string, std::string>;
+using Replies = std::map<std::string, std::string>;
 
 /// A console with these answers, for one client; another command is an unknown
 /// one there, too.
-FakePort::Script console(Answers answers);
+FakePort::Script console(Replies answers);
 /// An IO port whose client has to send `expected` and nothing else.
 FakePort::Script ioPort(const std::string& expected);
 

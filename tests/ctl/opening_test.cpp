@@ -8,7 +8,7 @@ namespace {
 
 using namespace ctl_test;
 
-const Answers kVersion{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
+const Replies kVersion{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
 constexpr const char* kVersionText = "driver version 1.20\n";
 
 FakePort::Script sending(const std::string& bytes) {

@@ -34,7 +34,7 @@ class Output : public FakeTest {
 
     static constexpr const char* kNobodyReads =
         "zoltctl: cannot write the output: nobody reads it; the last lines are lost";
-    const Answers version_{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
+    const Replies version_{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
 };
 
 TEST_F(Output, AFullDiskIsTold) {

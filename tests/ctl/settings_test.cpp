@@ -9,7 +9,6 @@ namespace {
 using namespace ctl_test;
 
 const std::vector<std::string> kDrvver{"CIA: DRIVER VERSION 1.20"};
-constexpr const char* kVersionText = "driver version 1.20\n";
 
 // Consoles that tell by their version who was asked.
 FakePort::Script consoleOf(const std::string& version) {

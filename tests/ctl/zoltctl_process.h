@@ -12,6 +12,9 @@
 
 namespace ctl_test {
 
+/// What `version` prints of this daemon.
+inline constexpr const char* kVersionText = "driver version 1.20\n";
+
 /// What a finished zoltctl has left: how it ended ("status 0", "signal 9") and
 /// both of its outputs.
 struct Outcome {

@@ -9,7 +9,7 @@ using support::Clock;
 using support::waitUntil;
 
 /// Longer than the daemon may take to let a client go.
-constexpr std::chrono::seconds kLongPatience{150};
+constexpr std::chrono::seconds kVanishedPatience{150};
 
 class ClientVanished : public FaultTest {
   protected:
@@ -38,7 +38,7 @@ TEST_F(ClientVanished, FreesTheInterfaceWithinTwoMinutes) {
     ASSERT_TRUE(waitUntil([this] { return io().peerHasReadAll(); }));
     io().vanish();
     for (const std::string name : {"CAE", "IO"}) {
-        ASSERT_TRUE(waitUntil([&] { return ends(name) > 0; }, kLongPatience));
+        ASSERT_TRUE(waitUntil([&] { return ends(name) > 0; }, kVanishedPatience));
         recordSeconds(name + "_seconds", start);
     }
     EXPECT_EQ(monitor.receive(), "");
@@ -89,7 +89,7 @@ TEST_F(ClientVanished, ALivingOneIsLetGoOnlyWhenItTakesNothing) {
             }
             return ends("IO") > endsBefore;
         },
-        kLongPatience));
+        kVanishedPatience));
     recordSeconds("stalled_seconds", start);
     EXPECT_LT(got.size(), expected.size()) << "there was not always something to take";
     EXPECT_EQ(ends("MON"), 0);

@@ -19,7 +19,7 @@ using support::TcpClient;
 using support::waitUntil;
 
 constexpr std::uint16_t kPort = 5001;
-constexpr int kCycles = 2000;
+constexpr int kResets = 2000;
 
 /// One interface alone, whose pauses of whole seconds cost no time: every client
 /// is accepted, and every close is followed by a reopening.
@@ -73,7 +73,7 @@ class ResetCycle : public testing::TestWithParam<const char*> {
 
 TEST_P(ResetCycle, TwoThousandClientsThatConnectAndReset) {
     const DaemonState before = expectServes();
-    for (int cycle = 0; cycle < kCycles; ++cycle) {
+    for (int cycle = 0; cycle < kResets; ++cycle) {
         TcpClient client = served();
         // With nothing, with a line and with a reply on its way.
         if (cycle % 3 == 1) client.send("a line");

@@ -21,7 +21,7 @@ namespace {
 
 using support::waitUntil;
 
-constexpr int kCycles = 300;
+constexpr int kUnplugs = 300;
 constexpr long kMemoryMargin = 512L * 1024;
 /// An element of a list.
 constexpr long kPerQueuedByte = 32;
@@ -146,12 +146,12 @@ TEST_F(UnplugCycle, ThreeHundredTimesInMidFrameUnderOtherNames) {
     openLink("3 digital-input\n5 digital-output\n8 keymatrix\nF analogue-input\n");
     expectServes();
     const DaemonState before = stateOf(::getpid());
-    replug(kCycles);
+    replug(kUnplugs);
     // Each loss makes the poll request of a card longer by one frame, and leaves one
     // more of them waiting.
     constexpr long kInputCards = 3;
     constexpr long kPollFrame = 3;
-    constexpr long kQueued = kInputCards * kPollFrame * kCycles * (kCycles + 1) / 2;
+    constexpr long kQueued = kInputCards * kPollFrame * kUnplugs * (kUnplugs + 1) / 2;
     // A heap that grows by pieces of every size has holes, up to a tenth of it here;
     // what leaks shows in the next case, which leaves nothing waiting.
     constexpr long kLimit = kQueued * kPerQueuedByte * 3 / 2;
@@ -162,7 +162,7 @@ TEST_F(UnplugCycle, MemoryIsFlatWhereNoPollWaitsBehindTheTornOne) {
     openLink("3 digital-input\n5 digital-output\n");
     expectServes();
     const DaemonState before = stateOf(::getpid());
-    replug(kCycles);
+    replug(kUnplugs);
     expectNothingLeft(before, kMemoryMargin);
 }
 

@@ -1,25 +1,19 @@
 // What happens to inputs, answers and adapters.
 #include <array>
-#include <cstdio>
 #include <filesystem>
 
 #include "tests/reliability/actions.h"
+#include "tests/reliability/hex.h"
 
 namespace reliability {
 namespace {
-
-std::string hexByte(std::size_t value) {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "%02X", static_cast<unsigned>(value & 0xFF));
-    return text.data();
-}
 
 void changeInput(SoakStage& stage, Random& random) {
     constexpr std::array kInputs{"set 1 0", "set 3 0",  "set 3 1", "set C 1",
                                  "key 8",   "turn F 0", "turn F 5"};
     const std::string input = random.oneOf(kInputs);
     // Calm phases use the values above for their marks.
-    stage.bus().control(input + " " + hexByte(random.below(0x80)));
+    stage.bus().control(input + " " + hex(random.below(0x80), 2));
 }
 
 // The bus moves between names with odd numbers, strangers have even ones.
@@ -84,7 +78,7 @@ void makeNoise(SoakStage& stage, Random& random) {
     const std::size_t count = 1 + random.below(120);
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t byte = random.below(256);
-        fault += " " + hexByte(byte == kDiscoveryAnswer ? 0 : byte);
+        fault += " " + hex(byte == kDiscoveryAnswer ? 0 : byte, 2);
     }
     stage.spoil(fault + " for " + bendable(random) + " " + timesText(random));
 }
@@ -105,7 +99,7 @@ void bendAnswer(SoakStage& stage, Random& random) {
     } else if (kind == "class") {
         fault += " " + std::string(1, "12346"[number % 5]);
     } else {
-        fault += " " + hexByte(number);
+        fault += " " + hex(number, 2);
     }
     stage.spoil(fault + " for " + bendable(random) + " " + timesText(random));
 }
@@ -114,7 +108,7 @@ void clearFaults(SoakStage& stage, Random& /*random*/) {
     stage.bus().control("faults clear");
 }
 
-constexpr Action kActions[] = {
+constexpr Action kBusActions[] = {
     {"input change", 16, changeInput},
     {"unplug", 3, unplug},
     {"plug under another name", 8, plug},
@@ -131,7 +125,7 @@ constexpr Action kActions[] = {
 }  // namespace
 
 std::span<const Action> busActions() {
-    return kActions;
+    return kBusActions;
 }
 
 }  // namespace reliability

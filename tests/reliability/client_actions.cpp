@@ -102,7 +102,7 @@ void sendOutputs(SoakStage& stage, Random& random) {
     stage.sendOutputs(1 + random.below(12));
 }
 
-constexpr Action kActions[] = {
+constexpr Action kClientActions[] = {
     {"connect", 24, connect},
     {"leave", 2, leave},
     {"reset", 3, reset},
@@ -122,7 +122,7 @@ constexpr Action kActions[] = {
 }  // namespace
 
 std::span<const Action> clientActions() {
-    return kActions;
+    return kClientActions;
 }
 
 void floodAtMost(SoakStage& stage) {

@@ -49,7 +49,7 @@ void exitFromConsole(SoakStage& stage, Random& /*random*/) {
     stage.cae().send("EXIT\r\n");
 }
 
-constexpr Action kActions[] = {
+constexpr Action kConsoleActions[] = {
     {"console command", 10, command},
     {"card configuration", 2, configureCard},
     {"ask a silent address", 1, askSilentAddress},
@@ -61,7 +61,7 @@ constexpr Action kActions[] = {
 }  // namespace
 
 std::span<const Action> consoleActions() {
-    return kActions;
+    return kConsoleActions;
 }
 
 }  // namespace reliability

@@ -1,7 +1,6 @@
 #include "tests/reliability/input_cards.h"
 
-#include <array>
-#include <cstdio>
+#include "tests/reliability/hex.h"
 
 namespace reliability {
 namespace {
@@ -13,16 +12,10 @@ constexpr std::size_t kPollsPerReading = 7;
 // running for a while.
 constexpr std::size_t kAhead = 200;
 
-std::string hex(unsigned value, int digits) {
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%0*X", digits, value);
-    return text.data();
-}
-
 }  // namespace
 
 std::string reportText(unsigned address, std::size_t block, unsigned value) {
-    return "a" + hex(address, 1) + "b" + hex(static_cast<unsigned>(block), 1) + "d" + hex(value, 2);
+    return "a" + hex(address, 1) + "b" + hex(block, 1) + "d" + hex(value, 2);
 }
 
 std::vector<std::string> InputCard::change(BusWatch& bus) {

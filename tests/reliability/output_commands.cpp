@@ -1,19 +1,12 @@
 #include "tests/reliability/output_commands.h"
 
-#include <array>
-#include <cstdio>
+#include "tests/reliability/hex.h"
 
 namespace reliability {
 namespace {
 
 constexpr unsigned kStreamCard = 0x9;
 constexpr unsigned kTextCard = 0xE;
-
-std::string hex(unsigned value, int digits) {
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%0*X", digits, value);
-    return text.data();
-}
 
 // " 34" for each byte.
 std::string blankAndByte(unsigned value) {
@@ -43,8 +36,7 @@ OutputCommand OutputCommands::block(BlockCard& card) {
     unsigned& value = card.values[index];
     value = (value + 1) & 0xFF;
     OutputCommand command{card.address,
-                          "a" + hex(card.address, 1) + "b" + hex(static_cast<unsigned>(index), 1) +
-                              "d" + hex(value, 2),
+                          "a" + hex(card.address, 1) + "b" + hex(index, 1) + "d" + hex(value, 2),
                           "10" + blankAndByte(card.address) +
                               blankAndByte(static_cast<unsigned>(card.values.size()))};
     for (const unsigned each : card.values) command.frame += blankAndByte(each);

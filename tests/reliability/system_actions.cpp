@@ -33,7 +33,7 @@ void limitDescriptors(SoakStage& stage, Random& random) {
     stage.limitDescriptors(limit, std::chrono::milliseconds(500 + random.below(2000)));
 }
 
-constexpr Action kActions[] = {
+constexpr Action kSystemActions[] = {
     {"rotate the log", 2, rotateLog},        {"log folder gone", 1, takeLogFolder},
     {"log folder back", 3, returnLogFolder}, {"disk full", 1, fillDisk},
     {"disk with room again", 2, freeDisk},   {"no descriptor left", 2, limitDescriptors},
@@ -42,7 +42,7 @@ constexpr Action kActions[] = {
 }  // namespace
 
 std::span<const Action> systemActions() {
-    return kActions;
+    return kSystemActions;
 }
 
 }  // namespace reliability

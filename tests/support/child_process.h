@@ -3,10 +3,12 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "tests/support/unique_fd.h"
 #include "tests/support/wait.h"
 
 namespace support {
@@ -20,6 +22,10 @@ struct StandardStreams {
     int output = kNull;
     int error = kNull;
 };
+
+/// A new file for such a stream, which is appended to; throws std::runtime_error when it
+/// cannot be written.
+UniqueFd createOutputFile(const std::filesystem::path& path);
 
 /// How a process ended, in words: "status 0", "signal 9".
 std::string describeWaitStatus(int waitStatus);

@@ -13,12 +13,6 @@
 namespace support {
 namespace {
 
-UniqueFd createFile(const std::filesystem::path& path) {
-    UniqueFd file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0644));
-    if (!file.valid()) throw std::runtime_error("cannot write " + path.string());
-    return file;
-}
-
 /// What each thread of a process that does not end is in, for the report.
 std::string threadStates(pid_t process) {
     std::string text;
@@ -56,8 +50,8 @@ DaemonProcess::~DaemonProcess() {
 }
 
 std::string DaemonProcess::start(std::optional<int> output) {
-    const UniqueFd outputFile = createFile(standardOutputFile());
-    const UniqueFd errors = createFile(standardErrorFile());
+    const UniqueFd outputFile = createOutputFile(standardOutputFile());
+    const UniqueFd errors = createOutputFile(standardErrorFile());
     StandardStreams streams;
     streams.output = output.value_or(outputFile.get());
     streams.error = errors.get();

@@ -4,7 +4,7 @@
 
 namespace {
 
-std::atomic<support::RecordedPauses*> current{nullptr};
+std::atomic<support::RecordedPauses*> currentPauses{nullptr};
 
 }  // namespace
 
@@ -14,7 +14,7 @@ void __real__Z8sleepseci(int seconds);
 void __wrap__Z8sleepseci(int seconds);
 
 void __wrap__Z8sleepseci(int seconds) {
-    if (support::RecordedPauses* pauses = current) {
+    if (support::RecordedPauses* pauses = currentPauses) {
         pauses->pause(seconds);
     } else {
         __real__Z8sleepseci(seconds);
@@ -25,11 +25,11 @@ void __wrap__Z8sleepseci(int seconds) {
 namespace support {
 
 RecordedPauses::RecordedPauses() {
-    current = this;
+    currentPauses = this;
 }
 
 RecordedPauses::~RecordedPauses() {
-    current = nullptr;
+    currentPauses = nullptr;
 }
 
 std::vector<int> RecordedPauses::take() {

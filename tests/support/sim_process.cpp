@@ -20,11 +20,6 @@ std::filesystem::path controlPath() {
     return workFolder() / "sim.control";
 }
 
-UniqueFd createFile(const std::filesystem::path& path) {
-    return UniqueFd(
-        ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0644));
-}
-
 }  // namespace
 
 std::string SimProcess::defaultProgram() {
@@ -44,7 +39,7 @@ SimProcess::SimProcess(const Options& options)
     const auto busFile = workFolder() / "sim.bus";
     writeFile(busFile, options.bus);
     std::filesystem::remove(traceFile_);
-    const UniqueFd errors = createFile(errorFile_);
+    const UniqueFd errors = createOutputFile(errorFile_);
     StandardStreams streams;
     streams.error = errors.get();
     std::vector<std::string> command{options.program,

@@ -16,10 +16,10 @@
 
 namespace {
 
-std::atomic<ScriptedLine*> current{nullptr};
+std::atomic<ScriptedLine*> currentLine{nullptr};
 
 ScriptedLine* lineAt(int descriptor) {
-    ScriptedLine* line = current;
+    ScriptedLine* line = currentLine;
     return line != nullptr && line->isHostEnd(descriptor) ? line : nullptr;
 }
 
@@ -60,11 +60,11 @@ ScriptedLine::ScriptedLine() : controller_(::posix_openpt(O_RDWR | O_NOCTTY | O_
     if (!terminal_.valid() || ::tcsetattr(terminal_.get(), TCSANOW, &settings) != 0) {
         throw std::system_error(errno, std::generic_category(), path_);
     }
-    current = this;
+    currentLine = this;
 }
 
 ScriptedLine::~ScriptedLine() {
-    current = nullptr;
+    currentLine = nullptr;
 }
 
 void ScriptedLine::answer(const std::string& hex) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <cstdint>
 #include <string>
 
 #include "core/config_reader.h"
@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 constexpr const char* kPortError = " interface port number is less than 1025";
 
 class ConfigInterfaces : public testing::Test {
@@ -93,7 +92,7 @@ TEST_F(ConfigInterfaces, PortsFrom1025OnAreTaken) {
     EXPECT_EQ(readEntries(R"(<I Name="IO" Port="1025"/>)").io.port, 1025);
     EXPECT_EQ(readEntries(R"(<I Name="IO" Port="65536"/>)").io.port, 65536);
     EXPECT_EQ(readEntries(R"(<I Name="IO" Port=" 2001 tcp"/>)").io.port, 2001);
-    EXPECT_EQ(readEntries(R"(<I Name="IO" Port="2147483647"/>)").io.port, kMost);
+    EXPECT_EQ(readEntries(R"(<I Name="IO" Port="2147483647"/>)").io.port, INT32_MAX);
     // 32 bits of it are 1025.
     EXPECT_EQ(readEntries(R"(<I Name="IO" Port="4294968321"/>)").io.port, 1025);
 }

@@ -4,8 +4,8 @@
 #include <syslog.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <filesystem>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -14,9 +14,6 @@
 #include "tests/unit/core/temporary_folder.h"
 
 namespace {
-
-constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
 
 class ConfigReader : public testing::Test {
   protected:
@@ -141,16 +138,16 @@ TEST_F(ConfigReader, PercentsBecomeDelays) {
 }
 
 TEST_F(ConfigReader, HugePercentsSaturate) {
-    EXPECT_EQ(read(R"(<Speed Percent="4294967346"/>)").threadDelay, kLeast);
-    EXPECT_EQ(read(R"(<Speed Percent="99999999999999999999"/>)").threadDelay, kLeast);
-    EXPECT_EQ(read(R"(<Speed Percent="-99999999999999999999"/>)").threadDelay, kMost);
+    EXPECT_EQ(read(R"(<Speed Percent="4294967346"/>)").threadDelay, INT32_MIN);
+    EXPECT_EQ(read(R"(<Speed Percent="99999999999999999999"/>)").threadDelay, INT32_MIN);
+    EXPECT_EQ(read(R"(<Speed Percent="-99999999999999999999"/>)").threadDelay, INT32_MAX);
 }
 
 TEST_F(ConfigReader, TheLogLevelIsANumberOf32Bits) {
     EXPECT_EQ(read(R"(<Debuglog Loglevel="2"/>)").logLevel, 2);
     EXPECT_EQ(read(R"(<Debuglog Loglevel="-7x"/>)").logLevel, -7);
     EXPECT_EQ(read(R"(<Debuglog Loglevel="much"/>)").logLevel, 0);
-    EXPECT_EQ(read(R"(<Debuglog Loglevel="2147483647"/>)").logLevel, kMost);
+    EXPECT_EQ(read(R"(<Debuglog Loglevel="2147483647"/>)").logLevel, INT32_MAX);
     EXPECT_EQ(read(R"(<Debuglog Loglevel="4294967297"/>)").logLevel, 1);
 }
 

@@ -32,8 +32,6 @@ constexpr const char* kInterfaces =
     R"(<I Name="CAE" Port="5001" InpSeparator="\n" OutSeparator=";"/>
        <I Name="IO" Port="5002"/>)";
 
-}  // namespace
-
 TEST_F(CtlSettings, DefaultsWithoutAnything) {
     const Settings settings = make({});
     EXPECT_EQ(settings.at(Port::kCae).label(), "console 127.0.0.1:4001");
@@ -133,3 +131,5 @@ TEST_F(CtlSettings, WrongTimesAndHostsAreRefused) {
     given.host = "";
     EXPECT_EQ(complaint(given), "2 --host is empty");
 }
+
+}  // namespace

@@ -3,19 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "support.h"
+#include "tests/unit/sim/failure_of.h"
 
 namespace sim {
 namespace {
 
 using Content = SlotSetup::Content;
 
-std::string reasonFor(const std::string& text) {
-    try {
-        parseBusText(text, "x.bus");
-    } catch (const BusFileError& error) {
-        return error.what();
-    }
-    return "";
+std::string reasonForBus(const std::string& text) {
+    return failureOf<BusFileError>([&] { parseBusText(text, "x.bus"); });
 }
 
 TEST(BusFile, SaysWhatSitsWhere) {
@@ -44,19 +40,21 @@ TEST(BusFile, MayBeEmpty) {
 }
 
 TEST(BusFile, TellsFileLineAndReason) {
-    EXPECT_EQ(reasonFor("# one\nG servo\n"),
+    EXPECT_EQ(reasonForBus("# one\nG servo\n"),
               "x.bus:2: \"G\" is no address (0 to F) and not \"missing\"");
-    EXPECT_EQ(reasonFor("3\n"), "x.bus:1: the kind of the card is missing");
-    EXPECT_EQ(reasonFor("3 relay\n"),
+    EXPECT_EQ(reasonForBus("3\n"), "x.bus:1: the kind of the card is missing");
+    EXPECT_EQ(reasonForBus("3 relay\n"),
               "x.bus:1: \"relay\" is no kind of card (digital-output digital-input servo motor "
               "analogue-input keymatrix lcd ir, code NN, silent)");
-    EXPECT_EQ(reasonFor("3 servo servo\n"), "x.bus:1: too much after \"servo\"");
-    EXPECT_EQ(reasonFor("3 servo\n\n3 lcd\n"), "x.bus:3: address 3 is given a second time");
-    EXPECT_EQ(reasonFor("3 code\n"), "x.bus:1: code takes one hexadecimal number from 01 to FF");
-    EXPECT_EQ(reasonFor("3 code 00\n"), "x.bus:1: code takes one hexadecimal number from 01 to FF");
-    EXPECT_EQ(reasonFor("3 code 09\n"), "x.bus:1: code 09 is the kind lcd: write that name");
-    EXPECT_EQ(reasonFor("missing\n"), "x.bus:1: missing takes one word: negative or silent");
-    EXPECT_EQ(reasonFor("missing often\n"), "x.bus:1: missing takes one word: negative or silent");
+    EXPECT_EQ(reasonForBus("3 servo servo\n"), "x.bus:1: too much after \"servo\"");
+    EXPECT_EQ(reasonForBus("3 servo\n\n3 lcd\n"), "x.bus:3: address 3 is given a second time");
+    EXPECT_EQ(reasonForBus("3 code\n"), "x.bus:1: code takes one hexadecimal number from 01 to FF");
+    EXPECT_EQ(reasonForBus("3 code 00\n"),
+              "x.bus:1: code takes one hexadecimal number from 01 to FF");
+    EXPECT_EQ(reasonForBus("3 code 09\n"), "x.bus:1: code 09 is the kind lcd: write that name");
+    EXPECT_EQ(reasonForBus("missing\n"), "x.bus:1: missing takes one word: negative or silent");
+    EXPECT_EQ(reasonForBus("missing often\n"),
+              "x.bus:1: missing takes one word: negative or silent");
 }
 
 TEST(BusFile, IsReadFromDisk) {

@@ -1,19 +1,15 @@
 #include <gtest/gtest.h>
 
 #include "sim/control.h"
+#include "tests/unit/sim/failure_of.h"
 
 namespace sim {
 namespace {
 
 using Verb = Control::Verb;
 
-std::string reasonFor(const std::string& line) {
-    try {
-        parseControl(line);
-    } catch (const std::invalid_argument& error) {
-        return error.what();
-    }
-    return "";
+std::string reasonForControl(const std::string& line) {
+    return failureOf<std::invalid_argument>([&] { parseControl(line); });
 }
 
 TEST(ControlParser, ReadsInputControls) {
@@ -51,24 +47,24 @@ TEST(ControlParser, ReadsTheOthers) {
 }
 
 TEST(ControlParser, TellsWhatIsWrong) {
-    EXPECT_EQ(reasonFor(""), "empty line (help lists the controls)");
-    EXPECT_EQ(reasonFor("jump"), "\"jump\" is no control (help lists them)");
-    EXPECT_EQ(reasonFor("PRESS 3 6"), "\"PRESS\" is no control (help lists them)");
-    EXPECT_EQ(reasonFor("press 3"), "use: press A N");
-    EXPECT_EQ(reasonFor("press 3 6 7"), "use: press A N");
-    EXPECT_EQ(reasonFor("press G 6"), "\"G\" is no address (0 to F)");
-    EXPECT_EQ(reasonFor("press 3 16"), "\"16\" is no input (0 to 15)");
-    EXPECT_EQ(reasonFor("press 3 A"), "\"A\" is no input (0 to 15)");
-    EXPECT_EQ(reasonFor("set 3 10 00"), "\"10\" is no number from 0 to F");
-    EXPECT_EQ(reasonFor("turn F 3 100"), "\"100\" is no byte (00 to FF)");
-    EXPECT_EQ(reasonFor("show 3 4"), "use: show [A]");
-    EXPECT_EQ(reasonFor("unplug now"), "use: unplug");
-    EXPECT_EQ(reasonFor("trace some"), "trace takes all, commands or none");
-    EXPECT_EQ(reasonFor("faults list"), "faults is followed by clear or by nothing");
-    EXPECT_EQ(reasonFor("fault"),
+    EXPECT_EQ(reasonForControl(""), "empty line (help lists the controls)");
+    EXPECT_EQ(reasonForControl("jump"), "\"jump\" is no control (help lists them)");
+    EXPECT_EQ(reasonForControl("PRESS 3 6"), "\"PRESS\" is no control (help lists them)");
+    EXPECT_EQ(reasonForControl("press 3"), "use: press A N");
+    EXPECT_EQ(reasonForControl("press 3 6 7"), "use: press A N");
+    EXPECT_EQ(reasonForControl("press G 6"), "\"G\" is no address (0 to F)");
+    EXPECT_EQ(reasonForControl("press 3 16"), "\"16\" is no input (0 to 15)");
+    EXPECT_EQ(reasonForControl("press 3 A"), "\"A\" is no input (0 to 15)");
+    EXPECT_EQ(reasonForControl("set 3 10 00"), "\"10\" is no number from 0 to F");
+    EXPECT_EQ(reasonForControl("turn F 3 100"), "\"100\" is no byte (00 to FF)");
+    EXPECT_EQ(reasonForControl("show 3 4"), "use: show [A]");
+    EXPECT_EQ(reasonForControl("unplug now"), "use: unplug");
+    EXPECT_EQ(reasonForControl("trace some"), "trace takes all, commands or none");
+    EXPECT_EQ(reasonForControl("faults list"), "faults is followed by clear or by nothing");
+    EXPECT_EQ(reasonForControl("fault"),
               "use: fault KIND [ARG] [at A] [for REQUEST] [once|N times|always]");
-    EXPECT_EQ(reasonFor("fault fire"), "\"fire\" is no kind of fault");
-    EXPECT_EQ(reasonFor("insert 3 code"), "code takes one hexadecimal number from 01 to FF");
+    EXPECT_EQ(reasonForControl("fault fire"), "\"fire\" is no kind of fault");
+    EXPECT_EQ(reasonForControl("insert 3 code"), "code takes one hexadecimal number from 01 to FF");
 }
 
 TEST(ControlParser, HelpNamesEveryControl) {

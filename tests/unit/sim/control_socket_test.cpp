@@ -5,17 +5,13 @@
 #include <sys/un.h>
 
 #include "support.h"
+#include "tests/unit/sim/failure_of.h"
 
 namespace sim {
 namespace {
 
-std::string reasonFor(const std::string& path) {
-    try {
-        const ControlSocket socket(path);
-    } catch (const std::runtime_error& error) {
-        return error.what();
-    }
-    return "";
+std::string reasonForSocket(const std::string& path) {
+    return failureOf<std::runtime_error>([&] { const ControlSocket socket(path); });
 }
 
 TEST(ControlSocket, RemovesItsFile) {
@@ -41,30 +37,31 @@ TEST(ControlSocket, ReplacesOneThatNobodyListensOn) {
                   0);
     }
     ASSERT_TRUE(std::filesystem::is_socket(path));
-    EXPECT_EQ(reasonFor(path), "");
+    EXPECT_EQ(reasonForSocket(path), "");
 }
 
 TEST(ControlSocket, DoesNotTakeOneFromAnother) {
     const test::Folder folder;
     const std::string path = folder.file("control");
     const ControlSocket first(path);
-    EXPECT_EQ(reasonFor(path), path + ": in use by another program");
+    EXPECT_EQ(reasonForSocket(path), path + ": in use by another program");
     EXPECT_TRUE(std::filesystem::is_socket(path));
 }
 
 TEST(ControlSocket, LeavesOtherFilesAlone) {
     const test::Folder folder;
     const std::string path = folder.write("control", "precious");
-    EXPECT_EQ(reasonFor(path), path + ": exists and is no socket, left as it is");
+    EXPECT_EQ(reasonForSocket(path), path + ": exists and is no socket, left as it is");
     EXPECT_EQ(std::filesystem::file_size(path), 8U);
 }
 
 TEST(ControlSocket, TellsWhyItCannotListen) {
     const test::Folder folder;
-    EXPECT_EQ(reasonFor(folder.file("none/control")),
+    EXPECT_EQ(reasonForSocket(folder.file("none/control")),
               folder.file("none/control") + ": No such file or directory");
     const std::string longPath = folder.file(std::string(120, 'x'));
-    EXPECT_EQ(reasonFor(longPath), longPath + ": too long for a socket, at most 107 characters");
+    EXPECT_EQ(reasonForSocket(longPath),
+              longPath + ": too long for a socket, at most 107 characters");
 }
 
 }  // namespace

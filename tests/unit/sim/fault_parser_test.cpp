@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "sim/faults.h"
+#include "tests/unit/sim/failure_of.h"
 
 namespace sim {
 namespace {
@@ -9,13 +10,8 @@ Fault parse(const std::string& text) {
     return parseFault(splitWords(text));
 }
 
-std::string reasonFor(const std::string& text) {
-    try {
-        parse(text);
-    } catch (const std::invalid_argument& error) {
-        return error.what();
-    }
-    return "";
+std::string reasonForFault(const std::string& text) {
+    return failureOf<std::invalid_argument>([&] { parse(text); });
 }
 
 TEST(FaultParser, KnowsEveryKind) {
@@ -53,25 +49,26 @@ TEST(FaultParser, TellsACountFromAByteMore) {
 }
 
 TEST(FaultParser, TellsWhatIsWrong) {
-    EXPECT_EQ(reasonFor(""), "the kind of fault is missing");
-    EXPECT_EQ(reasonFor("fire"), "\"fire\" is no kind of fault");
-    EXPECT_EQ(reasonFor("delay"), "delay takes milliseconds, 1 to 60000");
-    EXPECT_EQ(reasonFor("delay 60001"), "delay takes milliseconds, 1 to 60000");
-    EXPECT_EQ(reasonFor("truncate 0"), "truncate takes a number of bytes, 1 to 255");
-    EXPECT_EQ(reasonFor("length"), "length takes a hexadecimal byte");
-    EXPECT_EQ(reasonFor("length 100"), "length takes a hexadecimal byte, 00 to FF");
-    EXPECT_EQ(reasonFor("class 5"), "class takes 1, 2, 3, 4 or 6");
-    EXPECT_EQ(reasonFor("class"), "class takes 1, 2, 3, 4 or 6");
-    EXPECT_EQ(reasonFor("raw"), "raw takes 1 to 255 bytes of two hexadecimal digits");
-    EXPECT_EQ(reasonFor("raw 5 times"), "raw takes 1 to 255 bytes of two hexadecimal digits");
-    EXPECT_EQ(reasonFor("raw 0102 3"), "\"3\" is not understood here");
-    EXPECT_EQ(reasonFor("silence at"), "at takes an address");
-    EXPECT_EQ(reasonFor("silence at 10"), "at takes an address, 0 to F");
-    EXPECT_EQ(reasonFor("silence at 1 at 2"), "\"at\" is not understood here");
-    EXPECT_EQ(reasonFor("silence for lunch"), "for takes poll, output, discovery, check or config");
-    EXPECT_EQ(reasonFor("silence 0 times"), "times takes a number, 1 to 1000000");
-    EXPECT_EQ(reasonFor("silence once always"), "once, N times and always exclude each other");
-    EXPECT_EQ(reasonFor("silence twice"), "\"twice\" is not understood here");
+    EXPECT_EQ(reasonForFault(""), "the kind of fault is missing");
+    EXPECT_EQ(reasonForFault("fire"), "\"fire\" is no kind of fault");
+    EXPECT_EQ(reasonForFault("delay"), "delay takes milliseconds, 1 to 60000");
+    EXPECT_EQ(reasonForFault("delay 60001"), "delay takes milliseconds, 1 to 60000");
+    EXPECT_EQ(reasonForFault("truncate 0"), "truncate takes a number of bytes, 1 to 255");
+    EXPECT_EQ(reasonForFault("length"), "length takes a hexadecimal byte");
+    EXPECT_EQ(reasonForFault("length 100"), "length takes a hexadecimal byte, 00 to FF");
+    EXPECT_EQ(reasonForFault("class 5"), "class takes 1, 2, 3, 4 or 6");
+    EXPECT_EQ(reasonForFault("class"), "class takes 1, 2, 3, 4 or 6");
+    EXPECT_EQ(reasonForFault("raw"), "raw takes 1 to 255 bytes of two hexadecimal digits");
+    EXPECT_EQ(reasonForFault("raw 5 times"), "raw takes 1 to 255 bytes of two hexadecimal digits");
+    EXPECT_EQ(reasonForFault("raw 0102 3"), "\"3\" is not understood here");
+    EXPECT_EQ(reasonForFault("silence at"), "at takes an address");
+    EXPECT_EQ(reasonForFault("silence at 10"), "at takes an address, 0 to F");
+    EXPECT_EQ(reasonForFault("silence at 1 at 2"), "\"at\" is not understood here");
+    EXPECT_EQ(reasonForFault("silence for lunch"),
+              "for takes poll, output, discovery, check or config");
+    EXPECT_EQ(reasonForFault("silence 0 times"), "times takes a number, 1 to 1000000");
+    EXPECT_EQ(reasonForFault("silence once always"), "once, N times and always exclude each other");
+    EXPECT_EQ(reasonForFault("silence twice"), "\"twice\" is not understood here");
 }
 
 }  // namespace

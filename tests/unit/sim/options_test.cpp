@@ -2,16 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/unit/sim/failure_of.h"
+
 namespace sim {
 namespace {
 
-std::string reasonFor(const std::vector<std::string>& arguments) {
-    try {
-        parseOptions(arguments);
-    } catch (const std::invalid_argument& error) {
-        return error.what();
-    }
-    return "";
+std::string reasonForOptions(const std::vector<std::string>& arguments) {
+    return failureOf<std::invalid_argument>([&] { parseOptions(arguments); });
 }
 
 TEST(Options, HaveDefaults) {
@@ -44,15 +41,16 @@ TEST(Options, HelpAndVersionNeedNoOthers) {
 }
 
 TEST(Options, TellWhatIsWrong) {
-    EXPECT_EQ(reasonFor({}), "--bus and --link are required");
-    EXPECT_EQ(reasonFor({"--bus", "a"}), "--bus and --link are required");
-    EXPECT_EQ(reasonFor({"--bus"}), "--bus needs FILE");
-    EXPECT_EQ(reasonFor({"--link="}), "--link needs PATH");
-    EXPECT_EQ(reasonFor({"--speed", "1"}), "unknown argument \"--speed\"");
-    EXPECT_EQ(reasonFor({"bus"}), "unknown argument \"bus\"");
-    EXPECT_EQ(reasonFor({"--baud", "fast"}), "--baud takes a decimal number, not \"fast\"");
-    EXPECT_EQ(reasonFor({"--trace", "some"}), "--trace takes all, commands or none, not \"some\"");
-    EXPECT_EQ(reasonFor({"--help=yes"}), "--help takes no value");
+    EXPECT_EQ(reasonForOptions({}), "--bus and --link are required");
+    EXPECT_EQ(reasonForOptions({"--bus", "a"}), "--bus and --link are required");
+    EXPECT_EQ(reasonForOptions({"--bus"}), "--bus needs FILE");
+    EXPECT_EQ(reasonForOptions({"--link="}), "--link needs PATH");
+    EXPECT_EQ(reasonForOptions({"--speed", "1"}), "unknown argument \"--speed\"");
+    EXPECT_EQ(reasonForOptions({"bus"}), "unknown argument \"bus\"");
+    EXPECT_EQ(reasonForOptions({"--baud", "fast"}), "--baud takes a decimal number, not \"fast\"");
+    EXPECT_EQ(reasonForOptions({"--trace", "some"}),
+              "--trace takes all, commands or none, not \"some\"");
+    EXPECT_EQ(reasonForOptions({"--help=yes"}), "--help takes no value");
 }
 
 }  // namespace

@@ -5,19 +5,15 @@
 #include <mutex>
 
 #include "support.h"
+#include "tests/unit/sim/failure_of.h"
 
 namespace sim {
 namespace {
 
 using std::chrono::microseconds;
 
-std::string reasonFor(const std::string& text) {
-    try {
-        parseScenario(text, "x.scenario");
-    } catch (const ScenarioError& error) {
-        return error.what();
-    }
-    return "";
+std::string reasonForScenario(const std::string& text) {
+    return failureOf<ScenarioError>([&] { parseScenario(text, "x.scenario"); });
 }
 
 TEST(Scenario, IsAListOfTimesAndControls) {
@@ -35,20 +31,20 @@ TEST(Scenario, IsAListOfTimesAndControls) {
 }
 
 TEST(Scenario, TellsFileLineAndReason) {
-    EXPECT_EQ(reasonFor("soon press 3 6\n"),
+    EXPECT_EQ(reasonForScenario("soon press 3 6\n"),
               "x.scenario:1: \"soon\" is no time in seconds (such as 2 or 2.5)");
-    EXPECT_EQ(reasonFor("1. show\n"),
+    EXPECT_EQ(reasonForScenario("1. show\n"),
               "x.scenario:1: \"1.\" is no time in seconds (such as 2 or 2.5)");
-    EXPECT_EQ(reasonFor(".5 show\n"),
+    EXPECT_EQ(reasonForScenario(".5 show\n"),
               "x.scenario:1: \".5\" is no time in seconds (such as 2 or 2.5)");
-    EXPECT_EQ(reasonFor("1.0000001 show\n"),
+    EXPECT_EQ(reasonForScenario("1.0000001 show\n"),
               "x.scenario:1: \"1.0000001\" is no time in seconds (such as 2 or 2.5)");
-    EXPECT_EQ(reasonFor("-1 show\n"),
+    EXPECT_EQ(reasonForScenario("-1 show\n"),
               "x.scenario:1: \"-1\" is no time in seconds (such as 2 or 2.5)");
-    EXPECT_EQ(reasonFor("2 show\n\n1.9 show\n"),
+    EXPECT_EQ(reasonForScenario("2 show\n\n1.9 show\n"),
               "x.scenario:3: the time 1.9 is before that of the step above");
-    EXPECT_EQ(reasonFor("1 press 3\n"), "x.scenario:1: use: press A N");
-    EXPECT_EQ(reasonFor("1\n"), "x.scenario:1: empty line (help lists the controls)");
+    EXPECT_EQ(reasonForScenario("1 press 3\n"), "x.scenario:1: use: press A N");
+    EXPECT_EQ(reasonForScenario("1\n"), "x.scenario:1: empty line (help lists the controls)");
 }
 
 TEST(ScenarioPlayer, PlaysInOrder) {
