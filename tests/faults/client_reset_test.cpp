@@ -55,15 +55,18 @@ TEST_F(ClientResets, TwoThousandAttemptsOnEachPort) {
     // Spread over several rounds of closing, reopening and accepting; faster than
     // that the daemon takes nobody.
     constexpr std::chrono::milliseconds kPace{10};
-    std::map<Attempt, int> outcomes;
+    std::map<std::uint16_t, std::map<Attempt, int>> outcomes;
     for (int attempt = 0; attempt < 2000; ++attempt) {
-        for (const auto port : kPorts) ++outcomes[connectAndReset(port)];
+        for (const auto port : kPorts) ++outcomes[port][connectAndReset(port)];
         std::this_thread::sleep_for(kPace);
     }
-    EXPECT_GT(outcomes[Attempt::kConnected], 0);
-    RecordProperty("connected", outcomes[Attempt::kConnected]);
-    RecordProperty("refused", outcomes[Attempt::kRefused]);
-    RecordProperty("unanswered", outcomes[Attempt::kUnanswered]);
+    for (auto& [port, counts] : outcomes) {
+        const std::string at = "_at_" + std::to_string(port);
+        EXPECT_GT(counts[Attempt::kConnected], 0) << port;
+        RecordProperty("connected" + at, counts[Attempt::kConnected]);
+        RecordProperty("refused" + at, counts[Attempt::kRefused]);
+        RecordProperty("unanswered" + at, counts[Attempt::kUnanswered]);
+    }
     expectServesAsBefore();
 }
 

@@ -26,7 +26,10 @@ class Unexplained : public Failure {
 class Calm {
   public:
     Calm(SoakStage& stage, Random& random, CalmCounts& counts)
-        : stage_(stage), random_(random), counts_(counts) {}
+        : stage_(stage),
+          random_(random),
+          counts_(counts),
+          lossesBefore_(stage.bus().counts().losses) {}
 
     void run() {
         stage_.endStorm();
@@ -165,7 +168,8 @@ class Calm {
                                      "; reports at IO " + result.reportsAtIo.text() + "; at MON " +
                                      result.reportsAtMon.text() + "; lines at MON " +
                                      result.linesAtMon.text();
-            if (!result.linkLossExplains(true)) throw Unexplained(text);
+            const std::size_t losses = stage_.bus().counts().losses - lossesBefore_;
+            if (!result.linkLossExplains(losses, true)) throw Unexplained(text);
             throw Failure(text);
         }
         counts_.commands += result.commands;
@@ -176,6 +180,7 @@ class Calm {
     SoakStage& stage_;
     Random& random_;
     CalmCounts& counts_;
+    std::size_t lossesBefore_;
 };
 
 }  // namespace

@@ -8,7 +8,7 @@ namespace {
 
 // A heap that has seen its largest storm keeps that size; so much it may still
 // find after the warm-up.
-constexpr double kMemoryNoiseKib = 1024;
+constexpr double kMemoryNoiseKib = 512;
 
 constexpr const char* kHeader =
     "minute  VmRSS kB  RssAnon kB  desc  thr  commands sent/seen  changes made/reported  "

@@ -28,7 +28,7 @@ void freeDisk(SoakStage& stage, Random& /*random*/) {
 // in service.
 void limitDescriptors(SoakStage& stage, Random& random) {
     constexpr std::size_t kNone = 3;
-    constexpr std::size_t kInService = 12;
+    constexpr std::size_t kInService = 17;
     const std::size_t limit = kNone + random.below(kInService - kNone + 1);
     stage.limitDescriptors(limit, std::chrono::milliseconds(500 + random.below(2000)));
 }

@@ -66,7 +66,11 @@ bool Traffic::Result::exact() const {
     return commands.exact() && reportsAtIo.exact() && reportsAtMon.exact() && linesAtMon.exact();
 }
 
-bool Traffic::Result::linkLossExplains(bool rediscovers) const {
+bool Traffic::Result::linkLossExplains(std::size_t losses, bool rediscovers) const {
+    if (losses == 0 || commands.lost > losses || reportsAtIo.lost != reportsAtMon.lost ||
+        linesAtMon.lost > 0) {
+        return false;
+    }
     for (const Tally* tally : {&commands, &reportsAtIo, &reportsAtMon, &linesAtMon}) {
         if (tally->doubled > 0 || tally->outOfOrder > 0) return false;
     }

@@ -38,11 +38,12 @@ class Traffic {
         std::size_t presetFrames = 0;
 
         bool exact() const;
-        /// Nothing is wrong that the loss of the link does not explain. It loses
-        /// what is under way; it doubles nothing, keeps the order, and makes up
-        /// only outputs that stand anew after the discovery behind it, if there
-        /// is one.
-        bool linkLossExplains(bool rediscovers) const;
+        /// Nothing is wrong that so many losses of the link do not explain. Each
+        /// loses at most the one command under way; reports that it costs are
+        /// missing on both ports, and lines of IO do not depend on it. It doubles
+        /// nothing, keeps the order, and makes up only outputs that stand anew
+        /// after the discovery behind it, if there is one.
+        bool linkLossExplains(std::size_t losses, bool rediscovers) const;
     };
 
     /// By the first step the cards have been discovered, cleared before, and

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support.h"
-#include "tests/unit/sim/failure_of.h"
+#include "tests/unit/sim/complaint_of.h"
 
 namespace sim {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 using Content = SlotSetup::Content;
 
 std::string reasonForBus(const std::string& text) {
-    return failureOf<BusFileError>([&] { parseBusText(text, "x.bus"); });
+    return complaintOf<BusFileError>([&] { parseBusText(text, "x.bus"); });
 }
 
 TEST(BusFile, SaysWhatSitsWhere) {

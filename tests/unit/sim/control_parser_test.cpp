@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "sim/control.h"
-#include "tests/unit/sim/failure_of.h"
+#include "tests/unit/sim/complaint_of.h"
 
 namespace sim {
 namespace {
@@ -9,7 +9,7 @@ namespace {
 using Verb = Control::Verb;
 
 std::string reasonForControl(const std::string& line) {
-    return failureOf<std::invalid_argument>([&] { parseControl(line); });
+    return complaintOf<std::invalid_argument>([&] { parseControl(line); });
 }
 
 TEST(ControlParser, ReadsInputControls) {

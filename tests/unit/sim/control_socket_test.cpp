@@ -5,13 +5,13 @@
 #include <sys/un.h>
 
 #include "support.h"
-#include "tests/unit/sim/failure_of.h"
+#include "tests/unit/sim/complaint_of.h"
 
 namespace sim {
 namespace {
 
 std::string reasonForSocket(const std::string& path) {
-    return failureOf<std::runtime_error>([&] { const ControlSocket socket(path); });
+    return complaintOf<std::runtime_error>([&] { const ControlSocket socket(path); });
 }
 
 TEST(ControlSocket, RemovesItsFile) {

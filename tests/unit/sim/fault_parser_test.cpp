@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "sim/faults.h"
-#include "tests/unit/sim/failure_of.h"
+#include "tests/unit/sim/complaint_of.h"
 
 namespace sim {
 namespace {
@@ -11,7 +11,7 @@ Fault parse(const std::string& text) {
 }
 
 std::string reasonForFault(const std::string& text) {
-    return failureOf<std::invalid_argument>([&] { parse(text); });
+    return complaintOf<std::invalid_argument>([&] { parse(text); });
 }
 
 TEST(FaultParser, KnowsEveryKind) {

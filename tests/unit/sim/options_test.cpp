@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/unit/sim/failure_of.h"
+#include "tests/unit/sim/complaint_of.h"
 
 namespace sim {
 namespace {
 
 std::string reasonForOptions(const std::vector<std::string>& arguments) {
-    return failureOf<std::invalid_argument>([&] { parseOptions(arguments); });
+    return complaintOf<std::invalid_argument>([&] { parseOptions(arguments); });
 }
 
 TEST(Options, HaveDefaults) {

@@ -5,7 +5,7 @@
 #include <mutex>
 
 #include "support.h"
-#include "tests/unit/sim/failure_of.h"
+#include "tests/unit/sim/complaint_of.h"
 
 namespace sim {
 namespace {
@@ -13,7 +13,7 @@ namespace {
 using std::chrono::microseconds;
 
 std::string reasonForScenario(const std::string& text) {
-    return failureOf<ScenarioError>([&] { parseScenario(text, "x.scenario"); });
+    return complaintOf<ScenarioError>([&] { parseScenario(text, "x.scenario"); });
 }
 
 TEST(Scenario, IsAListOfTimesAndControls) {

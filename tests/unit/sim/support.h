@@ -15,7 +15,7 @@
 namespace sim::test {
 
 // Far beyond what a loaded machine needs; only a failing test waits this long.
-inline constexpr std::chrono::seconds kDeadline{20};
+inline constexpr std::chrono::seconds kDeadline{30};
 
 template <typename Predicate>
 bool waitUntil(Predicate predicate) {

@@ -154,13 +154,13 @@ TEST(LoopPause, NoItemIsMissedBetweenTwoLoops) {
         for (int taken = 0; taken < kRounds; ++taken) {
             while (sent == taken) there.pause(1);
             there.itemTaken();
-            ++returned;
             add(back);
+            ++returned;
         }
     });
     for (int taken = 0; taken < kRounds; ++taken) {
-        ++sent;
         add(there);
+        ++sent;
         while (returned == taken) back.pause(1);
         back.itemTaken();
     }

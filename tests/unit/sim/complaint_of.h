@@ -6,7 +6,7 @@ namespace sim {
 
 /// What a call complains of with an Error; empty when it does not.
 template <typename Error, typename Call>
-std::string failureOf(Call call) {
+std::string complaintOf(Call call) {
     try {
         call();
     } catch (const Error& error) {
