@@ -68,16 +68,21 @@ void requireJson(const ctl::Json& json) {
                   "JSON in one line");
 }
 
-void readConfigReply(const ctl::Reply& reply) {
-    static const Texts patterns = [] {
-        Texts texts;
-        for (const ctl::CardConfigRow& row : ctl::cardConfigRows()) {
-            texts.emplace_back(row.pattern);
-        }
-        return texts;
-    }();
+std::vector<ctl::Phrase> matchedCommands() {
+    Texts patterns;
+    for (const ctl::CardConfigRow& row : ctl::cardConfigRows()) {
+        patterns.emplace_back(row.pattern);
+    }
+    std::vector<ctl::Phrase> phrases;
     for (const Texts& command : kCommands) {
-        const ctl::Phrase phrase = ctl::matchPhrase(command, patterns);
+        phrases.push_back(ctl::matchPhrase(command, patterns));
+    }
+    return phrases;
+}
+
+void readConfigReply(const ctl::Reply& reply) {
+    static const std::vector<ctl::Phrase> phrases = matchedCommands();
+    for (const ctl::Phrase& phrase : phrases) {
         const ctl::CardConfigRow& row = ctl::cardConfigRows()[phrase.index];
         reads([&] {
             const ctl::Fields told = ctl::parseConfigReply(row, phrase.fields, reply);
