@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/ctl/daemon_test.h"
+#include "tests/support/hex.h"
 #include "tests/support/tcp_client.h"
 #include "tests/support/wait.h"
 
@@ -28,10 +29,6 @@ std::optional<std::chrono::minutes> wantedDuration() {
     return std::chrono::minutes(std::stol(minutes));
 }
 
-std::string hexByte(unsigned value) {
-    return {kHexDigits[value >> 4U], kHexDigits[value & 0x0FU]};
-}
-
 // One block of one card, which changes again and again.
 struct Input {
     char address;
@@ -40,7 +37,7 @@ struct Input {
     bool settled = true;
 
     std::string report() const {
-        return std::string("a") + address + "b" + block + "d" + hexByte(value);
+        return std::string("a") + address + "b" + block + "d" + support::hex(value, 2);
     }
 };
 
@@ -93,7 +90,7 @@ class WatchChanges : public DaemonTest {
             input.value = (input.value + 1) % 256;
             input.settled = false;
             controls.push_back(std::string("set ") + input.address + " " + input.block + " " +
-                               hexByte(input.value));
+                               support::hex(input.value, 2));
         }
         sim_->controlAll(controls);
         made_ += controls.size();

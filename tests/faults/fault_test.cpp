@@ -62,12 +62,6 @@ std::string welcomeOf(std::uint16_t port) {
 
 }  // namespace
 
-std::string hexByte(unsigned value) {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "%02X", value & 0xFFU);
-    return text.data();
-}
-
 FaultTest::FaultTest(const std::string& program) : daemon_(program) {
     settings_.polling = true;
 }

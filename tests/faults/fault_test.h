@@ -10,6 +10,7 @@
 #include "tests/faults/daemon_state.h"
 #include "tests/support/daemon_process.h"
 #include "tests/support/daemon_settings.h"
+#include "tests/support/hex.h"
 #include "tests/support/sim_process.h"
 #include "tests/support/tcp_client.h"
 
@@ -92,4 +93,6 @@ class FaultTest : public ::testing::Test {
 };
 
 /// Two upper-case hexadecimal digits.
-std::string hexByte(unsigned value);
+inline std::string hexByte(unsigned value) {
+    return support::hex(value & 0xFFU, 2);
+}

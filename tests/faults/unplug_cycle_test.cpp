@@ -11,6 +11,7 @@
 
 #include "bus/serial_interface.h"
 #include "sim/simulated_bus.h"
+#include "sim/text.h"
 #include "tests/faults/daemon_state.h"
 #include "tests/support/log_file.h"
 #include "tests/support/private_view.h"
@@ -86,10 +87,11 @@ class UnplugCycle : public testing::Test {
     void expectServes() {
         forgetTrace();
         const char value = static_cast<char>(++value_);
+        const std::string text = sim::hexByte(static_cast<std::uint8_t>(value));
         link_->CommandQueue(5).ToQueue({0x10, 5, 2, 0x11, value});
-        EXPECT_TRUE(traced("card 5 digital-output: 11 " + hex(value)));
-        control("set 3 0 " + hex(value));
-        EXPECT_TRUE(reported("a3b0d" + hex(value)));
+        EXPECT_TRUE(traced("card 5 digital-output: 11 " + text));
+        control("set 3 0 " + text);
+        EXPECT_TRUE(reported("a3b0d" + text));
     }
 
     /// Again and again an answer stops in its midst, and then the adapter goes and
@@ -117,12 +119,6 @@ class UnplugCycle : public testing::Test {
             EXPECT_LE(after.memory, before.memory + memory)
                 << "before: " << before.describe() << "\nafter:  " << after.describe();
         }
-    }
-
-    static std::string hex(char value) {
-        constexpr const char* kDigits = "0123456789ABCDEF";
-        const auto byte = static_cast<unsigned char>(value);
-        return {kDigits[byte >> 4U], kDigits[byte & 15U]};
     }
 
   private:

@@ -1,6 +1,6 @@
 #include "tests/reliability/input_cards.h"
 
-#include "tests/reliability/hex.h"
+#include "tests/support/hex.h"
 
 namespace reliability {
 namespace {
@@ -15,21 +15,22 @@ constexpr std::size_t kAhead = 200;
 }  // namespace
 
 std::string reportText(unsigned address, std::size_t block, unsigned value) {
-    return "a" + hex(address, 1) + "b" + hex(block, 1) + "d" + hex(value, 2);
+    return "a" + support::hex(address, 1) + "b" + support::hex(block, 1) + "d" +
+           support::hex(value, 2);
 }
 
 std::vector<std::string> InputCard::change(BusWatch& bus) {
     value_ = (value_ + 1) & 0xFF;
-    const std::string address = hex(address_, 1);
+    const std::string address = support::hex(address_, 1);
     if (kind_ == Kind::kKeyMatrix) {
-        bus.control("key " + address + " " + hex(value_, 2));
+        bus.control("key " + address + " " + support::hex(value_, 2));
         return {reportText(address_, 0, value_)};
     }
     std::vector<std::string> reports;
     for (unsigned block = 0; block < 2; ++block) {
         // The second block runs apart from the first, to tell the two from each other.
         const unsigned value = (value_ + block * 0x80) & 0xFF;
-        bus.control("set " + address + " " + std::to_string(block) + " " + hex(value, 2));
+        bus.control("set " + address + " " + std::to_string(block) + " " + support::hex(value, 2));
         reports.push_back(reportText(address_, block, value));
     }
     return reports;
@@ -53,9 +54,9 @@ std::vector<std::string> AnalogueScript::refill() {
 }
 
 void AnalogueScript::queueReading(const std::string& times) {
-    std::string answer = "fault answer 21 " + hex(address_, 2);
-    for (const unsigned value : channels_) answer += " " + hex(value, 2);
-    bus_.control(answer + " at " + hex(address_, 1) + " for poll " + times);
+    std::string answer = "fault answer 21 " + support::hex(address_, 2);
+    for (const unsigned value : channels_) answer += " " + support::hex(value, 2);
+    bus_.control(answer + " at " + support::hex(address_, 1) + " for poll " + times);
 }
 
 }  // namespace reliability

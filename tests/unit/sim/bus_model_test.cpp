@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "tests/unit/sim/complaint_of.h"
+
 namespace sim {
 namespace {
 
@@ -14,16 +16,6 @@ BusModel model(const std::string& text) {
 const char* const kAllKinds =
     "0 servo\n3 digital-input\n5 digital-output\n8 keymatrix\n9 ir\nA motor\nE lcd\n"
     "F analogue-input\n1 code 2A\n2 silent\n";
-
-template <typename Action>
-std::string reasonOf(Action action) {
-    try {
-        action();
-    } catch (const ControlError& error) {
-        return error.what();
-    }
-    return "";
-}
 
 TEST(BusModel, AnswersTheHardwareCheck) {
     BusModel bus = model("");
@@ -166,23 +158,27 @@ TEST(BusModel, PressesAndReleasesNumberedInputs) {
 
 TEST(BusModel, RefusesInputsOfTheWrongKind) {
     BusModel bus = model(kAllKinds);
-    EXPECT_EQ(reasonOf([&] { bus.press(5, 0, true); }),
+    EXPECT_EQ(complaintOf<ControlError>([&] { bus.press(5, 0, true); }),
               "address 5 is digital-output, not digital-input");
-    EXPECT_EQ(reasonOf([&] { bus.turn(3, 0, 1); }),
+    EXPECT_EQ(complaintOf<ControlError>([&] { bus.turn(3, 0, 1); }),
               "address 3 is digital-input, not analogue-input");
-    EXPECT_EQ(reasonOf([&] { bus.key(4, 1); }), "address 4 is empty, not keymatrix");
-    EXPECT_EQ(reasonOf([&] { bus.setInput(2, 0, 1); }), "address 2 is silent, not an input card");
-    EXPECT_EQ(reasonOf([&] { bus.setInput(3, 2, 1); }), "card 3 has only blocks 0 to 1");
-    EXPECT_EQ(reasonOf([&] { bus.turn(15, 6, 1); }), "card F has only blocks 0 to 5");
+    EXPECT_EQ(complaintOf<ControlError>([&] { bus.key(4, 1); }),
+              "address 4 is empty, not keymatrix");
+    EXPECT_EQ(complaintOf<ControlError>([&] { bus.setInput(2, 0, 1); }),
+              "address 2 is silent, not an input card");
+    EXPECT_EQ(complaintOf<ControlError>([&] { bus.setInput(3, 2, 1); }),
+              "card 3 has only blocks 0 to 1");
+    EXPECT_EQ(complaintOf<ControlError>([&] { bus.turn(15, 6, 1); }),
+              "card F has only blocks 0 to 5");
 }
 
 TEST(BusModel, TakesCardsInAndOut) {
     BusModel bus = model("3 digital-input\n");
     const SlotSetup lcd{SlotSetup::Content::kCard, 9};
-    EXPECT_EQ(reasonOf([&] { bus.insert(3, lcd); }),
+    EXPECT_EQ(complaintOf<ControlError>([&] { bus.insert(3, lcd); }),
               "address 3 is taken by digital-input: remove it first");
     EXPECT_EQ(bus.remove(3), "card 3 digital-input: removed");
-    EXPECT_EQ(reasonOf([&] { bus.remove(3); }), "address 3 is empty already");
+    EXPECT_EQ(complaintOf<ControlError>([&] { bus.remove(3); }), "address 3 is empty already");
     EXPECT_EQ(bus.answer({0x20, 3, 2}).answer, (Bytes{0x4E, 3}));
     EXPECT_EQ(bus.insert(3, lcd), "card 3 lcd: inserted");
     EXPECT_EQ(bus.answer({0x30}).answer->at(4), 9);

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-namespace reliability {
+namespace support {
 
 /// In capitals, with leading zeros to `digits`.
 inline std::string hex(std::size_t value, int digits) {
@@ -14,4 +14,4 @@ inline std::string hex(std::size_t value, int digits) {
     return text.data();
 }
 
-}  // namespace reliability
+}  // namespace support
