@@ -9,7 +9,6 @@ namespace {
 using namespace ctl_test;
 
 const Replies kVersion{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
-constexpr const char* kVersionText = "driver version 1.20\n";
 
 FakePort::Script sending(const std::string& bytes) {
     return [bytes](FakeConnection& client) {
