@@ -8,7 +8,7 @@ usage() {
 usage: ./run.sh [--bus FILE] [--ports CAE,IO,MON] [--telnet] [--help]
 
   --bus FILE             the cards on the simulated bus (default: one of each kind,
-                         sim/buses/all-kinds.bus)
+                         apps/zolt-sim/buses/all-kinds.bus)
   --ports CAE,IO,MON     the three TCP ports (default: 4001,4002,4003)
   --telnet               lines of clients end with CR LF, as telnet and nc -C send them
                          (default: LF alone, as nc sends them)
@@ -55,7 +55,7 @@ END
     if [ "$bus" = "$allKinds" ]; then
         cat <<END
 In other terminals:
-  build/release/ctl/zoltctl --config build/release/zoltconf.xml cards    lists the cards
+  build/release/apps/zoltctl/zoltctl --config build/release/zoltconf.xml cards    lists the cards
   $client localhost $caePort    type  REBOOT:E   and see  RBT:0xE:OK  there, the LCD card reboot here
   $client localhost $ioPort    type  a5b1dFB    and see the frame 10 05 02 FF FB here
   $client localhost $monPort    with the one above still open: type  press 3 6  here and see  a3b0d40  in both
@@ -113,7 +113,7 @@ runInside() {
     # In the background, where Ctrl-C does not reach it, and with the terminal as
     # input: the shell gives background programs an empty one unless told otherwise.
     exec 3<&0
-    "$build/sim/zolt-sim" --bus "$bus" --link /dev/ttyUSB0 --trace commands <&3 3<&- &
+    "$build/apps/zolt-sim/zolt-sim" --bus "$bus" --link /dev/ttyUSB0 --trace commands <&3 3<&- &
     simulator=$!
     exec 3<&-
     if ! waitFor simulatorHasDecided || ! adapterIsThere; then
@@ -197,7 +197,7 @@ done
 root=$(cd "$(dirname "$0")" && pwd)
 build=$root/build/release
 copy=$build/zoltconf.xml
-allKinds=$root/sim/buses/all-kinds.bus
+allKinds=$root/apps/zolt-sim/buses/all-kinds.bus
 bus=${bus:-$allKinds}
 caePort=${ports%%,*}
 monPort=${ports##*,}

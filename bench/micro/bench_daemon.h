@@ -3,7 +3,7 @@
 #include <array>
 
 #include "bus/wire.h"
-#include "tests/support/hand_run_daemon.h"
+#include "tests/support/hand_run/hand_run_daemon.h"
 
 /// Sixteen digital inputs: the bus that costs most.
 std::array<char, wire::kAddresses> sixteenInputs();

@@ -7,10 +7,10 @@
 #include <string>
 
 #include "bench/micro/allocation_counters.h"
-#include "client/framing.h"
 #include "common/answer_class.h"
 #include "common/byte_list.h"
 #include "common/text.h"
+#include "ports/framing.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "apps/zolt-sim/cards/wire.h"
+#include "apps/zolt-sim/text.h"
 #include "bench/system/command_sender.h"
-#include "sim/text.h"
-#include "sim/wire.h"
 
 namespace bench {
 

@@ -3,9 +3,9 @@
 #include <fcntl.h>
 #include <signal.h>
 
-#include "tests/support/child_process.h"
 #include "tests/support/files.h"
-#include "tests/support/private_view.h"
+#include "tests/support/process/child_process.h"
+#include "tests/support/process/private_view.h"
 #include "tests/support/unique_fd.h"
 
 namespace bench {

@@ -7,7 +7,7 @@
 #include "bench/system/random_times.h"
 #include "bench/system/slave.h"
 #include "bench/system/tally.h"
-#include "tests/support/tcp_client.h"
+#include "tests/support/tcp/tcp_client.h"
 
 namespace bench {
 

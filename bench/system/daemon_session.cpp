@@ -10,7 +10,7 @@
 #include "bench/system/expect.h"
 #include "bench/system/failure.h"
 #include "bench/system/processor_time.h"
-#include "tests/support/daemon_settings.h"
+#include "tests/support/process/daemon_settings.h"
 #include "tests/support/wait.h"
 
 namespace bench {

@@ -5,8 +5,8 @@
 
 #include "bench/system/slave.h"
 #include "bench/system/tally.h"
-#include "tests/support/daemon_process.h"
-#include "tests/support/tcp_client.h"
+#include "tests/support/process/daemon_process.h"
+#include "tests/support/tcp/tcp_client.h"
 
 namespace bench {
 

@@ -1,7 +1,7 @@
 #include "bench/system/expect.h"
 
 #include "bench/system/failure.h"
-#include "tests/support/text_escape.h"
+#include "tests/support/text/text_escape.h"
 
 namespace bench {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "bench/system/slave.h"
-#include "tests/support/tcp_client.h"
+#include "tests/support/tcp/tcp_client.h"
 
 namespace bench {
 

@@ -8,7 +8,7 @@
 #include "bench/system/failure.h"
 #include "bench/system/slave.h"
 #include "tests/support/files.h"
-#include "tests/support/private_view.h"
+#include "tests/support/process/private_view.h"
 #include "tests/support/wait.h"
 
 namespace bench {

@@ -4,7 +4,7 @@
 
 #include "bench/report/report.h"
 #include "bench/system/child_program.h"
-#include "tests/support/tcp_client.h"
+#include "tests/support/tcp/tcp_client.h"
 
 namespace bench {
 

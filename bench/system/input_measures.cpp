@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "apps/zolt-sim/text.h"
 #include "bench/report/judgement.h"
 #include "bench/system/expect.h"
 #include "bench/system/failure.h"
-#include "sim/text.h"
 
 namespace bench {
 namespace {

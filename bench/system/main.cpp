@@ -9,8 +9,8 @@
 #include "bench/report/table.h"
 #include "bench/system/gateway.h"
 #include "bench/system/run.h"
-#include "tests/support/daemon_process.h"
 #include "tests/support/files.h"
+#include "tests/support/process/daemon_process.h"
 
 namespace {
 

@@ -18,7 +18,7 @@
 #include "bench/system/machine.h"
 #include "bench/system/noise_watch.h"
 #include "bench/system/trial.h"
-#include "tests/support/private_view.h"
+#include "tests/support/process/private_view.h"
 #include "tests/support/unique_fd.h"
 
 namespace bench {

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "sim/request.h"
+#include "apps/zolt-sim/cards/request.h"
 
 namespace bench {
 namespace {

@@ -11,13 +11,13 @@
 #include <thread>
 #include <vector>
 
+#include "apps/zolt-sim/cards/bus_model.h"
+#include "apps/zolt-sim/line/device_link.h"
+#include "apps/zolt-sim/line/frame_assembler.h"
+#include "apps/zolt-sim/line/pause.h"
+#include "apps/zolt-sim/line/pty_pair.h"
 #include "bench/report/statistics.h"
 #include "bench/system/placement.h"
-#include "sim/bus_model.h"
-#include "sim/device_link.h"
-#include "sim/frame_assembler.h"
-#include "sim/pause.h"
-#include "sim/pty_pair.h"
 
 namespace bench {
 

@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "tests/reliability/resources.h"
+#include "tests/reliability/soak/resources.h"
 
 namespace bench {
 namespace {

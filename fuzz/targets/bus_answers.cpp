@@ -17,7 +17,7 @@
 #include "control/io_forms.h"
 #include "fuzz/support/reports.h"
 #include "fuzz/support/target.h"
-#include "tests/support/fake_port.h"
+#include "tests/support/hand_run/fake_port.h"
 
 namespace {
 

@@ -18,7 +18,7 @@
 #include "bus/wire.h"
 #include "fuzz/support/reports.h"
 #include "fuzz/support/target.h"
-#include "tests/support/fake_port.h"
+#include "tests/support/hand_run/fake_port.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "check/check.h"
-#include "check/report.h"
+#include "apps/zolt-check/check.h"
+#include "apps/zolt-check/report.h"
 #include "core/config_reader.h"
 #include "fuzz/support/target.h"
 

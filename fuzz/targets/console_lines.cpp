@@ -7,10 +7,10 @@
 #include <string_view>
 #include <vector>
 
-#include "client/framing.h"
 #include "control/console.h"
 #include "fuzz/support/cards.h"
 #include "fuzz/support/target.h"
+#include "ports/framing.h"
 #include "tests/unit/bus/bytes.h"
 #include "tests/unit/control/recording_host.h"
 

@@ -10,14 +10,14 @@
 #include <string_view>
 #include <vector>
 
-#include "ctl/card_config.h"
-#include "ctl/dialogue.h"
-#include "ctl/failure.h"
-#include "ctl/items.h"
-#include "ctl/output.h"
-#include "ctl/phrase.h"
-#include "ctl/replies.h"
-#include "ctl/text.h"
+#include "apps/zoltctl/command_line/phrase.h"
+#include "apps/zoltctl/commands/card_config.h"
+#include "apps/zoltctl/failure.h"
+#include "apps/zoltctl/output/output.h"
+#include "apps/zoltctl/output/text.h"
+#include "apps/zoltctl/ports/dialogue.h"
+#include "apps/zoltctl/ports/items.h"
+#include "apps/zoltctl/ports/replies.h"
 #include "fuzz/support/target.h"
 
 namespace {

@@ -10,10 +10,10 @@
 
 #include "bus/card_kinds.h"
 #include "bus/wire.h"
-#include "client/framing.h"
 #include "control/io_forms.h"
 #include "fuzz/support/cards.h"
 #include "fuzz/support/target.h"
+#include "ports/framing.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
+#include "apps/zolt-sim/cards/bus_file.h"
+#include "apps/zolt-sim/cards/bus_model.h"
 #include "fuzz/support/target.h"
-#include "sim/bus_file.h"
-#include "sim/bus_model.h"
 
 namespace {
 

@@ -8,14 +8,14 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/zolt-sim/cards/bus_file.h"
+#include "apps/zolt-sim/cards/bus_model.h"
+#include "apps/zolt-sim/control/control.h"
+#include "apps/zolt-sim/control/control_server.h"
+#include "apps/zolt-sim/line/faults.h"
+#include "apps/zolt-sim/text.h"
+#include "apps/zolt-sim/trace.h"
 #include "fuzz/support/target.h"
-#include "sim/bus_file.h"
-#include "sim/bus_model.h"
-#include "sim/control.h"
-#include "sim/control_server.h"
-#include "sim/faults.h"
-#include "sim/text.h"
-#include "sim/trace.h"
 
 namespace {
 

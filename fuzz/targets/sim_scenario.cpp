@@ -3,9 +3,9 @@
 #include <chrono>
 #include <string>
 
+#include "apps/zolt-sim/control/control.h"
+#include "apps/zolt-sim/control/scenario.h"
 #include "fuzz/support/target.h"
-#include "sim/control.h"
-#include "sim/scenario.h"
 
 namespace {
 

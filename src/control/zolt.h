@@ -8,13 +8,13 @@
 
 #include "bus/perifcard.h"
 #include "bus/serial_interface.h"
-#include "client/socket_interface.h"
 #include "common/byte_list.h"
 #include "control/console.h"
 #include "control/console_host.h"
 #include "core/descriptors.h"
 #include "core/logger.h"
 #include "core/zlqueue.h"
+#include "ports/socket_interface.h"
 #include "thread/LoopPause.h"
 
 /// The daemon: owns the configuration, the queues, the card table and the four

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "bus/card_kinds.h"
-#include "tests/support/hand_run_daemon.h"
+#include "tests/support/hand_run/hand_run_daemon.h"
 #include "tests/support/wait.h"
 
 /// A byte list takes one allocation per byte. A queue keeps its items in blocks

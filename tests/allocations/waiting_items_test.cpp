@@ -1,7 +1,7 @@
 // Not of allocations, but of the same daemon without threads: each item keeps its
 // reader from resting until it is taken.
 #include "tests/allocations/allocation_test.h"
-#include "tests/support/hand_run_workers.h"
+#include "tests/support/hand_run/hand_run_workers.h"
 
 namespace {
 

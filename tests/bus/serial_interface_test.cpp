@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "sim/simulated_bus.h"
-#include "tests/support/log_file.h"
+#include "apps/zolt-sim/line/simulated_bus.h"
+#include "tests/support/process/log_file.h"
 #include "tests/support/wait.h"
 #include "tests/unit/bus/bytes.h"
 

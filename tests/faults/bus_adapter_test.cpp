@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "tests/faults/fault_test.h"
-#include "tests/support/silent_adapter.h"
+#include "tests/support/process/silent_adapter.h"
 
 namespace {
 

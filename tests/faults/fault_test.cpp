@@ -5,8 +5,8 @@
 #include <cstdio>
 
 #include "tests/support/files.h"
-#include "tests/support/private_view.h"
-#include "tests/support/time_stamp.h"
+#include "tests/support/process/private_view.h"
+#include "tests/support/text/time_stamp.h"
 #include "tests/support/wait.h"
 
 using support::TcpClient;

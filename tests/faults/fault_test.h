@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "tests/faults/daemon_state.h"
-#include "tests/support/daemon_process.h"
-#include "tests/support/daemon_settings.h"
-#include "tests/support/hex.h"
-#include "tests/support/sim_process.h"
-#include "tests/support/tcp_client.h"
+#include "tests/support/process/daemon_process.h"
+#include "tests/support/process/daemon_settings.h"
+#include "tests/support/process/sim_process.h"
+#include "tests/support/tcp/tcp_client.h"
+#include "tests/support/text/hex.h"
 
 /// The daemon on a simulated bus with a card of every kind, both in a private
 /// view of their own. A case does something bad to it and then says what has to

@@ -5,12 +5,12 @@
 #include <optional>
 #include <string>
 
-#include "client/socket_interface.h"
+#include "ports/socket_interface.h"
 #include "tests/faults/daemon_state.h"
-#include "tests/support/log_file.h"
-#include "tests/support/private_view.h"
-#include "tests/support/recorded_pauses.h"
-#include "tests/support/tcp_client.h"
+#include "tests/support/hand_run/recorded_pauses.h"
+#include "tests/support/process/log_file.h"
+#include "tests/support/process/private_view.h"
+#include "tests/support/tcp/tcp_client.h"
 #include "tests/support/wait.h"
 
 namespace {

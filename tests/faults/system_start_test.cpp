@@ -13,8 +13,8 @@
 
 #include "tests/faults/fault_test.h"
 #include "tests/faults/faulty_system.h"
-#include "tests/support/child_process.h"
 #include "tests/support/files.h"
+#include "tests/support/process/child_process.h"
 #include "tests/support/wait.h"
 
 namespace {

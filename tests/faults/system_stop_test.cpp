@@ -10,8 +10,8 @@
 #include <stdexcept>
 
 #include "tests/faults/fault_test.h"
-#include "tests/support/child_process.h"
 #include "tests/support/files.h"
+#include "tests/support/process/child_process.h"
 #include "tests/support/wait.h"
 
 namespace {

@@ -9,13 +9,13 @@
 #include <string>
 #include <vector>
 
+#include "apps/zolt-sim/line/simulated_bus.h"
+#include "apps/zolt-sim/text.h"
 #include "bus/serial_interface.h"
-#include "sim/simulated_bus.h"
-#include "sim/text.h"
 #include "tests/faults/daemon_state.h"
-#include "tests/support/log_file.h"
-#include "tests/support/private_view.h"
-#include "tests/support/recorded_pauses.h"
+#include "tests/support/hand_run/recorded_pauses.h"
+#include "tests/support/process/log_file.h"
+#include "tests/support/process/private_view.h"
 #include "tests/support/wait.h"
 
 namespace {

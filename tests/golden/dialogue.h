@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tests/golden/item.h"
-#include "tests/support/daemon_settings.h"
+#include "tests/support/process/daemon_settings.h"
 
 namespace golden {
 

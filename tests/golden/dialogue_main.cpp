@@ -15,7 +15,7 @@
 #include "tests/golden/log_lines.h"
 #include "tests/golden/runner.h"
 #include "tests/support/files.h"
-#include "tests/support/private_view.h"
+#include "tests/support/process/private_view.h"
 #include "tests/support/wait.h"
 
 namespace {

@@ -6,8 +6,8 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "tests/support/sim_process.h"
-#include "tests/support/text_escape.h"
+#include "tests/support/process/sim_process.h"
+#include "tests/support/text/text_escape.h"
 
 namespace golden {
 namespace {

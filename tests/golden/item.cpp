@@ -4,7 +4,7 @@
 #include <array>
 #include <stdexcept>
 
-#include "tests/support/text_escape.h"
+#include "tests/support/text/text_escape.h"
 
 namespace golden {
 namespace {

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "tests/support/time_stamp.h"
+#include "tests/support/text/time_stamp.h"
 
 namespace golden {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/support/processor_waits.h"
+#include "tests/support/process/processor_waits.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

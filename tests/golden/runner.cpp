@@ -7,7 +7,7 @@
 #include "tests/golden/log_lines.h"
 #include "tests/golden/recording.h"
 #include "tests/golden/stage.h"
-#include "tests/support/processor_waits.h"
+#include "tests/support/process/processor_waits.h"
 #include "tests/support/wait.h"
 
 namespace golden {

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "tests/golden/log_lines.h"
-#include "tests/support/child_process.h"
-#include "tests/support/daemon_process.h"
+#include "tests/support/process/child_process.h"
+#include "tests/support/process/daemon_process.h"
 
 namespace {
 

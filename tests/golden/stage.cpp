@@ -9,8 +9,8 @@
 
 #include "tests/golden/dialogue_settings.h"
 #include "tests/golden/log_lines.h"
-#include "tests/support/private_view.h"
-#include "tests/support/text_escape.h"
+#include "tests/support/process/private_view.h"
+#include "tests/support/text/text_escape.h"
 #include "tests/support/wait.h"
 
 namespace golden {

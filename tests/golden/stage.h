@@ -9,12 +9,12 @@
 #include "tests/golden/bus_trace.h"
 #include "tests/golden/dialogue.h"
 #include "tests/golden/item.h"
-#include "tests/support/daemon_process.h"
 #include "tests/support/files.h"
-#include "tests/support/silent_adapter.h"
-#include "tests/support/sim_process.h"
-#include "tests/support/system_log.h"
-#include "tests/support/tcp_client.h"
+#include "tests/support/process/daemon_process.h"
+#include "tests/support/process/silent_adapter.h"
+#include "tests/support/process/sim_process.h"
+#include "tests/support/process/system_log.h"
+#include "tests/support/tcp/tcp_client.h"
 
 namespace golden {
 

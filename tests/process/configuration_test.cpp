@@ -6,7 +6,7 @@
 
 #include "tests/process/process_test.h"
 #include "tests/support/files.h"
-#include "tests/support/system_log.h"
+#include "tests/support/process/system_log.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "tests/support/files.h"
-#include "tests/support/time_stamp.h"
+#include "tests/support/text/time_stamp.h"
 
 void ProcessTest::SetUp() {
     support::enterTestBed();

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/daemon_process.h"
-#include "tests/support/daemon_settings.h"
-#include "tests/support/private_view.h"
+#include "tests/support/process/daemon_process.h"
+#include "tests/support/process/daemon_settings.h"
+#include "tests/support/process/private_view.h"
 #include "tests/support/wait.h"
 
 /// One daemon in its private view, without an adapter unless a test brings one.

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "tests/process/process_test.h"
-#include "tests/support/tcp_client.h"
+#include "tests/support/tcp/tcp_client.h"
 #include "tests/support/unique_fd.h"
 
 namespace {

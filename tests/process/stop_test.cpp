@@ -2,7 +2,7 @@
 
 #include "tests/process/process_test.h"
 #include "tests/support/files.h"
-#include "tests/support/tcp_client.h"
+#include "tests/support/tcp/tcp_client.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include <iostream>
 #include <thread>
 
-#include "tests/reliability/bench.h"
-#include "tests/reliability/traffic.h"
-#include "tests/support/private_view.h"
+#include "tests/reliability/accounts/bench.h"
+#include "tests/reliability/accounts/traffic.h"
+#include "tests/support/process/private_view.h"
 
 namespace {
 

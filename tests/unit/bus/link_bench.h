@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "bus/serial_interface.h"
-#include "tests/support/log_file.h"
-#include "tests/support/recorded_pauses.h"
+#include "tests/support/hand_run/recorded_pauses.h"
+#include "tests/support/process/log_file.h"
 #include "tests/unit/bus/bytes.h"
 #include "tests/unit/bus/scripted_line.h"
 

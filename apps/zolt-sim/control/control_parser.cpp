@@ -1,0 +1,167 @@
+#include <stdexcept>
+
+#include "apps/zolt-sim/control/control.h"
+
+namespace sim {
+namespace {
+
+using Words = std::vector<std::string>;
+using Verb = Control::Verb;
+
+std::uint8_t address(const std::string& word) {
+    const auto value = parseHexDigit(word);
+    if (!value) {
+        throw std::invalid_argument("\"" + word + "\" is no address (0 to F)");
+    }
+    return *value;
+}
+
+std::uint8_t byteValue(const std::string& word) {
+    const auto value = parseHexByte(word);
+    if (!value) {
+        throw std::invalid_argument("\"" + word + "\" is no byte (00 to FF)");
+    }
+    return *value;
+}
+
+unsigned digit(const std::string& word) {
+    const auto value = parseHexDigit(word);
+    if (!value) {
+        throw std::invalid_argument("\"" + word + "\" is no number from 0 to F");
+    }
+    return *value;
+}
+
+void readNothing(const Words&, Control&) {}
+
+void readShow(const Words& words, Control& control) {
+    if (words.size() > 1) {
+        control.address = address(words[1]);
+    }
+}
+
+void readAddress(const Words& words, Control& control) {
+    control.address = address(words[1]);
+}
+
+void readInput(const Words& words, Control& control) {
+    constexpr unsigned kLastInput = 15;
+    control.address = address(words[1]);
+    const auto input = parseDecimal(words[2], kLastInput);
+    if (!input) {
+        throw std::invalid_argument("\"" + words[2] + "\" is no input (0 to 15)");
+    }
+    control.number = *input;
+}
+
+void readBlockValue(const Words& words, Control& control) {
+    control.address = address(words[1]);
+    control.number = digit(words[2]);
+    control.value = byteValue(words[3]);
+}
+
+void readKey(const Words& words, Control& control) {
+    control.address = address(words[1]);
+    control.value = byteValue(words[2]);
+}
+
+void readPlug(const Words& words, Control& control) {
+    if (words.size() > 1) {
+        control.path = words[1];
+    }
+}
+
+void readInsert(const Words& words, Control& control) {
+    control.address = address(words[1]);
+    control.slot = parseSlot({words.begin() + 2, words.end()});
+}
+
+void readFault(const Words& words, Control& control) {
+    control.fault = parseFault({words.begin() + 1, words.end()});
+}
+
+void readFaults(const Words& words, Control& control) {
+    if (words.size() > 1) {
+        if (words[1] != "clear") {
+            throw std::invalid_argument("faults is followed by clear or by nothing");
+        }
+        control.verb = Verb::kFaultsClear;
+    }
+}
+
+void readTrace(const Words& words, Control& control) {
+    const auto filter = parseTraceFilter(words[1]);
+    if (!filter) {
+        throw std::invalid_argument("trace takes all, commands or none");
+    }
+    control.filter = *filter;
+}
+
+constexpr std::size_t kAnyNumber = 1000;
+
+struct ControlRow {
+    std::string_view word;
+    Verb verb;
+    std::size_t fewestWords;  // the control's own word included
+    std::size_t mostWords;
+    void (*read)(const Words& words, Control& control);
+    std::string_view usage;
+    std::string_view purpose;
+};
+
+constexpr ControlRow kControls[] = {
+    {"show", Verb::kShow, 1, 2, readShow, "show [A]", "the bus, or everything about card A"},
+    {"set", Verb::kSet, 4, 4, readBlockValue, "set A B VV", "input byte of block B becomes VV"},
+    {"press", Verb::kPress, 3, 3, readInput, "press A N", "digital input N (0 to 15) goes on"},
+    {"release", Verb::kRelease, 3, 3, readInput, "release A N", "digital input N goes off"},
+    {"turn", Verb::kTurn, 4, 4, readBlockValue, "turn A C VV",
+     "potentiometer of channel C (0 to 5) stands at VV"},
+    {"key", Verb::kKey, 3, 3, readKey, "key A VV", "the key matrix gives key code VV"},
+    {"insert", Verb::kInsert, 3, 4, readInsert, "insert A KIND",
+     "puts in a card, as in a bus file"},
+    {"remove", Verb::kRemove, 2, 2, readAddress, "remove A", "takes the card out"},
+    {"unplug", Verb::kUnplug, 1, 1, readNothing, "unplug", "takes the adapter off the host"},
+    {"plug", Verb::kPlug, 1, 2, readPlug, "plug [PATH]",
+     "back again, under the same or another name"},
+    {"fault", Verb::kFault, 2, kAnyNumber, readFault,
+     "fault KIND [ARG] [at A] [for REQUEST] [once|N times|always]",
+     "silence, delay MS, noise HEX, truncate N, oversize N, length VV, address VV, class N, "
+     "answer HEX, raw HEX"},
+    {"faults", Verb::kFaults, 1, 2, readFaults, "faults [clear]", "lists or forgets the faults"},
+    {"trace", Verb::kTrace, 2, 2, readTrace, "trace all|commands|none",
+     "what is shown from now on"},
+    {"help", Verb::kHelp, 1, 1, readNothing, "help", "this list"},
+    {"quit", Verb::kQuit, 1, 1, readNothing, "quit", "ends the simulated bus"},
+};
+
+}  // namespace
+
+Control parseControl(std::string_view line) {
+    const Words words = splitWords(line);
+    if (words.empty()) {
+        throw std::invalid_argument("empty line (help lists the controls)");
+    }
+    for (const ControlRow& row : kControls) {
+        if (row.word != words[0]) {
+            continue;
+        }
+        if (words.size() < row.fewestWords || words.size() > row.mostWords) {
+            throw std::invalid_argument("use: " + std::string(row.usage));
+        }
+        Control control;
+        control.verb = row.verb;
+        row.read(words, control);
+        return control;
+    }
+    throw std::invalid_argument("\"" + words[0] + "\" is no control (help lists them)");
+}
+
+std::vector<std::string> controlHelp() {
+    std::vector<std::string> lines;
+    for (const ControlRow& row : kControls) {
+        lines.push_back(std::string(row.usage) + " - " + std::string(row.purpose));
+    }
+    return lines;
+}
+
+}  // namespace sim

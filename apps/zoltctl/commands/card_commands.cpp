@@ -1,0 +1,131 @@
+// cards, discover, poll.
+#include <nlohmann/json.hpp>
+
+#include "apps/zoltctl/commands/commands.h"
+#include "apps/zoltctl/output/output.h"
+#include "apps/zoltctl/output/text.h"
+#include "apps/zoltctl/ports/console_session.h"
+#include "apps/zoltctl/ports/replies.h"
+
+namespace ctl {
+namespace {
+
+/// Lines without the last one's line feed.
+std::string joined(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += (text.empty() ? "" : "\n") + line;
+    }
+    return text;
+}
+
+void printCards(const Settings& settings, const std::vector<CardEntry>& cards, bool all) {
+    Json json = Json::array();
+    std::vector<std::string> lines;
+    for (const CardEntry& card : cards) {
+        if (all || card.kind != kNoCard) {
+            json.push_back({{"address", std::string(1, card.address)}, {"kind", card.kind}});
+            lines.push_back(std::string(1, card.address) + "  " + printable(card.kind));
+        }
+    }
+    if (lines.empty()) {
+        lines.emplace_back("no cards");
+    }
+    writeResult(settings, joined(lines), json);
+}
+
+std::vector<CardEntry> askCards(const Settings& settings, const std::string& command) {
+    ConsoleSession console(settings.at(Port::kCae), settings.timeout);
+    return parseCards(console.ask(command), command);
+}
+
+std::string stateText(bool on) {
+    return on ? "on" : "off";
+}
+
+void showPolling(const Settings& settings, ConsoleSession& console) {
+    const PollStates states = parsePollStates(console.ask("POLLSTATE"), "POLLSTATE");
+    Json cards = Json::array();
+    std::vector<std::string> lines{"global polling is " + stateText(states.global)};
+    for (const PollEntry& card : states.cards) {
+        const std::string address(1, card.address);
+        cards.push_back({{"address", address}, {"polling", card.polling}});
+        lines.push_back(address + "  " + stateText(card.polling));
+    }
+    writeResult(settings, joined(lines), {{"global", states.global}, {"cards", cards}});
+}
+
+void switchGlobalPolling(const Settings& settings, ConsoleSession& console, bool on) {
+    const std::string command = on ? "ENABLEPOLL" : "DISABLEPOLL";
+    const Reply reply = console.ask(command);
+    if (onlyLine(reply, command, "CIA: GLOBAL POLLING IS ") != (on ? "ENABLED" : "DISABLED")) {
+        throw foreignReply(reply, command);
+    }
+    writeResult(settings, "global polling is " + stateText(on), {{"global", on}});
+}
+
+/// So that a refusal does not come when some are switched already.
+void expectInputCards(ConsoleSession& console, const std::string& addresses) {
+    std::string inputs;
+    for (const PollEntry& card : parsePollStates(console.ask("POLLSTATE"), "POLLSTATE").cards) {
+        inputs += card.address;
+    }
+    const std::size_t other = addresses.find_first_not_of(inputs);
+    if (other != std::string::npos) {
+        throw Failure(Status::kRefused,
+                      std::string("card ") + addresses[other] +
+                          " is no input card; the polling of none has been switched");
+    }
+}
+
+void switchCardPolling(ConsoleSession& console, bool on, const std::string& address) {
+    const std::string word = on ? "POLLON" : "POLLOFF";
+    const std::string command = word + ":" + address;
+    const Reply reply = console.ask(command);
+    try {
+        if (onlyLine(reply, command, "CIA: " + word + " is OK at address ") != address) {
+            throw foreignReply(reply, command);
+        }
+    } catch (const Failure& failure) {
+        throw Failure(failure.status(), "card " + address + ": " + failure.what());
+    }
+}
+
+}  // namespace
+
+void showCards(const Settings& settings, const Request& request) {
+    printCards(settings, askCards(settings, "DISCOVER"), request.has("--all"));
+}
+
+void discover(const Settings& settings, const Request& request) {
+    const char* command = request.has("--force") ? "FORCEDISCOVER" : "DISCOVER";
+    printCards(settings, askCards(settings, command), true);
+}
+
+void poll(const Settings& settings, const Request& request) {
+    ConsoleSession console(settings.at(Port::kCae), settings.timeout);
+    const Fields& fields = request.fields;
+    if (!fields.on) {
+        showPolling(settings, console);
+        return;
+    }
+    if (fields.addresses.empty()) {
+        switchGlobalPolling(settings, console, *fields.on);
+        return;
+    }
+    if (fields.addresses.size() > 1) {
+        expectInputCards(console, fields.addresses);
+    }
+    Json json = Json::array();
+    std::string text;
+    for (const char digit : fields.addresses) {
+        const std::string address(1, digit);
+        switchCardPolling(console, *fields.on, address);
+        json.push_back({{"address", address}, {"polling", *fields.on}});
+        text += (text.empty() ? "card " : "\ncard ") + address + ": polling is " +
+                stateText(*fields.on);
+    }
+    writeResult(settings, text, json);
+}
+
+}  // namespace ctl

@@ -1,0 +1,44 @@
+#include "apps/zoltctl/console/console_words.h"
+
+#include <algorithm>
+#include <array>
+
+#include "apps/zoltctl/output/text.h"
+
+namespace ctl {
+namespace {
+
+/// Those that take a card's address end with what stands before it.
+constexpr std::array kWords{
+    "DISABLEPOLL", "DISCOVER",      "DRVVER",       "ENABLEPOLL",   "EXIT",     "FORCEDISCOVER",
+    "GETANMASK:",  "GETLASTINPST:", "GETMSR",       "GETSCA",       "GETSCB",   "HELP",
+    "IOEXAMPLES",  "LCDINITLIGHT:", "LCDSELFTEST:", "MOVESTRPOS:",  "POLLOFF:", "POLLON:",
+    "POLLSTATE",   "REBOOT:",       "SETANMASK:",   "SETMSR",       "SETSCA",   "SETSCB",
+    "SPEED=",      "STOREANMASK:",  "STOREMSRS:",   "STORESRVPOS:",
+};
+
+}  // namespace
+
+std::vector<std::string> consoleWords(const std::string& start) {
+    std::vector<std::string> words;
+    for (const char* word : kWords) {
+        if (startsWith(word, start)) {
+            words.emplace_back(word);
+        }
+    }
+    return words;
+}
+
+std::string commonStart(const std::vector<std::string>& words) {
+    if (words.empty()) {
+        return {};
+    }
+    std::string start = words[0];
+    for (const std::string& word : words) {
+        const auto end = std::mismatch(start.begin(), start.end(), word.begin(), word.end()).first;
+        start.erase(end, start.end());
+    }
+    return start;
+}
+
+}  // namespace ctl

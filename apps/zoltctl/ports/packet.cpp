@@ -1,0 +1,21 @@
+#include "apps/zoltctl/ports/packet.h"
+
+#include "apps/zoltctl/failure.h"
+
+namespace ctl {
+
+std::string packetOf(const std::string& line, const std::string& end) {
+    constexpr std::size_t kLimit = 255;
+    std::string packet = line + end;
+    if (packet.size() > kLimit) {
+        throw Failure(Status::kUsage, "the line is too long: with its end " +
+                                          std::to_string(packet.size()) +
+                                          " bytes, and the daemon takes 255");
+    }
+    if (packet.find('\0') != std::string::npos) {
+        throw Failure(Status::kUsage, "the line holds a 0 byte, which the daemon does not take");
+    }
+    return packet;
+}
+
+}  // namespace ctl

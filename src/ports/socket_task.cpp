@@ -1,0 +1,175 @@
+#include <poll.h>
+#include <sys/select.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <optional>
+#include <utility>
+
+#include "common/pauses.h"
+#include "common/text.h"
+#include "ports/socket_interface.h"
+
+namespace {
+
+/// Lets the worker reach its first cycle before the owner goes on: 5 ms.
+constexpr unsigned kStartPause = 50000;
+
+/// A parked interface looks after its stop this often: 0.5 ms.
+constexpr unsigned kParkPause = 5000;
+
+/// How long a cycle waits for its client.
+constexpr long kWaitMicroseconds = 1;
+
+}  // namespace
+
+SOCKET_INTERFACE::SOCKET_INTERFACE(INTERFACE_DESCRIPTOR settings, LOGGER logger, ZLQUEUE* requests,
+                                   int mode)
+    : descriptor(std::move(settings)), logger_(logger), requests_(requests), mode_(mode) {
+    replyQueue.ReadBy(pause_);
+    SetThreadType(kIntervalDriven, 1);
+    Sleep(kStartPause);
+}
+
+SOCKET_INTERFACE::~SOCKET_INTERFACE() {
+    End();
+}
+
+void SOCKET_INTERFACE::End() {
+    // First, so that a worker that is just reopening does not go on to accept.
+    RequestStop();
+    {
+        MutexGuard guard(lock_);
+        shutDownSockets();
+    }
+    Stop();
+    closeSockets();
+}
+
+bool SOCKET_INTERFACE::OnTask() {
+    if (connected()) {
+        pause_.pause(descriptor.threadDelay, clientSocket_);
+    } else {
+        pause_.pauseWithoutWork(descriptor.threadDelay);
+    }
+    if (descriptor.connectionState == connection_state::kListening) {
+        acceptClient();
+    }
+    if (connected()) {
+        serveClient();
+    }
+    if (descriptor.connectionState == connection_state::kClosed) {
+        reopen();
+    }
+    // Last, so that a placeholder interface still runs its first cycle whole.
+    if (descriptor.name == "DMI") {
+        park();
+    }
+    return true;
+}
+
+bool SOCKET_INTERFACE::connected() const {
+    return descriptor.connectionState == connection_state::kConnected;
+}
+
+void SOCKET_INTERFACE::serveClient() {
+    bool lost = false;
+    switch (clientReadable()) {
+        case Readable::kError:
+            error("socket select error on ", " interface");
+            // After a failed accept there is no client that could go away.
+            lost = clientSocket_ == -1;
+            break;
+        case Readable::kYes:
+            lost = !readFromClient();
+            break;
+        case Readable::kNo:
+            break;
+    }
+    if (lost) {
+        loseClient();
+    }
+    writeToClient(lost);
+}
+
+SOCKET_INTERFACE::Readable SOCKET_INTERFACE::clientReadable() const {
+    if (clientSocket_ < 0) {
+        return Readable::kError;
+    }
+    if (clientSocket_ >= FD_SETSIZE) {
+        // A number that no select set can hold.
+        pollfd client{clientSocket_, POLLIN, 0};
+        const timespec wait{0, kWaitMicroseconds * 1000};
+        const int ready = ppoll(&client, 1, &wait, nullptr);
+        return ready == -1 ? Readable::kError : ready == 0 ? Readable::kNo : Readable::kYes;
+    }
+    fd_set readSet;
+    FD_ZERO(&readSet);
+    FD_SET(clientSocket_, &readSet);
+    fd_set writeSet = readSet;
+    fd_set exceptionSet = readSet;
+    timeval wait{0, kWaitMicroseconds};
+    if (select(clientSocket_ + 1, &readSet, &writeSet, &exceptionSet, &wait) == -1) {
+        return Readable::kError;
+    }
+    return FD_ISSET(clientSocket_, &readSet) ? Readable::kYes : Readable::kNo;
+}
+
+bool SOCKET_INTERFACE::readFromClient() {
+    std::array<char, framing::kReadSize + 1> buffer{};
+    if (read(clientSocket_, buffer.data(), framing::kReadSize) > 0) {
+        requests_->ToQueue(framing::received(mode_, buffer.data()));
+        return true;
+    }
+    // A close by command looks the same from here, and has been logged.
+    if (!connected()) {
+        return true;
+    }
+    info("connection is closed by client on ", " interface");
+    return false;
+}
+
+void SOCKET_INTERFACE::loseClient() {
+    closeSockets();
+    MutexGuard guard(lock_);
+    descriptor.connectionState = connection_state::kClosed;
+    reopenCounter_ = 0;
+}
+
+void SOCKET_INTERFACE::writeToClient(bool clientLost) {
+    std::string bytes;
+    {
+        MutexGuard guard(lock_);
+        // A close by command in this cycle: what is queued from now on is for
+        // the next client. A client that left by itself takes one item with it.
+        if (!clientLost && !connected()) {
+            return;
+        }
+        const std::optional<ByteList> item = replyQueue.TakeNext();
+        if (!item) {
+            return;
+        }
+        bytes = framing::toSend(mode_, *item);
+    }
+    for (std::size_t sent = 0; sent < bytes.size();) {
+        const ssize_t count =
+            send(clientSocket_, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
+        if (count < 0) {
+            error("socket write error on ", " interface");
+            return;
+        }
+        sent += static_cast<std::size_t>(count);
+    }
+}
+
+void SOCKET_INTERFACE::park() {
+    info("On task ", " interface");
+    while (Running()) {
+        Sleep(kParkPause);
+    }
+}
+
+void SOCKET_INTERFACE::mf_SIGhandler(int signal) {
+    logger_.Info("signal ", ITOA(signal), " on ", descriptor.name, " interface");
+}

@@ -1,0 +1,151 @@
+#include "apps/zoltctl/ports/items.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/unit/zoltctl/failure_of.h"
+
+using namespace ctl;
+
+namespace {
+
+template <typename Reader>
+std::vector<std::string> all(Reader& reader) {
+    std::vector<std::string> found;
+    while (const auto item = reader.next()) {
+        found.push_back(*item);
+    }
+    return found;
+}
+
+using Texts = std::vector<std::string>;
+
+/// The status and the message for an item of many "x".
+const std::string kTooLong =
+    "7 the answer is none of zolt's: a line without end, \"" + std::string(60, 'x') + "...\"";
+
+}  // namespace
+
+TEST(CtlItems, EndWithTheSeparatorAndOneCarriageReturn) {
+    ItemReader items("\r\n");
+    items.feed("CIA: X\r\n\r>\r\n");
+    EXPECT_EQ(all(items), Texts{"CIA: X"});
+    EXPECT_EQ(items.rest(), ">\r\n");
+    items.feed("\r");
+    EXPECT_EQ(all(items), Texts{">"});
+    EXPECT_EQ(items.rest(), "");
+}
+
+TEST(CtlItems, ComeByteByByteAsWell) {
+    for (const std::string separator : {"\r\n", "\n", "\r", "", ";"}) {
+        ItemReader items(separator);
+        Texts found;
+        for (const char byte : "one" + separator + "\r>" + separator + "\r") {
+            items.feed(std::string(1, byte));
+            for (const std::string& item : all(items)) {
+                found.push_back(item);
+            }
+        }
+        EXPECT_EQ(found, (Texts{"one", ">"})) << separator;
+    }
+}
+
+TEST(CtlItems, KeepACarriageReturnOfTheirOwn) {
+    ItemReader items("\r\n");
+    items.feed("COE:Illegal command -> zzz\r\r\n\r");
+    EXPECT_EQ(all(items), Texts{"COE:Illegal command -> zzz\r"});
+}
+
+TEST(CtlItems, WithoutEndAreNoneOfTheDaemons) {
+    ItemReader items("\r\n");
+    // The last two may be the begin of the end.
+    items.feed(std::string(4096 + 2, 'x'));
+    EXPECT_EQ(items.next(), std::nullopt);
+    items.feed("x");
+    EXPECT_EQ(failureOf([&] { items.next(); }), kTooLong);
+}
+
+TEST(CtlItems, ThatAreTooLongAreSoInOnePieceAndInMany) {
+    const std::string longest = std::string(4096, 'x');
+    for (const std::size_t piece : {std::size_t{1}, std::size_t{5000}}) {
+        for (const std::string& item : {longest, longest + "x"}) {
+            ItemReader items("\r\n");
+            const std::string bytes = item + "\r\n\r";
+            Texts found;
+            const auto read = [&] {
+                for (std::size_t at = 0; at < bytes.size(); at += piece) {
+                    items.feed(bytes.substr(at, piece));
+                    for (const std::string& one : all(items)) found.push_back(one);
+                }
+            };
+            if (item == longest) {
+                read();
+                EXPECT_EQ(found, Texts{longest}) << piece;
+            } else {
+                EXPECT_EQ(failureOf(read), kTooLong) << piece;
+            }
+        }
+    }
+}
+
+TEST(CtlLines, EndWithAnyOfTheEnds) {
+    LineReader lines({"##", ""});
+    lines.feed("a3b0d40\r\n\ra3b0d00##\ra5b1dFB\na5b1dFF#");
+    EXPECT_EQ(all(lines), (Texts{"a3b0d40", "a3b0d00", "a5b1dFB"}));
+    lines.feed("#");
+    EXPECT_EQ(all(lines), Texts{"a5b1dFF"});
+}
+
+TEST(CtlLines, WithoutEndAreNoneOfTheDaemons) {
+    LineReader lines({});
+    lines.feed(std::string(4097, 'x'));
+    EXPECT_EQ(failureOf([&] { lines.next(); }), kTooLong);
+    LineReader ended({});
+    ended.feed(std::string(4097, 'x') + "\r");
+    EXPECT_EQ(failureOf([&] { ended.next(); }), kTooLong);
+}
+
+TEST(CtlBanner, IsFoundBehindWhatWasLeftOver) {
+    BannerFinder banner("ready\r\n\r");
+    EXPECT_FALSE(banner.feed("old\r\n\rrea"));
+    EXPECT_TRUE(banner.begun());
+    EXPECT_FALSE(banner.feed("dy\r\n"));
+    EXPECT_TRUE(banner.feed("\rnew"));
+    EXPECT_EQ(banner.before(), "old\r\n\r");
+    EXPECT_EQ(banner.behind(), "new");
+}
+
+TEST(CtlBanner, IsNotBegunByOtherBytes) {
+    BannerFinder banner("ready\r\n\r");
+    EXPECT_FALSE(banner.begun());
+    banner.feed("SSH-2.0\r\n");
+    EXPECT_FALSE(banner.begun());
+}
+
+TEST(CtlBanner, IsFoundBehindVeryMuch) {
+    BannerFinder banner("ready");
+    for (int i = 0; i < 40; ++i) {
+        EXPECT_FALSE(banner.feed(std::string(4096, 'x')));
+    }
+    EXPECT_EQ(banner.before().size(), 65536U);
+    EXPECT_TRUE(banner.feed("ready"));
+}
+
+TEST(CtlReport, HasAddressBlockAndValue) {
+    const auto report = parseReport("aFb3d20");
+    ASSERT_TRUE(report);
+    EXPECT_EQ(report->address, 'F');
+    EXPECT_EQ(report->block, 3U);
+    EXPECT_EQ(report->value, 0x20);
+}
+
+TEST(CtlReport, MayHaveAnUnknownSeparatorBehindIt) {
+    EXPECT_TRUE(parseReport("a3b0d40;"));
+    EXPECT_FALSE(parseReport("a3b0d401"));
+}
+
+TEST(CtlReport, IsNothingElse) {
+    for (const char* line : {"", "a3b0d4", "x3b0d40", "a3c0d40", "a3b0e40", "aGb0d40", "a3bGd40",
+                             "a3b0dG0", "a3b0d4G", "ZOLT: Bye Bye..."}) {
+        EXPECT_FALSE(parseReport(line)) << line;
+    }
+}
