@@ -1,0 +1,21 @@
+#pragma once
+
+#include "lib/os/descriptor.h"
+
+namespace zolt_os {
+
+/// A descriptor that stays readable from the first raise() on. Any thread may raise it.
+class Event {
+  public:
+    /// Throws std::system_error if the system gives no descriptor.
+    Event();
+
+    void raise();
+    /// To be waited for with POLLIN.
+    int get() const { return descriptor_.get(); }
+
+  private:
+    Descriptor descriptor_;
+};
+
+}  // namespace zolt_os
