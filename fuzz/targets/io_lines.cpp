@@ -50,8 +50,7 @@ void handle(const ByteList& read, const std::string& separator, PERIFCARD* cards
             } else {
                 Convert_String2QList("COE:Illegal command -> " + command + "\r\n");
             }
-        } catch (int error) {
-            fuzz::require(error == kCommandTooShort, "the one exception of the translator");
+        } catch (const CommandTooShort&) {
             Convert_String2QList("COE:Parser exception -> " + command + "\r\n");
         }
     }

@@ -7,41 +7,93 @@
 
 namespace {
 
-struct KindRow {
-    char code;
-    const char* name;
-    std::int32_t cardClass;
-    std::int32_t dataLength;
-    /// How many of the first values are preset at discovery, and to what.
-    std::size_t presetValues;
-    std::uint8_t preset;
-};
-
 constexpr std::array kKinds{
-    KindRow{card_kind::kEmpty, "EMPTY", card_class::kNone, 0, 0, 0},
-    KindRow{card_kind::kDigitalOutput, "16 channel DIGITAL OUTPUT", card_class::kOutput, 2, 2,
-            0xFF},
-    KindRow{card_kind::kDigitalInput, "16 channel DIGITAL INPUT", card_class::kInput, 2, 0, 0},
-    KindRow{card_kind::kServo, "6 channel RC SERVO CONTROLLER", card_class::kOutput, 6, 6, 0x80},
-    KindRow{card_kind::kMotor, "3 channel DC MOTOR CONTROLLER", card_class::kOutput, 6, 0, 0},
-    KindRow{card_kind::kAnalogueInput, "6 channel ANALOGUE INPUT", card_class::kInput, 6, 0, 0},
-    KindRow{card_kind::kKeyMatrix, "KEYMX and ROTE CONTROLLER", card_class::kInput, 1, 0, 0},
-    KindRow{card_kind::kLcd, "ALPHANUMERIC LCD CONTROLLER", card_class::kOutput, 21, 0, 0},
-    KindRow{card_kind::kInfrared, "IR REMOTE CONTROLLER", card_class::kOutput, 1, 0, 0},
+    CardKind{.code = card_kind::kEmpty, .name = "EMPTY"},
+    CardKind{.code = card_kind::kDigitalOutput,
+             .name = "16 channel DIGITAL OUTPUT",
+             .cardClass = card_class::kOutput,
+             .dataLength = 2,
+             .outputValues = 2,
+             .presetValues = 2,
+             .preset = 0xFF},
+    CardKind{.code = card_kind::kDigitalInput,
+             .name = "16 channel DIGITAL INPUT",
+             .cardClass = card_class::kInput,
+             .dataLength = 2,
+             .takeData = takeBlocks,
+             .askableBlocks = 2},
+    CardKind{.code = card_kind::kServo,
+             .name = "6 channel RC SERVO CONTROLLER",
+             .cardClass = card_class::kOutput,
+             .dataLength = 6,
+             .outputValues = 6,
+             .presetValues = 6,
+             .preset = 0x80,
+             .settings = CardSettings::kPositions},
+    CardKind{.code = card_kind::kMotor,
+             .name = "3 channel DC MOTOR CONTROLLER",
+             .cardClass = card_class::kOutput,
+             .dataLength = 6,
+             .outputValues = 4,
+             .settings = CardSettings::kSilentRanges},
+    CardKind{.code = card_kind::kAnalogueInput,
+             .name = "6 channel ANALOGUE INPUT",
+             .cardClass = card_class::kInput,
+             .dataLength = 6,
+             .takeData = takeAverages,
+             .askableBlocks = 6,
+             .settings = CardSettings::kChannelMask},
+    CardKind{.code = card_kind::kKeyMatrix,
+             .name = "KEYMX and ROTE CONTROLLER",
+             .cardClass = card_class::kInput,
+             .dataLength = 1,
+             .takeData = takeBlocks},
+    CardKind{.code = card_kind::kLcd,
+             .name = "ALPHANUMERIC LCD CONTROLLER",
+             .cardClass = card_class::kOutput,
+             .dataLength = 21,
+             .stream = CardStream::kLcd,
+             .settings = CardSettings::kStartStates},
+    CardKind{.code = card_kind::kInfrared,
+             .name = "IR REMOTE CONTROLLER",
+             .cardClass = card_class::kOutput,
+             .dataLength = 1,
+             .stream = CardStream::kInfrared},
 };
 
-constexpr KindRow kUnidentified{0, "UNIDENTIFIED", card_class::kNone, 0, 0, 0};
+constexpr CardKind kUnidentified{.code = 0, .name = "UNIDENTIFIED"};
 
-const KindRow& kindOf(char code) {
+static_assert(std::all_of(kKinds.begin(), kKinds.end(),
+                          [](const CardKind& kind) {
+                              return (kind.takeData != nullptr) ==
+                                     (kind.cardClass == card_class::kInput);
+                          }),
+              "an input card's poll answers mean something, and no other card is polled");
+static_assert(std::all_of(kKinds.begin(), kKinds.end(),
+                          [](const CardKind& kind) {
+                              return kind.takeData == nullptr ||
+                                     kind.dataLength <= std::int32_t{PERIFCARD::kAnalogueChannels};
+                          }),
+              "takePollData gets no more bytes than these");
+
+const CardKind& kindOfCode(char code) {
     const auto* row = std::find_if(kKinds.begin(), kKinds.end(),
-                                   [code](const KindRow& r) { return r.code == code; });
+                                   [code](const CardKind& kind) { return kind.code == code; });
     return row == kKinds.end() ? kUnidentified : *row;
 }
 
 }  // namespace
 
+std::span<const CardKind> cardKinds() {
+    return kKinds;
+}
+
+const CardKind& kindOf(const PERIFCARD& card) {
+    return kindOfCode(card.kindCode);
+}
+
 void setUpCard(PERIFCARD& card, std::uint8_t address, char kindCode) {
-    const KindRow& kind = kindOf(kindCode);
+    const CardKind& kind = kindOfCode(kindCode);
     card.kindCode = kindCode;
     card.address = address;
     card.kindName = kind.name;

@@ -7,14 +7,13 @@
 
 #include "bus/perifcard.h"
 
-/// What the data of a poll answer means for a card record. Pure: a record and
-/// bytes in, a changed record and report lines out. Runs on the serial task's
-/// thread.
+/// A poll answer becomes a changed record and report lines. Pure: a record and
+/// bytes in, a changed record and texts out. Runs on the serial task's thread.
 
-/// Takes over the data bytes of a poll answer, as many as the record's kind has
-/// (2 digital, 6 analogue, 1 key matrix), and sets the changed flags, which are
-/// cleared first. Analogue answers are summed, and every seventh only triggers
-/// the comparison of the averages. True when a value changed.
+/// Clears the record's changed flags, then takes over the data bytes of a poll
+/// answer as the record's kind says: each kind looks at its own number of bytes
+/// (2 digital, 6 analogue, 1 key matrix) and a card without inputs at none. True
+/// when a value changed.
 bool takePollData(PERIFCARD& card,
                   std::span<const std::uint8_t, PERIFCARD::kAnalogueChannels> data);
 

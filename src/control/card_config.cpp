@@ -2,8 +2,7 @@
 
 #include "bus/wire.h"
 #include "common/byte_list.h"
-#include "control/console.h"
-#include "control/driver_commands.h"
+#include "control/card_config_table.h"
 
 namespace {
 
@@ -13,8 +12,8 @@ using Value = CardConfigCommand::Value;
 /// Offset of the value in a card's answer.
 constexpr std::size_t kAnswerValue = 3;
 
-/// "ON" and "OF" (of "OFF") select a state; with any other text the state sent
-/// last is sent again and the text is echoed as it stands.
+/// "ON" and "OF" (of "OFF") select a state. With any other text the state that was
+/// sent last is sent again, and the reply repeats the text as it was typed.
 void parseState(CardConfigArguments& arguments, const std::string& text, std::uint8_t& carried) {
     arguments.stateText = text;
     if (text == "ON") {
@@ -26,8 +25,8 @@ void parseState(CardConfigArguments& arguments, const std::string& text, std::ui
     arguments.value = carried;
 }
 
-/// Also takes over the state of an LCD command, whatever card it then turns out
-/// to be for: it is the last one that was typed that is carried.
+/// The carried state of an LCD command changes here, before the card's kind is
+/// known: the last state that was typed is carried, whatever card it was for.
 CardConfigArguments parse(const CardConfigCommand& command, const ConsoleLine& line,
                           CarriedStates& carried) {
     CardConfigArguments arguments;
@@ -49,7 +48,7 @@ CardConfigArguments parse(const CardConfigCommand& command, const ConsoleLine& l
 }
 
 ByteList frameOf(const CardConfigCommand& command, const CardConfigArguments& arguments) {
-    // Anything but exactly "B" is end A.
+    // Every text but "B" is end A.
     const unsigned base =
         command.registerBase + (arguments.endText == "B" ? command.endBOffset : 0U);
     ByteList frame{wire::kConfiguration, static_cast<char>(arguments.address),
@@ -69,14 +68,14 @@ std::string successText(const CardConfigCommand& command, const CardConfigArgume
     return text;
 }
 
-void run(const CardConfigCommand& command, Console& console, const ConsoleLine& line) {
+void run(const CardConfigCommand& command, ConsoleContext& console, const ConsoleLine& line) {
     const CardConfigArguments arguments = parse(command, line, console.carriedStates());
     PERIFCARD& card = console.host().card(arguments.address);
-    if (command.kind && card.kindCode != *command.kind) {
+    if (command.settings != CardSettings::kNone && command.settings != kindOf(card).settings) {
         console.reply(command.wrongKind);
         return;
     }
-    // First, so that an old answer cannot count.
+    // The old answer goes before the request does, so that it cannot count.
     card.ClearPIOAnswer();
     console.host().request(frameOf(command, arguments));
     console.host().pause(1);
@@ -92,7 +91,7 @@ void run(const CardConfigCommand& command, Console& console, const ConsoleLine& 
 
 }  // namespace
 
-bool runCardConfigCommands(Console& console, const ConsoleLine& line) {
+bool runCardConfigCommands(ConsoleContext& console, const ConsoleLine& line) {
     bool handled = false;
     for (const CardConfigCommand& command : cardConfigCommands()) {
         if (matches(line, command.keyword, Match::kContains)) {

@@ -1,8 +1,7 @@
+#include "control/card_config_table.h"
+
 #include <array>
 #include <cstdio>
-
-#include "bus/card_kinds.h"
-#include "control/card_config.h"
 
 namespace {
 
@@ -18,12 +17,16 @@ constexpr const char* kServoOnly = "CIE: THIS COMMAND IS VALID ON SERVO CONTROLL
 constexpr const char* kServoLegal = "CIE: THIS COMMAND IS LEGAL ON SERVO CONTROLLER CARD ONLY";
 constexpr const char* kMotorOnly = "CIE: THIS COMMAND IS VALID ON DC MOTOR CONTROLLER CARD ONLY";
 
-/// The formatted lines are far shorter: their texts are single characters.
-template <typename... Values>
-std::string format(const char* pattern, Values... values) {
-    std::array<char, 100> line{};
-    std::snprintf(line.data(), line.size(), pattern, values...);
-    return line.data();
+/// The number in upper-case hexadecimal, without leading zeros.
+std::string hex(unsigned number) {
+    std::array<char, 9> digits{};
+    std::snprintf(digits.data(), digits.size(), "%X", number);
+    return digits.data();
+}
+
+/// The same with at least two digits.
+std::string hexByte(unsigned number) {
+    return number < 0x10 ? "0" + hex(number) : hex(number);
 }
 
 unsigned unsignedByte(char byte) {
@@ -31,42 +34,42 @@ unsigned unsignedByte(char byte) {
 }
 
 std::string rebooted(const Arguments& a, char /*answer*/) {
-    return format("RBT:0x%X:OK", a.address);
+    return "RBT:0x" + hex(a.address) + ":OK";
 }
 
 std::string maskSet(const Arguments& a, char /*answer*/) {
-    return format("AMS:0x%X:0x%.2X", a.address, unsigned{a.value});
+    return "AMS:0x" + hex(a.address) + ":0x" + hexByte(a.value);
 }
 
-/// The one line that widens the byte with its sign: from 128 on it has eight
-/// digits. Clients know it so.
+/// No other line widens the byte with its sign: from 128 on it has eight digits.
+/// Clients know the line so.
 std::string maskValue(const Arguments& a, char answer) {
-    return format("AMV:0x%X:0x%.2X", a.address, static_cast<unsigned>(int{answer}));
+    return "AMV:0x" + hex(a.address) + ":0x" + hexByte(static_cast<unsigned>(int{answer}));
 }
 
 std::string servoSet(const Arguments& a, char /*answer*/) {
-    return format("SPS:0x%X:SC%s%s:0x%.2X", a.address, a.endText.c_str(), a.channelText.c_str(),
-                  unsigned{a.value});
+    return "SPS:0x" + hex(a.address) + ":SC" + a.endText + a.channelText + ":0x" + hexByte(a.value);
 }
 
 std::string servoValue(const Arguments& a, char answer) {
-    return format("SPG:0x%X:SC%s%s:0x%.2X", a.address, a.endText.c_str(), a.channelText.c_str(),
-                  unsignedByte(answer));
+    return "SPG:0x" + hex(a.address) + ":SC" + a.endText + a.channelText + ":0x" +
+           hexByte(unsignedByte(answer));
 }
 
 std::string rangeSet(const Arguments& a, char /*answer*/) {
-    return format("MPS:0x%X:MSR%s:0x%.2X", a.address, a.channelText.c_str(), unsigned{a.value});
+    return "MPS:0x" + hex(a.address) + ":MSR" + a.channelText + ":0x" + hexByte(a.value);
 }
 
-/// The one line that puts the channel before the address.
+/// No other line puts the channel before the address, and this one shows the
+/// channel as a decimal number.
 std::string rangeValue(const Arguments& a, char answer) {
-    return format("MSR%d:0x%X:0x%.2X", static_cast<int>(a.channel), a.address,
-                  unsignedByte(answer));
+    return "MSR" + std::to_string(a.channel) + ":0x" + hex(a.address) + ":0x" +
+           hexByte(unsignedByte(answer));
 }
 
 constexpr std::array kCommands{
     Command{.keyword = "LCDSELFTEST:",
-            .kind = card_kind::kLcd,
+            .settings = CardSettings::kStartStates,
             .wrongKind = kLcdOnly,
             .operation = Operation::kSet,
             .registerBase = 0x01,
@@ -76,7 +79,7 @@ constexpr std::array kCommands{
             .namesAddress = true,
             .failure = "CIE: STATE WRITE ERROR"},
     Command{.keyword = "LCDINITLIGHT:",
-            .kind = card_kind::kLcd,
+            .settings = CardSettings::kStartStates,
             .wrongKind = kLcdOnly,
             .operation = Operation::kSet,
             .registerBase = 0x02,
@@ -92,7 +95,7 @@ constexpr std::array kCommands{
             .resultLine = rebooted,
             .failure = "CIE: BUS WRITE ERROR"},
     Command{.keyword = "SETANMASK:",
-            .kind = card_kind::kAnalogueInput,
+            .settings = CardSettings::kChannelMask,
             .wrongKind = kAnalogueOnly,
             .operation = Operation::kSet,
             .registerBase = 0x01,
@@ -101,7 +104,7 @@ constexpr std::array kCommands{
             .resultLine = maskSet,
             .failure = "CIE: MASK WRITE ERROR"},
     Command{.keyword = "GETANMASK:",
-            .kind = card_kind::kAnalogueInput,
+            .settings = CardSettings::kChannelMask,
             .wrongKind = kAnalogueOnly,
             .operation = Operation::kRead,
             .registerBase = 0x01,
@@ -109,7 +112,7 @@ constexpr std::array kCommands{
             .resultLine = maskValue,
             .failure = "CIE: MASK READ ERROR"},
     Command{.keyword = "STOREANMASK:",
-            .kind = card_kind::kAnalogueInput,
+            .settings = CardSettings::kChannelMask,
             .wrongKind = kAnalogueOnly,
             .operation = Operation::kSet,
             .registerBase = 0x02,
@@ -117,7 +120,7 @@ constexpr std::array kCommands{
             .namesAddress = true,
             .failure = "CIE: MASK STORE ERROR"},
     Command{.keyword = "STORESRVPOS:",
-            .kind = card_kind::kServo,
+            .settings = CardSettings::kPositions,
             .wrongKind = kServoOnly,
             .operation = Operation::kSet,
             .registerBase = 0x74,
@@ -125,7 +128,7 @@ constexpr std::array kCommands{
             .namesAddress = true,
             .failure = "CIE: POSITION STORING ERROR"},
     Command{.keyword = "MOVESTRPOS:",
-            .kind = card_kind::kServo,
+            .settings = CardSettings::kPositions,
             .wrongKind = kServoLegal,
             .operation = Operation::kSet,
             .registerBase = 0x3F,
@@ -134,7 +137,7 @@ constexpr std::array kCommands{
             .failure = "CIE: POSITIONS MOVING ERROR"},
     Command{.keyword = "SETSC",
             .shape = Shape::kEndChannel,
-            .kind = card_kind::kServo,
+            .settings = CardSettings::kPositions,
             .wrongKind = kServoOnly,
             .operation = Operation::kSet,
             .registerBase = 0xC0,
@@ -145,7 +148,7 @@ constexpr std::array kCommands{
             .failure = "CIE: PARAM WRITE ERROR"},
     Command{.keyword = "GETSC",
             .shape = Shape::kEndChannel,
-            .kind = card_kind::kServo,
+            .settings = CardSettings::kPositions,
             .wrongKind = kServoOnly,
             .operation = Operation::kRead,
             .registerBase = 0x21,
@@ -155,7 +158,7 @@ constexpr std::array kCommands{
             .failure = "CIE: PARAM READ ERROR"},
     Command{.keyword = "SETMSR",
             .shape = Shape::kChannel,
-            .kind = card_kind::kMotor,
+            .settings = CardSettings::kSilentRanges,
             .wrongKind = kMotorOnly,
             .operation = Operation::kSet,
             .registerBase = 0xC0,
@@ -165,7 +168,7 @@ constexpr std::array kCommands{
             .failure = "CIE: PARAM WRITE ERROR"},
     Command{.keyword = "GETMSR",
             .shape = Shape::kChannel,
-            .kind = card_kind::kMotor,
+            .settings = CardSettings::kSilentRanges,
             .wrongKind = kMotorOnly,
             .operation = Operation::kRead,
             .registerBase = 0x01,
@@ -173,7 +176,7 @@ constexpr std::array kCommands{
             .resultLine = rangeValue,
             .failure = "CIE: PARAM READ ERROR"},
     Command{.keyword = "STOREMSRS",
-            .kind = card_kind::kMotor,
+            .settings = CardSettings::kSilentRanges,
             .wrongKind = kMotorOnly,
             .operation = Operation::kSet,
             .registerBase = 0xCD,

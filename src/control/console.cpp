@@ -2,23 +2,24 @@
 
 #include <utility>
 
+#include "control/card_config.h"
+#include "control/console_line.h"
 #include "control/driver_commands.h"
 
 Console::Console(ConsoleHost& host, std::string inpSeparator, std::string outSeparator)
-    : host_(host), inpSeparator_(std::move(inpSeparator)), outSeparator_(std::move(outSeparator)) {}
+    : inpSeparator_(std::move(inpSeparator)), context_(host, std::move(outSeparator)) {}
 
 void Console::interpret(const std::string& text) {
     const ConsoleLine line(text, inpSeparator_);
     bool handled = false;
-    // No early end: a line that satisfies two rows runs both.
+    // The loop has no early end: a line that matches two rows runs both.
     for (const DriverCommand& command : driverCommands()) {
-        if (matches(line, command.keyword, command.match)) {
-            handled |= command.run(*this, line);
+        if (command.match == Match::kTable) {
+            handled |= runCardConfigCommands(context_, line);
+        } else if (matches(line, command.keyword, command.match)) {
+            command.run(context_, line);
+            handled = true;
         }
     }
-    reply(handled ? ">" : "CIE: UNKNOWN COMMAND " + outSeparator_ + ">");
-}
-
-void Console::reply(const std::string& line) {
-    host_.reply(Convert_String2QList(line + outSeparator_));
+    context_.reply(handled ? ">" : "CIE: UNKNOWN COMMAND " + context_.outSeparator() + ">");
 }

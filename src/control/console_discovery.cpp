@@ -7,7 +7,7 @@
 
 namespace {
 
-void listCards(Console& console, const char* heading) {
+void listCards(ConsoleContext& console, const char* heading) {
     console.reply(heading);
     for (unsigned address = 0; address < wire::kAddresses; ++address) {
         const char* name = console.host().card(address).kindName;
@@ -19,12 +19,11 @@ void listCards(Console& console, const char* heading) {
 
 }  // namespace
 
-bool showCards(Console& console, const ConsoleLine& /*line*/) {
+void showCards(ConsoleContext& console, const ConsoleLine& /*line*/) {
     listCards(console, "DISCOVER LIST:");
-    return true;
 }
 
-bool rediscoverCards(Console& console, const ConsoleLine& /*line*/) {
+void rediscoverCards(ConsoleContext& console, const ConsoleLine& /*line*/) {
     ConsoleHost& host = console.host();
     const bool polling = host.polling();
     host.setPolling(false);
@@ -37,5 +36,4 @@ bool rediscoverCards(Console& console, const ConsoleLine& /*line*/) {
     host.pause(1);
     listCards(console, "FORCED DISCOVER LIST:");
     host.setPolling(polling);
-    return true;
 }

@@ -6,8 +6,9 @@
 
 namespace {
 
-/// Positions wrap: one behind "not found" is the start of the line, those before
-/// it are outside of every line.
+/// The characters from `position` on, none when it is outside the text. A position
+/// that was counted from "not found" has wrapped: npos + 1 is the start of the line,
+/// npos - 1 and npos - 2 are outside of every line.
 std::string characters(const std::string& text, std::size_t position, std::size_t count) {
     return position < text.size() ? text.substr(position, count) : std::string();
 }
@@ -35,6 +36,20 @@ std::string ConsoleLine::atColon(int offset) const {
 
 std::string ConsoleLine::afterEquals(std::size_t count) const {
     return characters(text_, text_.find('=') + 1, count);
+}
+
+bool matches(const ConsoleLine& line, const char* keyword, Match match) {
+    switch (match) {
+        case Match::kKeywordOnly:
+            return line.contains(keyword);
+        case Match::kContains:
+            return line.contains(keyword) && line.isTerminated();
+        case Match::kExact:
+            return line.is(keyword);
+        case Match::kTable:
+            break;
+    }
+    return false;
 }
 
 unsigned digitOf(const std::string& text) {

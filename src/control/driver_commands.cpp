@@ -10,7 +10,6 @@
 #include "bus/polling.h"
 #include "bus/wire.h"
 #include "common/text.h"
-#include "control/card_config.h"
 #include "control/console_discovery.h"
 #include "control/help_text.h"
 #include "core/speed.h"
@@ -21,8 +20,8 @@ constexpr const char* kVersion = "1.20";
 
 // "SPEED=ppp"
 
-/// What stands between the first "=" and the first character out of the
-/// separator's set; nothing when they stand the other way round.
+/// The text between the first "=" and the first character that occurs in the
+/// separator; nothing if that character comes first.
 std::optional<std::string> speedText(const ConsoleLine& line) {
     const std::size_t start = line.text().find('=') + 1;
     const std::size_t end =
@@ -33,51 +32,62 @@ std::optional<std::string> speedText(const ConsoleLine& line) {
     return line.text().substr(start, end - start);
 }
 
-bool setSpeed(Console& console, const ConsoleLine& line) {
+void setSpeed(ConsoleContext& console, const ConsoleLine& line) {
     const std::optional<std::string> percentText = speedText(line);
     if (!percentText) {
         console.reply("CIE: Command ERROR");
-        return true;
+        return;
     }
     const long percent = ATOL(*percentText);
     if (percent < 1 || percent > 100) {
         console.reply("CIE: Parameter is out of range (1..100)");
-        return true;
+        return;
     }
     console.host().setThreadDelay(threadDelayOfPercent(percent));
     console.reply("CIA: SPEED IS SET to " + *percentText + "%");
-    return true;
 }
 
 // Polling
 
-void replyGlobalPolling(Console& console) {
+void replyGlobalPolling(ConsoleContext& console) {
     console.reply(console.host().polling() ? "CIA: GLOBAL POLLING IS ENABLED"
                                            : "CIA: GLOBAL POLLING IS DISABLED");
 }
 
-template <bool on>
-bool setGlobalPolling(Console& console, const ConsoleLine& /*line*/) {
+void setGlobalPolling(ConsoleContext& console, bool on) {
     console.host().setPolling(on);
     replyGlobalPolling(console);
-    return true;
 }
 
-template <bool on>
-bool setCardPolling(Console& console, const ConsoleLine& line) {
+void enablePolling(ConsoleContext& console, const ConsoleLine& /*line*/) {
+    setGlobalPolling(console, true);
+}
+
+void disablePolling(ConsoleContext& console, const ConsoleLine& /*line*/) {
+    setGlobalPolling(console, false);
+}
+
+/// `done` is the success reply ahead of the address.
+void setCardPolling(ConsoleContext& console, const ConsoleLine& line, bool on, const char* done) {
     const std::string addressText = line.atColon(1);
     PERIFCARD& card = console.host().card(digitOf(addressText));
     if (card.cardClass != card_class::kInput) {
         console.reply("CIE: THIS COMMAND IS VALID ON INPUT CARDS");
-        return true;
+        return;
     }
     card.pollingOn = on;
-    console.reply((on ? "CIA: POLLON is OK at address " : "CIA: POLLOFF is OK at address ") +
-                  addressText);
-    return true;
+    console.reply(done + addressText);
 }
 
-bool showPollStates(Console& console, const ConsoleLine& /*line*/) {
+void enableCardPolling(ConsoleContext& console, const ConsoleLine& line) {
+    setCardPolling(console, line, true, "CIA: POLLON is OK at address ");
+}
+
+void disableCardPolling(ConsoleContext& console, const ConsoleLine& line) {
+    setCardPolling(console, line, false, "CIA: POLLOFF is OK at address ");
+}
+
+void showPollStates(ConsoleContext& console, const ConsoleLine& /*line*/) {
     replyGlobalPolling(console);
     for (unsigned address = 0; address < wire::kAddresses; ++address) {
         const PERIFCARD& card = console.host().card(address);
@@ -88,95 +98,71 @@ bool showPollStates(Console& console, const ConsoleLine& /*line*/) {
             console.reply(text.data());
         }
     }
-    return true;
 }
 
 // "GETLASTINPST:x=b"
 
-/// How many blocks of an input card can be asked for.
-unsigned inputBlocks(char kind) {
-    switch (kind) {
-        case card_kind::kDigitalInput:
-            return 2;
-        case card_kind::kAnalogueInput:
-            return 6;
-        default:
-            return 0;
-    }
-}
-
-bool sendLastInput(Console& console, const ConsoleLine& line) {
+void sendLastInput(ConsoleContext& console, const ConsoleLine& line) {
     const unsigned address = digitOf(line.atColon(1));
     const unsigned block = digitOf(line.afterEquals(1));
     const PERIFCARD& card = console.host().card(address);
-    const unsigned blocks = inputBlocks(card.kindCode);
+    const std::size_t blocks = kindOf(card).askableBlocks;
     if (blocks == 0) {
         console.reply("CIE: THIS COMMAND IS VALID ON ANALOG OR DIGITAL INPUT CARD ONLY");
     } else if (block >= blocks) {
         console.reply("CIE: INVALID BLOCK NUMBER");
     } else {
-        // Through the bus reports, so that it reaches the IO client like a change.
+        // The line goes through the bus reports, so that it reaches the IO client like a change.
         console.host().report(
             Convert_CharBuff2QList(inputReport(address, block, card.values[block]).c_str()));
         console.reply("CIA: LAST INPUT STATE SENT ON IO INTERFACE");
     }
-    return true;
 }
 
 // The rest
 
-bool showVersion(Console& console, const ConsoleLine& /*line*/) {
+void showVersion(ConsoleContext& console, const ConsoleLine& /*line*/) {
     console.reply(std::string("CIA: DRIVER VERSION ") + kVersion);
-    return true;
 }
 
-bool leave(Console& console, const ConsoleLine& /*line*/) {
+void leave(ConsoleContext& console, const ConsoleLine& /*line*/) {
     console.reply("ZOLT: Bye Bye...");
     console.host().pause(1);
     console.host().closeConnection();
-    return true;
 }
 
-template <const auto& lines>
-bool showText(Console& console, const ConsoleLine& /*line*/) {
+void replyLines(ConsoleContext& console, std::span<const char* const> lines) {
     for (const char* text : lines) {
         console.reply(text);
     }
-    return true;
+}
+
+void showHelp(ConsoleContext& console, const ConsoleLine& /*line*/) {
+    replyLines(console, help_text::help());
+}
+
+void showIoExamples(ConsoleContext& console, const ConsoleLine& /*line*/) {
+    replyLines(console, help_text::ioExamples());
 }
 
 constexpr std::array kCommands{
     DriverCommand{"SPEED=", Match::kKeywordOnly, setSpeed},
-    DriverCommand{"DISABLEPOLL", Match::kExact, setGlobalPolling<false>},
+    DriverCommand{"DISABLEPOLL", Match::kExact, disablePolling},
     DriverCommand{"DRVVER", Match::kExact, showVersion},
-    // Every line contains the empty word: the card configuration commands have a
-    // table of their own, which is walked here.
-    DriverCommand{"", Match::kKeywordOnly, runCardConfigCommands},
-    DriverCommand{"POLLON:", Match::kContains, setCardPolling<true>},
-    DriverCommand{"POLLOFF:", Match::kContains, setCardPolling<false>},
-    DriverCommand{"ENABLEPOLL", Match::kExact, setGlobalPolling<true>},
+    DriverCommand{"", Match::kTable, nullptr},
+    DriverCommand{"POLLON:", Match::kContains, enableCardPolling},
+    DriverCommand{"POLLOFF:", Match::kContains, disableCardPolling},
+    DriverCommand{"ENABLEPOLL", Match::kExact, enablePolling},
     DriverCommand{"POLLSTATE", Match::kExact, showPollStates},
     DriverCommand{"DISCOVER", Match::kExact, showCards},
     DriverCommand{"FORCEDISCOVER", Match::kExact, rediscoverCards},
     DriverCommand{"EXIT", Match::kExact, leave},
     DriverCommand{"GETLASTINPST:", Match::kContains, sendLastInput},
-    DriverCommand{"HELP", Match::kExact, showText<help_text::kHelp>},
-    DriverCommand{"IOEXAMPLES", Match::kExact, showText<help_text::kIoExamples>},
+    DriverCommand{"HELP", Match::kExact, showHelp},
+    DriverCommand{"IOEXAMPLES", Match::kExact, showIoExamples},
 };
 
 }  // namespace
-
-bool matches(const ConsoleLine& line, const char* keyword, Match match) {
-    switch (match) {
-        case Match::kKeywordOnly:
-            return line.contains(keyword);
-        case Match::kContains:
-            return line.contains(keyword) && line.isTerminated();
-        case Match::kExact:
-            return line.is(keyword);
-    }
-    return false;
-}
 
 std::span<const DriverCommand> driverCommands() {
     return kCommands;

@@ -2,26 +2,17 @@
 
 #include <span>
 
-#include "control/console.h"
+#include "control/console_context.h"
 #include "control/console_line.h"
-
-/// How a line is recognised; case-sensitive all three.
-enum class Match {
-    kKeywordOnly,  ///< contains the keyword
-    kContains,     ///< contains the keyword and the separator
-    kExact,        ///< is the keyword and the separator
-};
-
-bool matches(const ConsoleLine& line, const char* keyword, Match match);
 
 /// One row of the command table.
 struct DriverCommand {
     const char* keyword;
     Match match;
-    /// Carries the command out with its replies; whether the line counts as
-    /// recognised.
-    bool (*run)(Console& console, const ConsoleLine& line);
+    /// Carries the command out, with its replies.
+    void (*run)(ConsoleContext& console, const ConsoleLine& line);
 };
 
-/// The rows in test order.
+/// The rows in test order. The row with Match::kTable has neither keyword nor
+/// function: it is the place of the card configuration commands.
 std::span<const DriverCommand> driverCommands();

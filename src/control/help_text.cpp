@@ -1,11 +1,13 @@
 #include "control/help_text.h"
 
-namespace help_text {
+#include <array>
+
+namespace {
 
 // Clients may compare these: wording, double blanks and trailing blanks stay.
 // clang-format off
 
-const std::array<const char*, 69> kHelp{
+constexpr std::array kHelp{
     "ZOLT quick HELP:",
     " ",
     "***** COMMANDS OF CAE INTERFACE *****",
@@ -77,7 +79,7 @@ const std::array<const char*, 69> kHelp{
     "***** END OF IO INTERFACE COMMAND LIST *****",
 };
 
-const std::array<const char*, 22> kIoExamples{
+constexpr std::array kIoExamples{
     "BLOCK DEVICE OUTPUT EXAMPLES:",
     "1. To switch on led 2 in block 1 on digital out card addressed to 0x5:",
     "     Type command 'a5b1dFB<enter>' into IO interface",
@@ -104,4 +106,12 @@ const std::array<const char*, 22> kIoExamples{
 
 // clang-format on
 
-}  // namespace help_text
+}  // namespace
+
+std::span<const char* const> help_text::help() {
+    return kHelp;
+}
+
+std::span<const char* const> help_text::ioExamples() {
+    return kIoExamples;
+}

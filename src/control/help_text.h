@@ -1,11 +1,13 @@
 #pragma once
 
-#include <array>
+#include <span>
 
 /// The console's fixed lines, without line ends.
 namespace help_text {
 
-extern const std::array<const char*, 69> kHelp;
-extern const std::array<const char*, 22> kIoExamples;
+/// The lines of "HELP".
+std::span<const char* const> help();
+/// The lines of "IOEXAMPLES".
+std::span<const char* const> ioExamples();
 
 }  // namespace help_text

@@ -13,12 +13,12 @@ namespace {
 /// The longest frame a card takes, in bytes.
 constexpr std::size_t kFrameLimit = 38;
 
-/// Operation code of the LCD's text frame; the controls are in kLcdControls.
+/// Operation code of the LCD's text frame; those of the controls are in kLcdControls.
 constexpr char kLcdText = 9;
 
 char at(const std::string& command, std::size_t position) {
     if (position >= command.size()) {
-        throw int{kCommandTooShort};
+        throw CommandTooShort{};
     }
     return command[position];
 }
@@ -50,29 +50,19 @@ ByteList frameOf(std::size_t address, ByteList bytes) {
     return frame;
 }
 
-std::optional<OutputFrame> frameForKind(const std::string& command, ByteList bytes, char kind,
-                                        PERIFCARD* cards) {
+/// The frame for a card that takes such a stream; nothing for another card or for too
+/// many bytes.
+std::optional<OutputFrame> streamFrame(const std::string& command, ByteList bytes,
+                                       CardStream stream, PERIFCARD* cards) {
     const std::size_t address = addressOf(command);
     OutputFrame frame{address, frameOf(address, std::move(bytes))};
-    if (frame.bytes.size() > kFrameLimit || cards[address].kindCode != kind) {
+    if (frame.bytes.size() > kFrameLimit || kindOf(cards[address]).stream != stream) {
         return std::nullopt;
     }
     return frame;
 }
 
 // "aAbBdDD": a block of a card with output values
-
-/// How many values make up the whole output state of a kind.
-struct StateSize {
-    char kind;
-    std::size_t values;
-};
-
-constexpr std::array kStateSizes{
-    StateSize{card_kind::kDigitalOutput, 2},
-    StateSize{card_kind::kServo, 6},
-    StateSize{card_kind::kMotor, 4},
-};
 
 bool isBlock(const std::string& command) {
     return isForm(command, 'b') && at(command, 4) == 'd';
@@ -83,17 +73,15 @@ std::optional<OutputFrame> block(const std::string& command, PERIFCARD* cards) {
     const auto number = static_cast<unsigned char>(digitAt(command, 3));
     const auto value = static_cast<std::uint8_t>(byteAt(command, 5));
     PERIFCARD& card = cards[address];
-    // Before the kind is looked at: an input card then reports the difference at
-    // its next poll.
+    // Stored whatever the kind: an input card then reports the difference at its next
+    // poll.
     card.values[number] = value;
-    for (const StateSize& size : kStateSizes) {
-        if (card.kindCode == size.kind) {
-            return OutputFrame{
-                address,
-                frameOf(address, ByteList(card.values.begin(), card.values.begin() + size.values))};
-        }
+    const std::size_t count = kindOf(card).outputValues;
+    if (count == 0) {
+        return OutputFrame{address, {}};
     }
-    return OutputFrame{address, {}};
+    const auto* values = card.values.begin();
+    return OutputFrame{address, frameOf(address, ByteList(values, values + count))};
 }
 
 // "aAsHSH1H2...": a stream for the IR card
@@ -112,16 +100,10 @@ std::optional<OutputFrame> stream(const std::string& command, PERIFCARD* cards) 
     for (std::size_t i = 0; i < count; ++i) {
         bytes.push_back(byteAt(command, kStreamStart + 2 * i));
     }
-    return frameForKind(command, std::move(bytes), card_kind::kInfrared, cards);
+    return streamFrame(command, std::move(bytes), CardStream::kInfrared, cards);
 }
 
 // "aAlXX": an LCD control
-
-struct LcdControl {
-    char first;
-    char second;
-    char code;
-};
 
 constexpr std::array kLcdControls{
     LcdControl{'C', 'L', 0},  // clear
@@ -142,7 +124,7 @@ std::optional<OutputFrame> lcdControl(const std::string& command, PERIFCARD* car
     const char second = at(command, 4);
     for (const LcdControl& control : kLcdControls) {
         if (control.first == first && control.second == second) {
-            return frameForKind(command, {control.code}, card_kind::kLcd, cards);
+            return streamFrame(command, {control.code}, CardStream::kLcd, cards);
         }
     }
     return std::nullopt;
@@ -159,32 +141,34 @@ std::optional<OutputFrame> lcdText(const std::string& command, PERIFCARD* cards)
     const char column = byteAt(command, 6);
     const char row = byteAt(command, 8);
     if (command.size() < kTextStart) {
-        throw int{kCommandTooShort};
+        throw CommandTooShort{};
     }
     ByteList bytes{kLcdText, column, row};
     bytes.insert(bytes.end(), command.begin() + kTextStart, command.end());
     bytes.push_back('\0');
-    return frameForKind(command, std::move(bytes), card_kind::kLcd, cards);
+    return streamFrame(command, std::move(bytes), CardStream::kLcd, cards);
 }
 
-struct Form {
-    bool (*matches)(const std::string& command);
-    std::optional<OutputFrame> (*translate)(const std::string& command, PERIFCARD* cards);
-};
-
-/// In test order; the first that matches decides.
 constexpr std::array kForms{
-    Form{isBlock, block},
-    Form{isStream, stream},
-    Form{isLcdControl, lcdControl},
-    Form{isLcdText, lcdText},
+    IoForm{isBlock, block},
+    IoForm{isStream, stream},
+    IoForm{isLcdControl, lcdControl},
+    IoForm{isLcdText, lcdText},
 };
 
 }  // namespace
 
+std::span<const IoForm> ioForms() {
+    return kForms;
+}
+
+std::span<const LcdControl> lcdControls() {
+    return kLcdControls;
+}
+
 std::optional<OutputFrame> translateOutput(const std::string& command, PERIFCARD* cards) {
     const auto* form = std::find_if(kForms.begin(), kForms.end(),
-                                    [&command](const Form& f) { return f.matches(command); });
+                                    [&command](const IoForm& f) { return f.matches(command); });
     return form == kForms.end() ? std::nullopt : form->translate(command, cards);
 }
 

@@ -12,20 +12,21 @@ bool ZOLT::ParseOutCommand(ByteList list) {
             if (std::optional<OutputFrame> frame = translateOutput(command, cards_.get())) {
                 serial_->CommandQueue(frame->address).ToQueue(std::move(frame->bytes));
             } else {
-                replyToConsole("COE:Illegal command -> " + command);
+                reportIllegalCommand("COE:Illegal command -> " + command);
             }
-        } catch (int error) {
-            std::printf("Caught an exception -- value is: %d\nka>%s<\n", error, command.c_str());
+        } catch (const CommandTooShort&) {
+            std::printf("Caught an exception -- value is: %d\nka>%s<\n", CommandTooShort::kNumber,
+                        command.c_str());
             std::fflush(stdout);
-            replyToConsole("COE:Parser exception -> " + command);
+            reportIllegalCommand("COE:Parser exception -> " + command);
         }
     }
     return true;
 }
 
-void ZOLT::replyToConsole(const std::string& text) {
+void ZOLT::reportIllegalCommand(const std::string& text) {
     const std::string& separator = config_.cae.outSeparator;
     cae_->replyQueue.ToQueue(Convert_String2QList(text + separator));
-    // A fresh prompt behind what stands in the middle of the operator's line.
+    // The text arrives in the middle of the operator's line, so a fresh prompt follows.
     cae_->replyQueue.ToQueue(Convert_String2QList(">" + separator));
 }

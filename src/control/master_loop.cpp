@@ -1,8 +1,10 @@
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <csignal>
 #include <initializer_list>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "common/pauses.h"
@@ -17,6 +19,10 @@ constexpr std::chrono::seconds kWorkerStartPause{1};
 
 bool isConnected(const SOCKET_INTERFACE& interface) {
     return interface.descriptor.connectionState == connection_state::kConnected;
+}
+
+bool isText(const ByteList& list, const std::string& text) {
+    return std::equal(list.begin(), list.end(), text.begin(), text.end());
 }
 
 /// Nothing for a monitor that is not there. Made ahead of the item's own way, which
@@ -93,7 +99,7 @@ void ZOLT::handleIoLine() {
     if (!line) {
         return;
     }
-    if (Convert_QList2String(*line) == "EXIT" + config_.io.inpSeparator) {
+    if (isText(*line, "EXIT" + config_.io.inpSeparator)) {
         io_->replyQueue.ToQueue(Convert_String2QList("ZOLT: Bye Bye..." + config_.io.outSeparator));
         // The whole loop stands still, so that the farewell reaches the client.
         sleepsec(1);

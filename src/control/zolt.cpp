@@ -76,8 +76,14 @@ void ZOLT::InitInterfaces() {
     serial_ = std::make_unique<SERIAL_INTERFACE>("", logger_, cards_.get(), busReports_.get(),
                                                  config_.initialPollState, config_.autoDiscover);
     serial_->threadDelay = config_.threadDelay;
-    console_.emplace(static_cast<ConsoleHost&>(*this), config_.cae.inpSeparator,
-                     config_.cae.outSeparator);
+    daemonConsole_.emplace(DaemonConsole::Parts{.cae = *cae_,
+                                                .io = *io_,
+                                                .mon = *mon_,
+                                                .serial = *serial_,
+                                                .cards = cards_.get(),
+                                                .busReports = *busReports_,
+                                                .threadDelay = config_.threadDelay});
+    console_.emplace(*daemonConsole_, config_.cae.inpSeparator, config_.cae.outSeparator);
 }
 
 std::unique_ptr<SOCKET_INTERFACE> ZOLT::startInterface(const INTERFACE_DESCRIPTOR& settings,

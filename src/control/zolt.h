@@ -10,7 +10,7 @@
 #include "bus/serial_interface.h"
 #include "common/byte_list.h"
 #include "control/console.h"
-#include "control/console_host.h"
+#include "control/daemon_console.h"
 #include "core/descriptors.h"
 #include "core/logger.h"
 #include "core/zlqueue.h"
@@ -21,14 +21,14 @@
 /// workers, and runs the master loop that moves everything between them. One per
 /// process; all of it is used by the main thread alone, except what the workers
 /// share through queues and atomics.
-class ZOLT final : private ConsoleHost {
+class ZOLT final {
   public:
     /// `signalFlag` holds -1 until a signal's number is stored there, by a
     /// handler in any thread; it outlives this object.
     ZOLT(LOGGER logger, int* signalFlag);
     /// Stops the workers. The daemon ends through exit() instead, which leaves
     /// them to the end of the process.
-    ~ZOLT() override;
+    ~ZOLT();
     ZOLT(const ZOLT&) = delete;
     ZOLT& operator=(const ZOLT&) = delete;
 
@@ -43,27 +43,17 @@ class ZOLT final : private ConsoleHost {
   private:
     static CONFIG_DESCRIPTOR ReadConfig();
 
-    // master_loop.cpp: the steps of one cycle; each takes one item at most
+    // master_loop.cpp: the steps of one cycle, each of which takes one item at most
     bool stopRequested();
     void startMissingWorkers();
     void forwardBusReport();
     void handleIoLine();
     void handleCaeLine();
 
-    // console_services.cpp: what the console's commands act on
-    void reply(ByteList item) override;
-    PERIFCARD& card(std::size_t address) override;
-    bool polling() const override;
-    void setPolling(bool on) override;
-    void setThreadDelay(std::int32_t microseconds) override;
-    void request(ByteList frame) override;
-    void report(ByteList line) override;
-    void pause(int seconds) override;
-    void closeConnection() override;
-
-    // io_output.cpp
+    // io_output.cpp: what IO clients type
     bool ParseOutCommand(ByteList list);
-    void replyToConsole(const std::string& text);
+    /// Queues `text` for the console's client, and a prompt.
+    void reportIllegalCommand(const std::string& text);
 
     std::unique_ptr<SOCKET_INTERFACE> startInterface(const INTERFACE_DESCRIPTOR& settings,
                                                      ZLQUEUE* requests);
@@ -73,22 +63,23 @@ class ZOLT final : private ConsoleHost {
     LoopPause pause_;
     std::unique_ptr<ZLQUEUE> ioRequests_;
     std::unique_ptr<ZLQUEUE> caeRequests_;
-    /// Filled by the MON interface, read by nobody: a monitor only listens.
+    /// The MON interface fills it and nothing reads it: a monitor only listens.
     std::unique_ptr<ZLQUEUE> monRequests_;
     std::unique_ptr<ZLQUEUE> busReports_;
     std::unique_ptr<SOCKET_INTERFACE> cae_;
     std::unique_ptr<SOCKET_INTERFACE> io_;
     std::unique_ptr<SOCKET_INTERFACE> mon_;
     std::unique_ptr<SERIAL_INTERFACE> serial_;
-    /// Built with the interfaces, when its separators are known.
+    /// Both are built with the interfaces, whose separators and queues they use.
+    std::optional<DaemonConsole> daemonConsole_;
     std::optional<Console> console_;
-    /// The system may refuse a thread at the start; it is asked again from time to
-    /// time until all of them run.
+    /// False as long as the system has refused a worker its thread; the master loop
+    /// asks again from time to time.
     bool workersRunning_ = false;
     std::chrono::steady_clock::time_point nextWorkerStart_;
     int* signalFlag_;
     /// wire::kCardRecords records, shared with the serial link.
     std::unique_ptr<PERIFCARD[]> cards_;
-    /// Room set aside for extensions; nothing uses it.
+    /// Room that is set aside for extensions; nothing uses it.
     std::unique_ptr<std::array<char, 16>> workArea_;
 };

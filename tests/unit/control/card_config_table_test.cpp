@@ -1,9 +1,10 @@
+#include "control/card_config_table.h"
+
 #include <cctype>
 #include <optional>
 
 #include "bus/card_kinds.h"
-#include "control/card_config.h"
-#include "tests/unit/control/console_bench.h"
+#include "tests/unit/control/console_fixture.h"
 
 namespace {
 
@@ -167,7 +168,7 @@ TEST(CardConfigTable, ALineWithAllKeywordsRunsThemInTestOrder) {
     EXPECT_EQ(host.takeEvents(), expected);
 }
 
-class CardConfigCommands : public ConsoleBench, public testing::WithParamInterface<CommandCase> {
+class CardConfigCommands : public ConsoleFixture, public testing::WithParamInterface<CommandCase> {
   protected:
     CardConfigCommands() {
         if (row_.kind) host_.addCard(row_.address, *row_.kind);

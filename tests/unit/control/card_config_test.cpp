@@ -1,12 +1,12 @@
 #include "control/card_config.h"
 
 #include "bus/card_kinds.h"
-#include "tests/unit/control/console_bench.h"
+#include "tests/unit/control/console_fixture.h"
 
 namespace {
 
 /// All cards of the bus are of one kind, and answer with the value 07.
-class CardConfig : public ConsoleBench {
+class CardConfig : public ConsoleFixture {
   protected:
     CardConfig() { host_.answerWith("51 00 00 07"); }
 

@@ -2,12 +2,12 @@
 
 #include "bus/card_kinds.h"
 #include "tests/unit/bus/bytes.h"
-#include "tests/unit/control/console_bench.h"
+#include "tests/unit/control/console_fixture.h"
 
 namespace {
 
 /// Three input cards and one output card are known.
-class ConsoleDiscovery : public ConsoleBench {
+class ConsoleDiscovery : public ConsoleFixture {
   protected:
     ConsoleDiscovery() {
         host_.addCard(3, card_kind::kDigitalInput);

@@ -2,7 +2,7 @@
 #include <random>
 
 #include "bus/card_kinds.h"
-#include "tests/unit/control/console_bench.h"
+#include "tests/unit/control/console_fixture.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "tests/unit/control/console_bench.h"
+#include "tests/unit/control/console_fixture.h"
 
 namespace {
 
-class ConsoleSpeed : public ConsoleBench {
+class ConsoleSpeed : public ConsoleFixture {
   protected:
     static Events set(int delay, const std::string& text) {
         return {"delay " + std::to_string(delay), replyEvent("CIA: SPEED IS SET to " + text + "%"),

@@ -1,12 +1,12 @@
 #include "control/console.h"
 
 #include "bus/card_kinds.h"
-#include "tests/unit/control/console_bench.h"
+#include "tests/unit/control/console_fixture.h"
 
 namespace {
 
 /// An input card at 3 and a servo controller at 4.
-class ConsoleLines : public ConsoleBench {
+class ConsoleLines : public ConsoleFixture {
   protected:
     ConsoleLines() {
         host_.addCard(3, card_kind::kDigitalInput);

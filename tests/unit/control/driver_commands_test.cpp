@@ -1,7 +1,7 @@
 #include "control/driver_commands.h"
 
 #include "bus/card_kinds.h"
-#include "tests/unit/control/console_bench.h"
+#include "tests/unit/control/console_fixture.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ struct ExpectedRow {
 TEST(DriverCommandTable, IsInTestOrder) {
     const std::vector<ExpectedRow> expected{
         {"SPEED=", Match::kKeywordOnly}, {"DISABLEPOLL", Match::kExact},
-        {"DRVVER", Match::kExact},       {"", Match::kKeywordOnly},
+        {"DRVVER", Match::kExact},       {"", Match::kTable},
         {"POLLON:", Match::kContains},   {"POLLOFF:", Match::kContains},
         {"ENABLEPOLL", Match::kExact},   {"POLLSTATE", Match::kExact},
         {"DISCOVER", Match::kExact},     {"FORCEDISCOVER", Match::kExact},
@@ -50,7 +50,7 @@ TEST(DriverCommandTable, MatchesAsItsKindSays) {
 // The handlers
 
 /// One card of each kind at the address of its kind code; the others empty.
-class DriverCommands : public ConsoleBench {
+class DriverCommands : public ConsoleFixture {
   protected:
     DriverCommands() {
         for (const char kind : {card_kind::kDigitalOutput, card_kind::kDigitalInput,

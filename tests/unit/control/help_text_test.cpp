@@ -3,7 +3,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "tests/unit/control/console_bench.h"
+#include "tests/unit/control/console_fixture.h"
 
 namespace {
 
@@ -45,11 +45,11 @@ std::string joined(const Lines& lines) {
     return text;
 }
 
-using HelpText = ConsoleBench;
+using HelpText = ConsoleFixture;
 
 TEST_F(HelpText, IsTheTextThatClientsKnow) {
-    EXPECT_EQ(joined(help_text::kHelp), fileContent("help.txt"));
-    EXPECT_EQ(joined(help_text::kIoExamples), fileContent("ioexamples.txt"));
+    EXPECT_EQ(joined(help_text::help()), fileContent("help.txt"));
+    EXPECT_EQ(joined(help_text::ioExamples()), fileContent("ioexamples.txt"));
 }
 
 TEST_F(HelpText, HelpIsOneReplyPerLine) {

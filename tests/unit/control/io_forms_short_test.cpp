@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "tests/unit/control/io_forms_bench.h"
+#include "tests/unit/control/io_forms_fixture.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/unit/control/io_forms_bench.h"
+#include "tests/unit/control/io_forms_fixture.h"
 
 namespace {
 

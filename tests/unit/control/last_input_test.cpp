@@ -1,11 +1,11 @@
 #include "bus/card_kinds.h"
-#include "tests/unit/control/console_bench.h"
+#include "tests/unit/control/console_fixture.h"
 
 namespace {
 
 /// A digital input card at 3 and an analogue one at 15, their stored values
 /// 0x40 and up.
-class LastInput : public ConsoleBench {
+class LastInput : public ConsoleFixture {
   protected:
     LastInput() {
         host_.addCard(3, card_kind::kDigitalInput);

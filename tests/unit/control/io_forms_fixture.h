@@ -33,8 +33,7 @@ class IoForms : public testing::Test {
             const auto frame = translateOutput(command, cards_.get());
             if (!frame) return kIllegal;
             return std::to_string(frame->address) + ": " + hexText(frame->bytes);
-        } catch (int error) {
-            EXPECT_EQ(error, kCommandTooShort);
+        } catch (const CommandTooShort&) {
             return kException;
         }
     }

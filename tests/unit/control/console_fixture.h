@@ -33,7 +33,7 @@ inline void leaveAnswer(PERIFCARD& card, char first) {
 }
 
 /// A console with the usual separators on a bus without cards.
-class ConsoleBench : public testing::Test {
+class ConsoleFixture : public testing::Test {
   protected:
     /// What a text causes, with no separator added.
     Events eventsOfText(const std::string& text) {
