@@ -1,9 +1,9 @@
 #pragma once
 
 #include "bus/serial_interface.h"
-#include "client/socket_interface.h"
 #include "control/console_host.h"
 #include "core/zlqueue.h"
+#include "ports/socket_interface.h"
 
 /// The running daemon as the console's commands see it. Owned by ZOLT and used by
 /// the main thread.
