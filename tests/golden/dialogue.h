@@ -35,7 +35,7 @@ struct Step {
     std::string text() const { return argument.empty() ? verb : verb + ' ' + argument; }
 };
 
-/// A golden dialogue. The format is described in docs/testing.md.
+/// A golden dialogue. The format is described in docs/dialogues.md.
 class Dialogue {
   public:
     /// Throws std::invalid_argument, "NAME:LINE: reason".
