@@ -1,28 +1,21 @@
 #include "tests/golden/dialogue.h"
 
 #include <algorithm>
-#include <array>
 #include <stdexcept>
-#include <string_view>
 
+#include "tests/golden/boot.h"
 #include "tests/golden/dialogue_settings.h"
+#include "tests/golden/stage.h"
 #include "tests/support/files.h"
 
 namespace golden {
 namespace {
 
-constexpr std::array<std::string_view, 10> kVerbs = {
-    "start", "connect", "refused",        "close",  "reset",
-    "send",  "sim",     "silent-adapter", "signal", "quiet"};
 constexpr const char* kIndentation = "    ";
 
 std::string trimmedEnd(std::string text) {
     text.erase(text.find_last_not_of(' ') + 1);
     return text;
-}
-
-bool isVerb(const std::string& word) {
-    return std::find(kVerbs.begin(), kVerbs.end(), word) != kVerbs.end();
 }
 
 }  // namespace
@@ -61,9 +54,10 @@ void Dialogue::readLine(SourceLine& source, int number) {
         text.substr(std::min(text.find_first_not_of(' ', blank), text.size()));
     if (word == "settle") {
         settle_ = readSeconds(argument);
-    } else if (isVerb(word)) {
+    } else if (Stage::hasAction(word)) {
         source.action = true;
-        steps_.push_back({number, word, argument, {}, settle_});
+        steps_.push_back({number, word, argument, {}, {}, settle_});
+        if (word == "boot") steps_.back().implied = bootItems(setup_, bootClients(argument));
     } else if (steps_.empty()) {
         applySetting(setup_, word, argument);
     } else {
@@ -78,7 +72,9 @@ std::string Dialogue::withExpectations(const std::vector<std::vector<Item>>& per
         if (line.expectation) continue;
         text += line.text + '\n';
         if (!line.action) continue;
-        for (const auto& item : perStep.at(step)) text += kIndentation + writeItem(item) + '\n';
+        for (const auto& item : withoutImplied(perStep.at(step), steps_[step].implied)) {
+            text += kIndentation + writeItem(item) + '\n';
+        }
         ++step;
     }
     return text;

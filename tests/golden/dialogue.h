@@ -10,7 +10,7 @@
 
 namespace golden {
 
-/// What stands before the first action: the bus, and the daemon's configuration.
+/// The settings before the first action: the bus, and the daemon's configuration.
 struct Setup {
     /// Text of the bus file; without one no simulated bus runs.
     std::optional<std::string> bus;
@@ -22,14 +22,17 @@ struct Setup {
     std::optional<std::string> configuration;
 };
 
-/// One action with what it brings about.
+/// One action and the items that it brings about.
 struct Step {
     int line = 0;
     std::string verb;
-    /// What follows the verb.
+    /// The rest of the action's line.
     std::string argument;
+    /// Items that the verb itself demands; they come before those of `expected`.
+    std::vector<Item> implied;
+    /// Items that the dialogue writes below the action.
     std::vector<Item> expected;
-    /// How long rebuild waits after the last item.
+    /// How long rebuild waits after the last item of the step.
     std::chrono::milliseconds settle{};
 
     std::string text() const { return argument.empty() ? verb : verb + ' ' + argument; }
@@ -45,8 +48,9 @@ class Dialogue {
     const Setup& setup() const { return setup_; }
     const std::vector<Step>& steps() const { return steps_; }
 
-    /// The text of the file with other expectations, one list per step. All else
-    /// stays, also the comments.
+    /// Returns the text of the file with the items of `perStep`, one list for each step, as
+    /// its expectations. Settings, actions and comments stay. Implied items are left out;
+    /// throws std::runtime_error when a list lacks one of them.
     std::string withExpectations(const std::vector<std::vector<Item>>& perStep) const;
 
   private:
@@ -62,8 +66,7 @@ class Dialogue {
     Setup setup_;
     std::vector<Step> steps_;
     std::vector<SourceLine> lines_;
-    // Longer than the pauses of the daemon, of which the longest are the 2 x 2 s
-    // until a closed port is opened again.
+    // Longer than each pause of the daemon: a closed port is opened again after 2 x 2 s.
     std::chrono::milliseconds settle_{5500};
 };
 

@@ -50,6 +50,7 @@ class Check {
         came_.clear();
         waitsBefore_ = support::processorWaits();
         stage_.waitForReads();
+        comparer_.expect(step.implied);
         comparer_.expect(step.expected);
         timeoutsExpected_ += std::count_if(step.expected.begin(), step.expected.end(), isTimeout);
         listener_.action(step);

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "tests/golden/boot.h"
 #include "tests/golden/dialogue_settings.h"
 #include "tests/golden/log_lines.h"
 #include "tests/support/process/private_view.h"
@@ -54,37 +55,38 @@ Stage::Stage(const Setup& setup)
     }
 }
 
-void Stage::perform(const Step& step) {
-    const std::string& argument = step.argument;
-    if (step.verb == "start") {
-        start();
-    } else if (step.verb == "connect") {
-        connect(argument);
-    } else if (step.verb == "refused") {
-        awaitRefusal(argument);
-    } else if (step.verb == "close") {
-        client(argument);
-        clients_.erase(argument);
-    } else if (step.verb == "reset") {
-        client(argument).connection.reset();
-        clients_.erase(argument);
-    } else if (step.verb == "send") {
-        send(argument);
-    } else if (step.verb == "sim") {
-        controlBus(argument);
-    } else if (step.verb == "silent-adapter") {
-        silentAdapters_[argument] = std::make_unique<support::SilentAdapter>(argument);
-    } else if (step.verb == "signal") {
-        signal(argument);
-    } else if (step.verb == "quiet") {
-        // Whatever comes meanwhile is left over, and shows after it.
-        std::this_thread::sleep_for(readSeconds(argument));
-    } else {
-        throw std::runtime_error("unknown action \"" + step.verb + "\"");
-    }
+// A new action is one row here, and one in docs/testing.md.
+const std::map<std::string, void (Stage::*)(const std::string&), std::less<>>& Stage::actions() {
+    static const std::map<std::string, void (Stage::*)(const std::string&), std::less<>> rows = {
+        {"boot", &Stage::boot},
+        {"start", &Stage::start},
+        {"connect", &Stage::connect},
+        {"refused", &Stage::awaitRefusal},
+        {"close", &Stage::close},
+        {"reset", &Stage::reset},
+        {"send", &Stage::send},
+        {"sim", &Stage::controlBus},
+        {"silent-adapter", &Stage::addSilentAdapter},
+        {"signal", &Stage::signal},
+        {"quiet", &Stage::keepQuiet},
+    };
+    return rows;
 }
 
-void Stage::start() {
+bool Stage::hasAction(std::string_view verb) {
+    return actions().contains(verb);
+}
+
+void Stage::perform(const Step& step) {
+    (this->*actions().at(step.verb))(step.argument);
+}
+
+void Stage::boot(const std::string& clients) {
+    start("");
+    for (const auto& client : bootClients(clients)) connect(client);
+}
+
+void Stage::start(const std::string& /*argument*/) {
     const std::string end = daemon_.start();
     if (end != "status 0") throw std::runtime_error("the started process ends with " + end);
     started_ = true;
@@ -93,7 +95,7 @@ void Stage::start() {
 void Stage::controlBus(const std::string& line) {
     if (!bus_) throw std::runtime_error("this dialogue has no simulated bus");
     for (const auto& answer : bus_->control(line)) {
-        // Details of a card are indented; expectations begin behind their blanks.
+        // Details of a card are indented; expectations begin after these blanks.
         const auto start = std::min(answer.find_first_not_of(' '), answer.size());
         busAnswers_.push_back({"sim", ItemKind::kLine, answer.substr(start)});
     }
@@ -112,6 +114,16 @@ void Stage::awaitRefusal(const std::string& interface) {
     }
 }
 
+void Stage::close(const std::string& name) {
+    client(name);
+    clients_.erase(name);
+}
+
+void Stage::reset(const std::string& name) {
+    client(name).connection.reset();
+    clients_.erase(name);
+}
+
 void Stage::send(const std::string& argument) {
     const auto blank = argument.find(' ');
     const std::string bytes = blank == std::string::npos ? "" : argument.substr(blank + 1);
@@ -121,6 +133,15 @@ void Stage::send(const std::string& argument) {
     const std::string name = argument.substr(0, blank);
     client(name).connection.send(support::unescapeBytes(bytes.substr(1, bytes.size() - 2)));
     lastSender_ = name;
+}
+
+void Stage::addSilentAdapter(const std::string& path) {
+    silentAdapters_[path] = std::make_unique<support::SilentAdapter>(path);
+}
+
+// Whatever comes during the pause is left over, and the runner reports it afterwards.
+void Stage::keepQuiet(const std::string& seconds) {
+    std::this_thread::sleep_for(readSeconds(seconds));
 }
 
 void Stage::signal(const std::string& name) {
@@ -173,7 +194,7 @@ void Stage::collectClients(std::vector<Item>& items) {
         if (auto bytes = client.connection.receive(); !bytes.empty()) {
             items.push_back({name, ItemKind::kBytes, bytes});
         }
-        // Everybody loses the connection when the daemon ends.
+        // Every client loses its connection when the daemon ends.
         const bool byDaemonsEnd = stopping_ || endReported_;
         if (client.connection.closedByPeer() && !client.closeReported && !byDaemonsEnd) {
             client.closeReported = true;
@@ -182,7 +203,7 @@ void Stage::collectClients(std::vector<Item>& items) {
     }
 }
 
-// Before the other channels are read, so that its last words are not missed.
+// Called before the other channels are read, so that the daemon's last output is not missed.
 void Stage::collectEnd(std::vector<Item>& items) {
     if (!started_ || endReported_ || daemon_.running()) return;
     endReported_ = true;
@@ -192,7 +213,7 @@ void Stage::collectEnd(std::vector<Item>& items) {
 std::string Stage::finish() {
     stopping_ = true;
     std::string problems;
-    // A status that has been collected has been judged.
+    // An exit status that has been collected has been compared with the dialogue.
     if (started_) problems += endReported_ ? daemon_.standardError() : daemon_.stop();
     if (bus_) problems += bus_->stop();
     return problems;

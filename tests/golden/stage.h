@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/golden/bus_trace.h"
@@ -18,24 +20,26 @@
 
 namespace golden {
 
-/// What a dialogue plays on: the simulated bus, the daemon and its clients, in
-/// the private view of this process. One at a time.
+/// Everything that a dialogue needs: the simulated bus, the daemon and its clients, in the
+/// private view of this process. A process may have one Stage at a time.
 class Stage {
   public:
     /// Prepares everything and starts the simulated bus, not yet the daemon.
     explicit Stage(const Setup& setup);
 
+    /// True for the first word of an action.
+    static bool hasAction(std::string_view verb);
+
     /// Carries out one action; throws std::exception when that is impossible.
     void perform(const Step& step);
-    /// Everything that has come on any channel since the last call.
+    /// Returns everything that has come on any channel since the last call.
     std::vector<Item> collect();
     /// Waits until the daemon has read what the last send sent, so that the next
     /// one is not read together with it.
     void waitForReads();
-    /// Ends daemon and bus and returns what is wrong with that; empty when all
-    /// is well.
+    /// Ends daemon and bus. Returns a description of what went wrong, or nothing.
     std::string finish();
-    /// The last frames on the bus, with their times.
+    /// Returns the last frames on the bus, with their times.
     std::string frameLog() const;
     /// True once the daemon has been told to stop.
     bool stopping() const { return stopping_; }
@@ -46,12 +50,20 @@ class Stage {
         bool closeReported = false;
     };
 
-    void start();
-    void controlBus(const std::string& line);
+    /// The function of each action, by its first word. A function takes the rest of the line.
+    static const std::map<std::string, void (Stage::*)(const std::string&), std::less<>>& actions();
+
+    void boot(const std::string& clients);
+    void start(const std::string& argument);
     void connect(const std::string& name);
     void awaitRefusal(const std::string& interface);
+    void close(const std::string& name);
+    void reset(const std::string& name);
     void send(const std::string& argument);
+    void controlBus(const std::string& line);
+    void addSilentAdapter(const std::string& path);
     void signal(const std::string& name);
+    void keepQuiet(const std::string& seconds);
     Client& client(const std::string& name);
     void collectClients(std::vector<Item>& items);
     void collectEnd(std::vector<Item>& items);
