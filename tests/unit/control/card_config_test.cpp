@@ -1,20 +1,9 @@
 #include "control/card_config.h"
 
-#include <gtest/gtest.h>
-
 #include "bus/card_kinds.h"
-#include "tests/unit/control/console_fixture.h"
+#include "tests/unit/control/card_config_fixture.h"
 
 namespace {
-
-/// What one line leads to: a request, a success reply, and a second reply or none.
-struct Exchange {
-    /// Without the line end that a sent line has; a line that begins with a line
-    /// end is sent as it is here.
-    std::string line;
-    std::string request;
-    std::string reply;
-};
 
 const std::string kRebooted = "CIA: Card is REBOOTED";
 const std::string kMaskSet = "CIA: Channel MASK of the card is SET";
@@ -23,59 +12,6 @@ const std::string kServoSet = "CIA: SERVO PARAM of the card is SET";
 const std::string kServoGot = "CIA: SERVO PARAM is GOT from card";
 const std::string kRangeSet = "CIA: MSR value of the card is SET";
 const std::string kRangeGot = "CIA: MSR value is GOT from card";
-
-/// All cards of the bus are of one kind, and they answer with the value 07.
-class CardConfig : public ConsoleFixture {
-  protected:
-    CardConfig() { host_.answerWith("51 00 00 07"); }
-
-    void fillWith(char kind) {
-        for (std::size_t address = 0; address < 16; ++address) host_.addCard(address, kind);
-    }
-
-    Events eventsOfLine(const std::string& line) {
-        return line.starts_with("\r\n") ? eventsOfText(line) : eventsOf(line);
-    }
-
-    /// Each line makes its request, waits a second and draws two replies: `success`
-    /// and its own.
-    void expectExchanges(const std::string& success, const std::vector<Exchange>& exchanges) {
-        for (const Exchange& each : exchanges) {
-            EXPECT_EQ(eventsOfLine(each.line),
-                      (Events{"request " + each.request, "pause 1", replyEvent(success),
-                              replyEvent(each.reply), kPrompt}))
-                << each.line;
-        }
-    }
-
-    /// The same with one reply, which begins with `success`.
-    void expectShort(const std::string& success, const std::vector<Exchange>& exchanges) {
-        for (const Exchange& each : exchanges) {
-            EXPECT_EQ(eventsOfLine(each.line), (Events{"request " + each.request, "pause 1",
-                                                       replyEvent(success + each.reply), kPrompt}))
-                << each.line;
-        }
-    }
-
-    /// The commands of the LCD at address 9.
-    void expectSelfTests(const std::vector<Exchange>& exchanges) {
-        expectStates("CIA: SELFTEST STATE IS SET TO ", "50 09 01 01 ", exchanges);
-    }
-    void expectInitLights(const std::vector<Exchange>& exchanges) {
-        expectStates("CIA: INITLIGHT STATE IS SET TO ", "50 09 01 02 ", exchanges);
-    }
-
-  private:
-    /// The request of an exchange is its last byte here, the reply is the state's text.
-    void expectStates(const std::string& success, const std::string& request,
-                      std::vector<Exchange> exchanges) {
-        for (Exchange& each : exchanges) {
-            each.request = request + each.request;
-            each.reply += " at address 9";
-        }
-        expectShort(success, exchanges);
-    }
-};
 
 // Addresses
 
@@ -281,70 +217,6 @@ TEST_F(CardConfig, AnAnswerForAnotherCardDoesNotCountAndIsKeptForThatCard) {
     EXPECT_EQ(eventsOf("REBOOT:5"), (Events{"request 50 05 01 AB", "pause 1",
                                             replyEvent("CIE: BUS WRITE ERROR"), kPrompt}));
     EXPECT_EQ(host_.card(3).PIOAnswer(0), wire::kPioAnswer);
-}
-
-// States of the LCD controller
-
-TEST_F(CardConfig, TwoCharactersSelectAState) {
-    fillWith(card_kind::kLcd);
-    expectSelfTests({{"LCDSELFTEST:9=ON", "FF", "ON"},
-                     {"LCDSELFTEST:9=OFF", "00", "OFF"},
-                     {"LCDSELFTEST:9=ONLY", "FF", "ON"},
-                     {"LCDSELFTEST:9=OF", "00", "OFF"}});
-    expectInitLights({{"LCDINITLIGHT:9=ON", "FF", "ON"}, {"LCDINITLIGHT:9=OFFICE", "00", "OFF"}});
-}
-
-TEST_F(CardConfig, AnyOtherTextSendsTheLastStateAgainAndIsEchoed) {
-    fillWith(card_kind::kLcd);
-    struct Other {
-        std::string text;
-        std::string echo;
-    };
-    const std::string command = "LCDSELFTEST:9";
-    for (const auto& [text, echo] : {Other{"=on", "on"}, Other{"=of", "of"}, Other{"=On", "On"},
-                                     Other{"=XYZ", "XY"}, Other{"=??", "??"}, Other{"=O", "O\r"},
-                                     Other{"=", "\r\n"}, Other{"= ON", " O"}, Other{"", "LC"}}) {
-        expectSelfTests({{command + "=ON", "FF", "ON"},
-                         {command + text, "FF", echo},
-                         {command + "=OFF", "00", "OFF"},
-                         {command + text, "00", echo}});
-    }
-    expectSelfTests({{command + "=ON", "FF", "ON"},
-                     {"\r\n" + command + "=", "FF", ""},
-                     {"\r\n" + command + "=O", "FF", "O"}});
-    expectInitLights({{"LCDINITLIGHT:9=ON", "FF", "ON"},
-                      {"LCDINITLIGHT:9=on", "FF", "on"},
-                      {"LCDINITLIGHT:9", "FF", "LC"},
-                      {"LCDINITLIGHT:9=OFF", "00", "OFF"},
-                      {"LCDINITLIGHT:9=N", "00", "N\r"}});
-}
-
-TEST_F(CardConfig, TheFirstStateIsOff) {
-    fillWith(card_kind::kLcd);
-    expectSelfTests({{"LCDSELFTEST:9=XX", "00", "XX"}});
-    expectInitLights({{"LCDINITLIGHT:9=XX", "00", "XX"}});
-}
-
-TEST_F(CardConfig, EachCommandHasALastStateOfItsOwn) {
-    fillWith(card_kind::kLcd);
-    expectSelfTests({{"LCDSELFTEST:9=ON", "FF", "ON"}});
-    expectInitLights({{"LCDINITLIGHT:9=XX", "00", "XX"}, {"LCDINITLIGHT:9=ON", "FF", "ON"}});
-    expectSelfTests({{"LCDSELFTEST:9=OFF", "00", "OFF"}});
-    expectInitLights({{"LCDINITLIGHT:9=XX", "FF", "XX"}});
-    expectSelfTests({{"LCDSELFTEST:9=XX", "00", "XX"}});
-}
-
-TEST_F(CardConfig, TheLastStateIsOneForAllCardsAlsoWhenTheCommandFailed) {
-    eventsOf("LCDSELFTEST:3=ON");
-    eventsOf("LCDINITLIGHT:3=ON");
-    host_.addCard(9, card_kind::kLcd);
-    expectSelfTests({{"LCDSELFTEST:9=XX", "FF", "XX"}});
-    expectInitLights({{"LCDINITLIGHT:9=XX", "FF", "XX"}});
-    // The card refuses the next command; the state that was typed counts nevertheless.
-    host_.answerWith("00");
-    eventsOf("LCDSELFTEST:9=OFF");
-    host_.answerWith("51");
-    expectSelfTests({{"LCDSELFTEST:9=XX", "00", "XX"}});
 }
 
 }  // namespace
