@@ -2,7 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "tests/support/hand_run/allocation_count.h"
+#include "tests/support/allocation_count.h"
 
 /// Adds to the line of a benchmark what each item takes from the heap on this
 /// thread: "allocs" and "bytes". Lives around its loop.

@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "tests/reliability/soak/resources.h"
+#include "tests/support/process/resources.h"
 
 namespace bench {
 namespace {
@@ -60,7 +60,7 @@ void Trial::addProcessor(const std::string& figure, double seconds, std::size_t 
 }
 
 std::size_t Trial::addHoldings(const std::string& figure, pid_t process) {
-    const auto resources = reliability::resourcesAtRest(process);
+    const auto resources = support::resourcesAtRest(process);
     add(figure + ".resident", static_cast<double>(resources.residentKib));
     add(figure + ".private", static_cast<double>(privateKib(process)));
     return resources.threads;

@@ -17,7 +17,7 @@
 #include "control/io_forms.h"
 #include "fuzz/support/reports.h"
 #include "fuzz/support/target.h"
-#include "tests/support/hand_run/fake_port.h"
+#include "tests/support/doubles/fake_serial_port.h"
 
 namespace {
 
@@ -37,7 +37,7 @@ constexpr std::uint8_t kSilence = 0x84;        ///< no answer to the next reques
 
 const std::string kVersionAnswer = std::string("\x05\x06") + "1.04";
 
-class AnsweringLine final : public support::Line {
+class AnsweringLine final : public support::SerialLine {
   public:
     explicit AnsweringLine(fuzz::Input& input) : input_(input) {}
 
@@ -84,9 +84,9 @@ class AnsweringLine final : public support::Line {
     bool discovered_ = false;
 };
 
-class Bench {
+class AnsweredLink {
   public:
-    explicit Bench(std::string_view bytes) : input_(bytes), line_(input_) {
+    explicit AnsweredLink(std::string_view bytes) : input_(bytes), line_(input_) {
         link_ = support::makeLink(line_, cards_.get(), &reports_);
         for (std::size_t i = 0; i < wire::kCardRecords; ++i) {
             cards_[i].clearPerifCard();
@@ -187,6 +187,6 @@ class Bench {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Bench(fuzz::textOf(data, size, kMostBytes)).run();
+    AnsweredLink(fuzz::textOf(data, size, kMostBytes)).run();
     return 0;
 }

@@ -18,7 +18,7 @@
 #include "bus/wire.h"
 #include "fuzz/support/reports.h"
 #include "fuzz/support/target.h"
-#include "tests/support/hand_run/fake_port.h"
+#include "tests/support/doubles/fake_serial_port.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ constexpr std::uint8_t kHangUp = 0xFE;   ///< the end of the file
 constexpr std::uint8_t kVersion = 0xFD;  ///< a right answer to the hardware check
 }  // namespace special
 
-class WildLine final : public support::Line {
+class WildLine final : public support::SerialLine {
   public:
     explicit WildLine(std::string_view bytes) : input_(bytes) {}
 

@@ -11,8 +11,8 @@
 #include "fuzz/support/cards.h"
 #include "fuzz/support/target.h"
 #include "ports/framing.h"
-#include "tests/unit/bus/bytes.h"
-#include "tests/unit/control/recording_host.h"
+#include "tests/support/doubles/recording_host.h"
+#include "tests/support/text/bytes.h"
 
 namespace {
 

@@ -27,7 +27,7 @@ constexpr const char* kBus =
     "0 servo\n3 digital-input\n5 digital-output\n7 code 2A\n8 keymatrix\n9 ir\nA motor\n"
     "B silent\nE lcd\nF analogue-input\n";
 
-class Bench {
+class ControlledBus {
   public:
     void take(const std::string& line) {
         if (line.starts_with(">")) {
@@ -83,13 +83,13 @@ class Bench {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::string_view rest = fuzz::textOf(data, size, kMostBytes);
-    Bench bench;
+    ControlledBus bus;
     sim::ControlLines lines;
     while (!rest.empty()) {
         const std::string_view piece = rest.substr(0, kPiece);
         for (const std::optional<std::string>& line : lines.feed(piece)) {
             if (line) {
-                bench.take(*line);
+                bus.take(*line);
             }
         }
         rest.remove_prefix(piece.size());

@@ -2,7 +2,7 @@
 
 #include <atomic>
 
-#include "tests/support/hand_run/allocation_count.h"
+#include "tests/support/allocation_count.h"
 #include "tests/support/wait.h"
 #include "thread/LoopPause.h"
 #include "thread/Thread.h"

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "apps/zolt-sim/line/simulated_bus.h"
-#include "tests/support/process/log_file.h"
+#include "tests/support/temporary_log.h"
+#include "tests/support/text/bytes.h"
 #include "tests/support/wait.h"
-#include "tests/unit/bus/bytes.h"
 
 namespace {
 
@@ -91,7 +91,7 @@ class Link : public testing::Test {
         return std::count(lines.begin(), lines.end(), foundLine_) >= times;
     }
 
-    support::LogFile log_;
+    support::TemporaryLog log_;
     const std::string path_ = log_.path() + ".ttyUSB0";
     const std::string foundLine_ = "[INF] hardware found on " + path_ + " version: 1.04";
     const std::string timeoutLine_ = "[INF] comm timeout " + path_;

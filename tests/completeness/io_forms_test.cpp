@@ -9,7 +9,7 @@
 #include "bus/wire.h"
 #include "control/help_text.h"
 #include "tests/completeness/source_words.h"
-#include "tests/unit/bus/bytes.h"
+#include "tests/support/text/bytes.h"
 
 namespace completeness {
 namespace {

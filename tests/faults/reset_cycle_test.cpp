@@ -7,10 +7,10 @@
 
 #include "ports/socket_interface.h"
 #include "tests/faults/daemon_state.h"
-#include "tests/support/hand_run/recorded_pauses.h"
-#include "tests/support/process/log_file.h"
+#include "tests/support/doubles/recorded_pauses.h"
 #include "tests/support/process/private_view.h"
 #include "tests/support/tcp/tcp_client.h"
+#include "tests/support/temporary_log.h"
 #include "tests/support/wait.h"
 
 namespace {
@@ -66,7 +66,7 @@ class ResetCycle : public testing::TestWithParam<const char*> {
     }
 
     support::RecordedPauses pauses_;
-    support::LogFile log_;
+    support::TemporaryLog log_;
     ZLQUEUE requests_;
     std::unique_ptr<SOCKET_INTERFACE> interface_;
 };

@@ -13,9 +13,9 @@
 #include "apps/zolt-sim/text.h"
 #include "bus/serial_interface.h"
 #include "tests/faults/daemon_state.h"
-#include "tests/support/hand_run/recorded_pauses.h"
-#include "tests/support/process/log_file.h"
+#include "tests/support/doubles/recorded_pauses.h"
 #include "tests/support/process/private_view.h"
+#include "tests/support/temporary_log.h"
 #include "tests/support/wait.h"
 
 namespace {
@@ -128,7 +128,7 @@ class UnplugCycle : public testing::Test {
     }
 
     support::RecordedPauses pauses_;
-    support::LogFile log_;
+    support::TemporaryLog log_;
     std::mutex lock_;
     std::vector<std::string> trace_;
     unsigned char value_ = 0;

@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "tests/ports/interface_bench.h"
+#include "tests/ports/interface_fixture.h"
 
 namespace {
 
 using support::TcpClient;
 
 /// How a connection ends, and what becomes of the replies and the next client.
-class ConnectionEnd : public InterfaceBench {
+class ConnectionEnd : public InterfaceFixture {
   protected:
     /// A reply that cannot be written until the client reads.
     static std::string moreThanTheSocketsHold() {

@@ -6,13 +6,13 @@
 
 #include <cerrno>
 
-#include "tests/ports/interface_bench.h"
+#include "tests/ports/interface_fixture.h"
 
 namespace {
 
 using support::TcpClient;
 
-class Listening : public InterfaceBench {};
+class Listening : public InterfaceFixture {};
 
 TEST_F(Listening, InitOpensThePort) {
     build();
@@ -128,7 +128,7 @@ struct Banner {
     const char* text;
 };
 
-class Banners : public InterfaceBench, public testing::WithParamInterface<Banner> {};
+class Banners : public InterfaceFixture, public testing::WithParamInterface<Banner> {};
 
 TEST_P(Banners, GoByTheExactName) {
     TcpClient client = connected(GetParam().name);

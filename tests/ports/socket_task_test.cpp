@@ -8,14 +8,14 @@
 #include <cerrno>
 #include <chrono>
 
-#include "tests/ports/interface_bench.h"
+#include "tests/ports/interface_fixture.h"
 #include "tests/support/unique_fd.h"
 
 namespace {
 
 using support::TcpClient;
 
-class Client : public InterfaceBench {
+class Client : public InterfaceFixture {
   protected:
     const std::string closedByClient_ = "[INF] connection is closed by client on IO interface";
     const std::string selectError_ = "[ERR] socket select error on IO interface";
@@ -224,7 +224,7 @@ TEST_F(Client, ServesOneClientAfterTheOtherByItself) {
     }
 }
 
-class Placeholder : public InterfaceBench {
+class Placeholder : public InterfaceFixture {
   protected:
     const std::string parked_ = "[INF] On task DMI interface";
 };

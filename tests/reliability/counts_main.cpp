@@ -8,8 +8,8 @@
 #include <iostream>
 #include <thread>
 
-#include "tests/reliability/accounts/bench.h"
 #include "tests/reliability/accounts/traffic.h"
+#include "tests/reliability/accounts/watched_daemon.h"
 #include "tests/support/process/private_view.h"
 
 namespace {
@@ -35,22 +35,22 @@ bool readNumber(const char* text, std::size_t limit, std::size_t& number) {
     return result.ec == std::errc() && result.ptr == end && number >= 1 && number <= limit;
 }
 
-void stepFor(Bench& bench, Traffic& traffic, const std::function<bool(bool moved)>& goOn) {
+void stepFor(WatchedDaemon& daemon, Traffic& traffic, const std::function<bool(bool moved)>& goOn) {
     for (bool moved = true; goOn(moved);) {
-        bench.tick();
+        daemon.tick();
         moved = traffic.step();
         if (!moved) std::this_thread::sleep_for(kIdle);
     }
 }
 
-void play(Bench& bench, Traffic& traffic) {
+void play(WatchedDaemon& daemon, Traffic& traffic) {
     auto lastMove = Clock::now();
-    stepFor(bench, traffic, [&](bool moved) {
+    stepFor(daemon, traffic, [&](bool moved) {
         if (moved) lastMove = Clock::now();
         return !traffic.done() && Clock::now() - lastMove < kStandstill;
     });
     const auto end = Clock::now() + kAfterwards;
-    stepFor(bench, traffic, [&](bool) { return Clock::now() < end; });
+    stepFor(daemon, traffic, [&](bool) { return Clock::now() < end; });
     traffic.close();
 }
 
@@ -78,24 +78,24 @@ Outcome run(std::size_t count, std::size_t percent) {
     settings.polling = true;
     std::cout << count << " commands and " << count << " input changes at " << percent << " %"
               << std::endl;
-    Bench bench(settings, kTrafficBus);
+    WatchedDaemon daemon(settings, kTrafficBus);
     const std::size_t readings = std::min(count / kReadingShare, kMostReadings);
     // Before the discovery, after which the cards are polled.
-    Traffic traffic(bench.bus(), bench.io(), bench.mon(), {count, count - readings, readings});
-    bench.serveClients();
-    bench.io().take();
-    bench.mon().take();
-    bench.findLink();
-    bench.findCards();
+    Traffic traffic(daemon.bus(), daemon.io(), daemon.mon(), {count, count - readings, readings});
+    daemon.serveClients();
+    daemon.io().take();
+    daemon.mon().take();
+    daemon.findLink();
+    daemon.findCards();
     const auto begin = Clock::now();
-    play(bench, traffic);
+    play(daemon, traffic);
     const auto took = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - begin);
-    const std::string console = bench.cae().take();
+    const std::string console = daemon.cae().take();
     if (!console.empty()) throw Failure("unexpected on the console: " + console);
-    const std::size_t linkLosses = bench.bus().counts().losses;
+    const std::size_t linkLosses = daemon.bus().counts().losses;
     const Traffic::Result result = traffic.result();
     const bool equal = report(result, linkLosses, took);
-    bench.stop();
+    daemon.stop();
     if (equal) return Outcome::kEqual;
     // Nothing is discovered behind a lost link here.
     return result.linkLossExplains(linkLosses, false) ? Outcome::kLinkLost : Outcome::kNotEqual;

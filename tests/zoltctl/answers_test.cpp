@@ -6,8 +6,8 @@ namespace {
 using namespace ctl_test;
 
 // Answers the one command with `bytes` and then does as `afterwards` says.
-FakePort::Script answering(const std::string& command, const std::string& bytes,
-                           FakePort::Script afterwards) {
+FakeTcpPort::Script answering(const std::string& command, const std::string& bytes,
+                              FakeTcpPort::Script afterwards) {
     return [=](FakeConnection& client) {
         client.send(kConsoleBanner);
         client.expect(command + "\r\n");
@@ -36,7 +36,7 @@ TEST_F(Answers, AConnectionThatEndsInMidAnswer) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.sent);
-        const FakePort cae(kDefaultCae, answering("DISCOVER", row.sent, leave));
+        const FakeTcpPort cae(kDefaultCae, answering("DISCOVER", row.sent, leave));
         expectOutcome(run({"cards"}), 5, "",
                       "zoltctl: console 127.0.0.1:4001: the connection ended " + row.when);
     }
@@ -49,7 +49,7 @@ TEST_F(Answers, AnAnswerThatDoesNotComeOrNotWholly) {
           item("CIA: DRIVER VERSION 1.20") + ">\r\n",
           std::string("CIA: DRIVER VERSION 1.20\r\n>\r\n")}) {
         SCOPED_TRACE(sent);
-        const FakePort cae(kDefaultCae, answering("DRVVER", sent, hold));
+        const FakeTcpPort cae(kDefaultCae, answering("DRVVER", sent, hold));
         expectOutcome(run({"--timeout", "0.3", "version"}), 6, "",
                       "zoltctl: console 127.0.0.1:4001 does not answer DRVVER within the time of "
                       "--timeout");
@@ -92,7 +92,7 @@ TEST_F(Answers, OfAnotherCommandOrRubbish) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.quoted);
-        const FakePort cae(kDefaultCae, answering(row.command, row.sent, hold));
+        const FakeTcpPort cae(kDefaultCae, answering(row.command, row.sent, hold));
         expectOutcome(
             run(row.arguments), 7, "",
             "zoltctl: the answer to " + row.command + " is none of zolt's: " + row.quoted);
@@ -100,7 +100,7 @@ TEST_F(Answers, OfAnotherCommandOrRubbish) {
 }
 
 TEST_F(Answers, InSingleBytes) {
-    const FakePort cae(kDefaultCae, [](FakeConnection& client) {
+    const FakeTcpPort cae(kDefaultCae, [](FakeConnection& client) {
         client.send(kConsoleBanner);
         client.expect("POLLSTATE\r\n");
         client.sendSingly(reply({"CIA: GLOBAL POLLING IS DISABLED", "PTI:0x3:ON", "PTI:0xF:OFF"}));
@@ -119,9 +119,9 @@ TEST_F(Answers, AnEndlessAnswerIsGivenUpWithBoundedMemory) {
     while (items.size() < 65536) items += item("DTI:0x0:EMPTY");
     for (const Row& row : {Row{"one line", std::string(65536, 'x')}, Row{"many items", items}}) {
         SCOPED_TRACE(row.command);
-        const FakePort cae(kDefaultCae, answering("DISCOVER", "", [&](FakeConnection& client) {
-                               client.flood(row.repeated);
-                           }));
+        const FakeTcpPort cae(kDefaultCae, answering("DISCOVER", "", [&](FakeConnection& client) {
+                                  client.flood(row.repeated);
+                              }));
         const auto outcome = ctl_test::run(
             {"--timeout", "1", "cards"},
             {.environment = {"ZOLT_LINE_END=crlf", "ASAN_OPTIONS=quarantine_size_mb=16"}});
@@ -149,14 +149,14 @@ TEST_F(Answers, RefusalsAreTheDaemonsOwnWords) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.command);
-        const FakePort cae(kDefaultCae, answering(row.command, reply({row.words}), hold));
+        const FakeTcpPort cae(kDefaultCae, answering(row.command, reply({row.words}), hold));
         expectOutcome(run(row.arguments), 1, "", "zoltctl: " + row.about + row.words);
     }
 }
 
 TEST_F(Answers, LinesThatComeUnaskedAreNoReply) {
     const std::string unasked = item("COE:Illegal command -> nonsense") + item(">");
-    const FakePort cae(kDefaultCae, [&](FakeConnection& client) {
+    const FakeTcpPort cae(kDefaultCae, [&](FakeConnection& client) {
         client.send(kConsoleBanner);
         client.send(unasked);
         client.expect("DRVVER\r\n");

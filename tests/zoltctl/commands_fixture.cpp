@@ -23,7 +23,7 @@ const std::vector<std::string> kKinds{"6 channel RC SERVO CONTROLLER",
 
 }  // namespace
 
-FakePort::Script CommandTest::playing(const Dialogue& dialogue) {
+FakeTcpPort::Script CommandTest::playing(const Dialogue& dialogue) {
     return [dialogue](FakeConnection& client) {
         client.send(kConsoleBanner);
         for (const auto& [command, lines] : dialogue) {
@@ -35,8 +35,8 @@ FakePort::Script CommandTest::playing(const Dialogue& dialogue) {
 }
 
 Outcome CommandTest::runRow(const CommandRow& row, const std::vector<std::string>& options) {
-    const FakePort cae(kDefaultCae, playing(row.dialogue));
-    const FakePort io(kDefaultIo, [&](FakeConnection& client) {
+    const FakeTcpPort cae(kDefaultCae, playing(row.dialogue));
+    const FakeTcpPort io(kDefaultIo, [&](FakeConnection& client) {
         client.send(kIoBanner + row.fromIo);
         EXPECT_EQ(client.receiveRest(), row.io);
     });

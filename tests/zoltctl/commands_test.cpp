@@ -49,7 +49,7 @@ TEST_F(Commands, CardsAndPolling) {
 }
 
 TEST_F(Commands, PollingOfSeveralCardsIsNotSwitchedByHalves) {
-    const FakePort cae(
+    const FakeTcpPort cae(
         kDefaultCae,
         playing({{"POLLSTATE", {"CIA: GLOBAL POLLING IS ENABLED", "PTI:0x3:ON", "PTI:0xF:ON"}}}));
     expectOutcome(run({"poll", "off", "3", "5", "F"}), 1, "",

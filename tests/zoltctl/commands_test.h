@@ -23,7 +23,7 @@ struct CommandRow {
 class CommandTest : public FakeTest {
   protected:
     /// A console whose client has to ask just this, and then leaves.
-    static ctl_test::FakePort::Script playing(const Dialogue& dialogue);
+    static ctl_test::FakeTcpPort::Script playing(const Dialogue& dialogue);
     /// Runs a command with further options.
     static ctl_test::Outcome runRow(const CommandRow& row, const std::vector<std::string>& options);
     /// Runs each command twice, for text and for JSON.

@@ -26,7 +26,7 @@ class ConsoleByPipe : public FakeTest {
 };
 
 TEST_F(ConsoleByPipe, OneCommandPerLine) {
-    const FakePort cae(kDefaultCae, {console(kAnswers), console(kAnswers)});
+    const FakeTcpPort cae(kDefaultCae, {console(kAnswers), console(kAnswers)});
     const std::string input = "DRVVER\n\nSPEED=0\r\nnonsense\nREBOOT:E";
     expectOutcome(runWith(input), 0,
                   "CIA: DRIVER VERSION 1.20\n"
@@ -45,13 +45,13 @@ TEST_F(ConsoleByPipe, OneCommandPerLine) {
 }
 
 TEST_F(ConsoleByPipe, NothingToDo) {
-    const FakePort cae(kDefaultCae, console(kAnswers));
+    const FakeTcpPort cae(kDefaultCae, console(kAnswers));
     expectOutcome(runWith(""), 0, "");
 }
 
 // The daemon's own EXIT would stop it for a second.
 TEST_F(ConsoleByPipe, ExitLeavesWithoutAskingTheDaemon) {
-    const FakePort cae(kDefaultCae, [](FakeConnection& client) {
+    const FakeTcpPort cae(kDefaultCae, [](FakeConnection& client) {
         client.send(kConsoleBanner);
         EXPECT_EQ(client.receiveRest(), "");
     });
@@ -66,7 +66,7 @@ TEST_F(ConsoleByPipe, LinesThatComeUnaskedAreShown) {
         client.send(error + reply({"CIA: DRIVER VERSION 1.20"}));
         EXPECT_EQ(client.receiveRest(), "");
     };
-    const FakePort cae(kDefaultCae, {script, script});
+    const FakeTcpPort cae(kDefaultCae, {script, script});
     const std::string shown = "COE:Illegal command -> \\x1B[2Jx\n";
     expectOutcome(runWith("DRVVER\n"), 0, shown + shown + "CIA: DRIVER VERSION 1.20\n");
     const std::string told = R"({"unasked":"COE:Illegal command -> \u001b[2Jx"})"
@@ -77,7 +77,7 @@ TEST_F(ConsoleByPipe, LinesThatComeUnaskedAreShown) {
 }
 
 TEST_F(ConsoleByPipe, TheDaemonsEnd) {
-    const FakePort cae(kDefaultCae, [](FakeConnection& client) {
+    const FakeTcpPort cae(kDefaultCae, [](FakeConnection& client) {
         client.send(kConsoleBanner);
         client.expect("DRVVER\r\n");
         client.send(reply({"CIA: DRIVER VERSION 1.20"}));
@@ -89,7 +89,7 @@ TEST_F(ConsoleByPipe, TheDaemonsEnd) {
 }
 
 TEST_F(ConsoleByPipe, ALineThatIsTooLong) {
-    const FakePort cae(kDefaultCae, console(kAnswers));
+    const FakeTcpPort cae(kDefaultCae, console(kAnswers));
     expectOutcome(
         runWith("DRVVER\n" + std::string(300, 'x') + "\nDRVVER\n"), 2, "CIA: DRIVER VERSION 1.20\n",
         "zoltctl: the line is too long: with its end 302 bytes, and the daemon takes 255");
@@ -101,7 +101,7 @@ class ConsoleOnTerminal : public FakeTest {
     // was asked, and puts the end of the program into `end_`.
     std::string talk(const std::function<void(Terminal&)>& person) {
         std::string asked;
-        const FakePort cae(kDefaultCae, [&](FakeConnection& client) {
+        const FakeTcpPort cae(kDefaultCae, [&](FakeConnection& client) {
             client.send(kConsoleBanner);
             for (auto line = client.receive(); !line.empty(); line = client.receive()) {
                 asked += line;

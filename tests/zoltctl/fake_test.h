@@ -9,7 +9,7 @@
 #include "tests/support/files.h"
 #include "tests/support/process/daemon_settings.h"
 #include "tests/support/process/private_view.h"
-#include "tests/zoltctl/fake_port.h"
+#include "tests/zoltctl/fake_tcp_port.h"
 #include "tests/zoltctl/zoltctl_process.h"
 
 /// zoltctl against a scripted daemon on the default ports, in a private view.

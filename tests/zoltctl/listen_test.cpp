@@ -31,7 +31,7 @@ constexpr std::size_t kJsonTime =
 
 class Listening : public CommandTest {
   protected:
-    static FakePort::Script showing(const std::string& banner, const std::string& bytes) {
+    static FakeTcpPort::Script showing(const std::string& banner, const std::string& bytes) {
         return [=](FakeConnection& client) {
             client.send(banner + bytes);
             EXPECT_EQ(client.receiveRest(), "");
@@ -44,8 +44,8 @@ class Listening : public CommandTest {
 };
 
 TEST_F(Listening, WatchTellsTimeAddressNameBlockAndValue) {
-    const FakePort cae(kDefaultCae, {playing(names_), playing(names_)});
-    const FakePort io(kDefaultIo, {showing(kIoBanner, changes_), showing(kIoBanner, changes_)});
+    const FakeTcpPort cae(kDefaultCae, {playing(names_), playing(names_)});
+    const FakeTcpPort io(kDefaultIo, {showing(kIoBanner, changes_), showing(kIoBanner, changes_)});
     auto outcome = run({"watch", "--count", "5"});
     outcome.output = withoutTime(outcome.output, kTextTime);
     expectOutcome(outcome, 0,
@@ -65,7 +65,7 @@ TEST_F(Listening, WatchTellsTimeAddressNameBlockAndValue) {
 }
 
 TEST_F(Listening, WatchWithoutNames) {
-    const FakePort io(kDefaultIo, {showing(kIoBanner, changes_), showing(kIoBanner, changes_)});
+    const FakeTcpPort io(kDefaultIo, {showing(kIoBanner, changes_), showing(kIoBanner, changes_)});
     auto outcome = run({"watch", "--no-names", "--count", "1"});
     outcome.output = withoutTime(outcome.output, kTextTime);
     expectOutcome(outcome, 0, "0000-00-00 00:00:00.000  3  block 0  40\n");
@@ -78,8 +78,8 @@ TEST_F(Listening, WatchWithoutNames) {
 }
 
 TEST_F(Listening, AHeldConsoleCostsTheNamesAndANote) {
-    const FakePort cae(kDefaultCae, std::vector<FakePort::Script>{});
-    const FakePort io(kDefaultIo, showing(kIoBanner, changes_));
+    const FakeTcpPort cae(kDefaultCae, std::vector<FakeTcpPort::Script>{});
+    const FakeTcpPort io(kDefaultIo, showing(kIoBanner, changes_));
     auto outcome = run({"watch", "--count", "1", "--timeout", "0.5"});
     outcome.output = withoutTime(outcome.output, kTextTime);
     expectOutcome(outcome, 0, "0000-00-00 00:00:00.000  3  block 0  40\n",
@@ -90,7 +90,7 @@ TEST_F(Listening, AHeldConsoleCostsTheNamesAndANote) {
 TEST_F(Listening, MonitorTellsWhatThePortShows) {
     const std::string shown =
         item("a3b0d40") + item("a5b1dFB") + item("a5b1dFF\r\nnon\x1Bsense") + item("a3b0d00");
-    const FakePort mon(kDefaultMon, {showing(kMonBanner, shown), showing(kMonBanner, shown)});
+    const FakeTcpPort mon(kDefaultMon, {showing(kMonBanner, shown), showing(kMonBanner, shown)});
     auto outcome = run({"monitor", "--count", "5"});
     outcome.output = withoutTime(outcome.output, kTextTime);
     expectOutcome(outcome, 0,
@@ -107,8 +107,8 @@ TEST_F(Listening, MonitorTellsWhatThePortShows) {
 }
 
 TEST_F(Listening, EndsAfterTheTimeGiven) {
-    const FakePort io(kDefaultIo, showing(kIoBanner, ""));
-    const FakePort mon(kDefaultMon, showing(kMonBanner, ""));
+    const FakeTcpPort io(kDefaultIo, showing(kIoBanner, ""));
+    const FakeTcpPort mon(kDefaultMon, showing(kMonBanner, ""));
     expectOutcome(run({"watch", "--no-names", "--for", "0.2"}), 0, "");
     expectOutcome(run({"monitor", "--for=.2"}), 0, "");
 }
@@ -123,7 +123,7 @@ TEST_F(Listening, ASignalEndsItWithAllLinesWritten) {
     for (int i = 0; i < kLines; ++i) many += item("a3b0d40");
     for (const Row& row : {Row{SIGINT, "status 130"}, Row{SIGTERM, "status 143"}}) {
         SCOPED_TRACE(row.end);
-        const FakePort io(kDefaultIo, showing(kIoBanner, many));
+        const FakeTcpPort io(kDefaultIo, showing(kIoBanner, many));
         ZoltctlProcess process({"watch", "--no-names"});
         std::string output;
         ASSERT_TRUE(support::waitUntil([&] {
@@ -142,11 +142,11 @@ TEST_F(Listening, ASignalEndsItWithAllLinesWritten) {
 // It is the user then who ends the wait for the names, not somebody on the console.
 TEST_F(Listening, ASignalWhileNamesAreAskedNeedsNoNote) {
     std::atomic<bool> asked = false;
-    const FakePort cae(kDefaultCae, [&](FakeConnection& client) {
+    const FakeTcpPort cae(kDefaultCae, [&](FakeConnection& client) {
         asked = true;
         client.keepSilent();
     });
-    const FakePort io(kDefaultIo, showing(kIoBanner, ""));
+    const FakeTcpPort io(kDefaultIo, showing(kIoBanner, ""));
     ZoltctlProcess process({"watch"});
     ASSERT_TRUE(support::waitUntil([&] { return asked.load(); }));
     process.signal(SIGINT);
@@ -158,7 +158,7 @@ TEST_F(Listening, ASignalWhileNamesAreAskedNeedsNoNote) {
 
 TEST_F(Listening, TheDaemonsEndIsToldBehindTheLastLine) {
     for (const bool half : {false, true}) {
-        const FakePort io(kDefaultIo, [&](FakeConnection& client) {
+        const FakeTcpPort io(kDefaultIo, [&](FakeConnection& client) {
             client.send(kIoBanner + item("a3b0d40") + (half ? "a3b" : ""));
         });
         auto outcome = run({"watch", "--no-names"});
@@ -178,7 +178,7 @@ TEST_F(Listening, WhatIsNoChangeIsToldBehindTheLastLine) {
                                            {item("agb0d40"), "\"agb0d40\""},
                                            {item("\x01\xFF rubbish"), "\"\\x01\\xFF rubbish\""}}) {
         SCOPED_TRACE(row.quoted);
-        const FakePort io(kDefaultIo, [&](FakeConnection& client) {
+        const FakeTcpPort io(kDefaultIo, [&](FakeConnection& client) {
             client.send(kIoBanner + item("a3b0d40") + row.sent);
             client.hold();
         });
@@ -197,8 +197,8 @@ TEST_F(Listening, AnEndlessLineIsGivenUp) {
                 client.flood(std::string(65536, 'x'));
             };
         };
-        const FakePort io(kDefaultIo, flooding(kIoBanner));
-        const FakePort mon(kDefaultMon, flooding(kMonBanner));
+        const FakeTcpPort io(kDefaultIo, flooding(kIoBanner));
+        const FakeTcpPort mon(kDefaultMon, flooding(kMonBanner));
         const auto outcome = ctl_test::run({command, "--timeout", "1"},
                                            {.environment = {"ASAN_OPTIONS=quarantine_size_mb=16"}});
         EXPECT_EQ(outcome.end, "status 7");
@@ -209,7 +209,7 @@ TEST_F(Listening, AnEndlessLineIsGivenUp) {
 }
 
 TEST_F(Listening, LinesInSingleBytesAndWithoutCarriageReturns) {
-    const FakePort io(kDefaultIo, [](FakeConnection& client) {
+    const FakeTcpPort io(kDefaultIo, [](FakeConnection& client) {
         client.send(kIoBanner);
         client.sendSingly(item("a3b0d40"));
         client.send("a3b0d41\r\na3b0d42\r\n");

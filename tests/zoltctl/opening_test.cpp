@@ -10,7 +10,7 @@ using namespace ctl_test;
 
 const Replies kVersion{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
 
-FakePort::Script sending(const std::string& bytes) {
+FakeTcpPort::Script sending(const std::string& bytes) {
     return [bytes](FakeConnection& client) {
         client.send(bytes);
         client.keepSilent();
@@ -44,14 +44,14 @@ TEST_F(Opening, AnUnreachableHostIsNoDaemon) {
 }
 
 TEST_F(Opening, AHostMayBeAName) {
-    const FakePort cae(kDefaultCae, console(kVersion));
+    const FakeTcpPort cae(kDefaultCae, console(kVersion));
     expectOutcome(run({"--host", "localhost", "version"}), 0, kVersionText);
 }
 
 TEST_F(Opening, APortThatServesAnotherClientIsHeld) {
-    const FakePort cae(kDefaultCae, std::vector<FakePort::Script>{});
-    const FakePort io(kDefaultIo, std::vector<FakePort::Script>{});
-    const FakePort mon(kDefaultMon, std::vector<FakePort::Script>{});
+    const FakeTcpPort cae(kDefaultCae, std::vector<FakeTcpPort::Script>{});
+    const FakeTcpPort io(kDefaultIo, std::vector<FakeTcpPort::Script>{});
+    const FakeTcpPort mon(kDefaultMon, std::vector<FakeTcpPort::Script>{});
     const auto held = [](const std::string& port) {
         return "zoltctl: " + port + ": no banner came; another client holds the port";
     };
@@ -64,7 +64,7 @@ TEST_F(Opening, APortThatServesAnotherClientIsHeld) {
 // No further client can even connect then, whatever else the host's name stands for.
 TEST_F(Opening, AFullQueueOfWaitingClientsIsHeld) {
     support::writeFile("/etc/hosts", "127.0.0.1 twofold\n127.0.0.2 twofold\n");
-    const FakePort cae(kDefaultCae, std::vector<FakePort::Script>{});
+    const FakeTcpPort cae(kDefaultCae, std::vector<FakeTcpPort::Script>{});
     const auto first = support::TcpClient::connect(kDefaultCae);
     const auto second = support::TcpClient::connect(kDefaultCae);
     for (const std::string host : {"127.0.0.1", "twofold"}) {
@@ -76,7 +76,7 @@ TEST_F(Opening, AFullQueueOfWaitingClientsIsHeld) {
 
 TEST_F(Opening, ConnectionsThatAreTurnedAwayAreTriedAgain) {
     const auto turnedAway = [](FakeConnection&) {};
-    const FakePort cae(kDefaultCae, {turnedAway, turnedAway, turnedAway, console(kVersion)});
+    const FakeTcpPort cae(kDefaultCae, {turnedAway, turnedAway, turnedAway, console(kVersion)});
     expectOutcome(run({"version"}), 0, kVersionText);
 }
 
@@ -84,14 +84,14 @@ TEST_F(Opening, APortThatOpensLaterIsWaitedFor) {
     ZoltctlProcess process({"version"}, {.environment = {"ZOLT_LINE_END=crlf"}});
     // It connects at once, so it has most likely been refused.
     ASSERT_TRUE(support::waitUntil([&] { return process.hasStarted(); }));
-    const FakePort cae(kDefaultCae, console(kVersion));
+    const FakeTcpPort cae(kDefaultCae, console(kVersion));
     expectOutcome(process.waitForEnd(), 0, kVersionText);
 }
 
 TEST_F(Opening, WhatWaitedForAnEarlierClientIsSkipped) {
     const std::string left = item(">") + item("COE:Illegal command -> nonsense") + item(">") +
                              item("ZOLT: Bye Bye...") + "half an item";
-    const FakePort cae(kDefaultCae, [&](FakeConnection& client) {
+    const FakeTcpPort cae(kDefaultCae, [&](FakeConnection& client) {
         client.send(left);
         client.send(kConsoleBanner);
         client.expect("DRVVER\r\n");
@@ -102,7 +102,7 @@ TEST_F(Opening, WhatWaitedForAnEarlierClientIsSkipped) {
 }
 
 TEST_F(Opening, TheBannerMayComeInSingleBytes) {
-    const FakePort cae(kDefaultCae, [](FakeConnection& client) {
+    const FakeTcpPort cae(kDefaultCae, [](FakeConnection& client) {
         client.sendSingly(item("COE:Illegal command -> x") + item(">") + kConsoleBanner);
         client.expect("DRVVER\r\n");
         client.sendSingly(reply({"CIA: DRIVER VERSION 1.20"}));
@@ -112,8 +112,8 @@ TEST_F(Opening, TheBannerMayComeInSingleBytes) {
 }
 
 TEST_F(Opening, ABannerThatBreaksOffIsAnEndInMidAnswer) {
-    const FakePort cae(kDefaultCae,
-                       [](FakeConnection& client) { client.send("ZOLT CAE interface is re"); });
+    const FakeTcpPort cae(kDefaultCae,
+                          [](FakeConnection& client) { client.send("ZOLT CAE interface is re"); });
     expectOutcome(run({"version"}), 5, "",
                   "zoltctl: console 127.0.0.1:4001: the connection ended in the banner");
 }
@@ -130,7 +130,7 @@ TEST_F(Opening, AnotherServiceIsNotTakenForTheDaemon) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.quoted);
-        const FakePort cae(kDefaultCae, sending(row.sent));
+        const FakeTcpPort cae(kDefaultCae, sending(row.sent));
         expectOutcome(run({"--timeout", "0.5", "version"}), 7, "",
                       "zoltctl: console 127.0.0.1:4001 is none of zolt's: instead of its banner "
                       "it sent " +
@@ -139,8 +139,8 @@ TEST_F(Opening, AnotherServiceIsNotTakenForTheDaemon) {
 }
 
 TEST_F(Opening, AnEndlessGreetingIsGivenUpWithBoundedMemory) {
-    const FakePort cae(kDefaultCae,
-                       [](FakeConnection& client) { client.flood(std::string(65536, 'x')); });
+    const FakeTcpPort cae(kDefaultCae,
+                          [](FakeConnection& client) { client.flood(std::string(65536, 'x')); });
     const auto outcome = ctl_test::run({"--timeout", "1", "version"},
                                        {.environment = {"ASAN_OPTIONS=quarantine_size_mb=16"}});
     EXPECT_EQ(outcome.end, "status 7");
@@ -151,7 +151,7 @@ TEST_F(Opening, AnEndlessGreetingIsGivenUpWithBoundedMemory) {
 }
 
 TEST_F(Opening, CtrlCEndsTheWait) {
-    const FakePort cae(kDefaultCae, std::vector<FakePort::Script>{});
+    const FakeTcpPort cae(kDefaultCae, std::vector<FakeTcpPort::Script>{});
     ZoltctlProcess process({"version"});
     ASSERT_TRUE(support::waitUntil([&] { return process.hasStarted(); }));
     process.signal(SIGINT);

@@ -88,7 +88,7 @@ TEST_F(OutputCommands, DoWithoutTheConsoleWhenToldSo) {
     for (CommandRow row : rows_) {
         SCOPED_TRACE(row.json);
         row.dialogue.clear();
-        const FakePort io(kDefaultIo, {ioPort(row.io), ioPort(row.io)});
+        const FakeTcpPort io(kDefaultIo, {ioPort(row.io), ioPort(row.io)});
         row.text.insert(row.text.size() - 1, " (unchecked)");
         expectOutcome(run(joined({"--no-check"}, row.arguments)), 0, row.text);
         const auto checked = row.json.find("true}", row.json.find("checked"));
@@ -98,13 +98,13 @@ TEST_F(OutputCommands, DoWithoutTheConsoleWhenToldSo) {
 }
 
 TEST_F(OutputCommands, RawIoIsSentAsItStands) {
-    const FakePort io(kDefaultIo, {ioPort("nonsense\r\n"), ioPort("nonsense\r\n")});
+    const FakeTcpPort io(kDefaultIo, {ioPort("nonsense\r\n"), ioPort("nonsense\r\n")});
     expectOutcome(run({"raw", "io", "nonsense"}), 0, "");
     expectOutcome(run({"--json", "raw", "io", "nonsense"}), 0, "{\"delivered\":\"nonsense\"}\n");
 }
 
 TEST_F(OutputCommands, UncheckedAnyBlockIsSent) {
-    const FakePort io(kDefaultIo, ioPort("aAbFd07\r\n"));
+    const FakeTcpPort io(kDefaultIo, ioPort("aAbFd07\r\n"));
     expectOutcome(run({"--no-check", "set", "a", "f", "7"}), 0,
                   "card A: block 15 is 07 (unchecked)\n");
 }
@@ -128,7 +128,7 @@ TEST_F(OutputCommands, ACardThatDoesNotFitIsRefusedBeforeAnythingIsSent) {
               "card 9 is IR REMOTE CONTROLLER; lcd needs an LCD controller card"},
              {{"ir", "7", "00"},
               "card 7 is UNIDENTIFIED; ir needs an IR remote controller card"}}) {
-        const FakePort cae(kDefaultCae, playing({checks_[0]}));
+        const FakeTcpPort cae(kDefaultCae, playing({checks_[0]}));
         expectOutcome(run(row.arguments), 1, "", "zoltctl: " + row.reason);
     }
 }
@@ -145,14 +145,14 @@ TEST_F(OutputCommands, ARefusalThatComesOnTheConsoleIsTold) {
         };
     };
     {
-        const FakePort cae(kDefaultCae, refusing("a5b1dFB"));
-        const FakePort io(kDefaultIo, ioPort("a5b1dFB\r\n"));
+        const FakeTcpPort cae(kDefaultCae, refusing("a5b1dFB"));
+        const FakeTcpPort io(kDefaultIo, ioPort("a5b1dFB\r\n"));
         expectOutcome(run({"set", "5", "1", "FB"}), 1, "",
                       "zoltctl: COE:Illegal command -> a5b1dFB");
     }
     // That of somebody else is none of ours.
-    const FakePort cae(kDefaultCae, refusing("zzz"));
-    const FakePort io(kDefaultIo, ioPort("a5b1dFB\r\n"));
+    const FakeTcpPort cae(kDefaultCae, refusing("zzz"));
+    const FakeTcpPort io(kDefaultIo, ioPort("a5b1dFB\r\n"));
     expectOutcome(run({"set", "5", "1", "FB"}), 0, "card 5: block 1 is FB\n");
 }
 
@@ -160,7 +160,7 @@ TEST_F(OutputCommands, ARefusalThatComesOnTheConsoleIsTold) {
 TEST_F(OutputCommands, ReportsMayComeMeanwhile) {
     std::string reports;
     for (int i = 0; i < 20000; ++i) reports += item("a3b0d40");
-    const FakePort io(kDefaultIo, [&](FakeConnection& client) {
+    const FakeTcpPort io(kDefaultIo, [&](FakeConnection& client) {
         client.send(kIoBanner);
         client.send(reports);
         EXPECT_EQ(client.receiveRest(), "a5b1dFB\r\n");
@@ -171,7 +171,7 @@ TEST_F(OutputCommands, ReportsMayComeMeanwhile) {
 }
 
 TEST_F(OutputCommands, AResetIsNoDelivery) {
-    const FakePort io(kDefaultIo, [&](FakeConnection& client) {
+    const FakeTcpPort io(kDefaultIo, [&](FakeConnection& client) {
         client.send(kIoBanner);
         client.awaitUnread();
     });
@@ -180,7 +180,7 @@ TEST_F(OutputCommands, AResetIsNoDelivery) {
 }
 
 TEST_F(OutputCommands, ADaemonThatDoesNotReadTheCommandIsATimeOut) {
-    const FakePort io(kDefaultIo, [&](FakeConnection& client) {
+    const FakeTcpPort io(kDefaultIo, [&](FakeConnection& client) {
         client.send(kIoBanner);
         client.receiveRest();
         client.hold();

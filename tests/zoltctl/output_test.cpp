@@ -42,13 +42,13 @@ TEST_F(Output, AFullDiskIsTold) {
     const std::string error = "zoltctl: cannot write the output: No space left on device";
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"version"}, {"--json", "version"}, {"raw", "cae", "DRVVER"}}) {
-        const FakePort cae(kDefaultCae, console(version_));
+        const FakeTcpPort cae(kDefaultCae, console(version_));
         expectOutcome(runInto(full.get(), arguments), 8, "", error);
     }
     expectOutcome(runInto(full.get(), {"--help"}), 8, "", error);
     expectOutcome(runInto(full.get(), {"--version"}), 8, "", error);
 
-    const FakePort mon(kDefaultMon, [](FakeConnection& client) {
+    const FakeTcpPort mon(kDefaultMon, [](FakeConnection& client) {
         client.send(kMonBanner);
         client.send(item("a3b0d40"));
         client.keepSilent();
@@ -57,7 +57,7 @@ TEST_F(Output, AFullDiskIsTold) {
 }
 
 TEST_F(Output, AClosedStandardOutputIsTold) {
-    const FakePort cae(kDefaultCae, console(version_));
+    const FakeTcpPort cae(kDefaultCae, console(version_));
     expectOutcome(runInto(support::StandardStreams::kClosed, {"version"}), 8, "",
                   "zoltctl: cannot write the output: Bad file descriptor");
 }
@@ -66,7 +66,7 @@ TEST_F(Output, AClosedStandardOutputIsTold) {
 TEST_F(Output, AReaderThatLeavesEndsItQuietly) {
     bool left = false;
     {
-        const FakePort mon(kDefaultMon, [&](FakeConnection& client) {
+        const FakeTcpPort mon(kDefaultMon, [&](FakeConnection& client) {
             client.send(kMonBanner);
             client.send(item("a3b0d40"));
             client.expect("");
@@ -90,7 +90,7 @@ TEST_F(Output, AReaderThatLeavesEndsItQuietly) {
 TEST_F(Output, APipeThatIsClosedBeforeAResultEndsItQuietly) {
     auto [readEnd, writeEnd] = makePipe();
     readEnd.reset();
-    const FakePort cae(kDefaultCae, console(version_));
+    const FakeTcpPort cae(kDefaultCae, console(version_));
     const auto outcome = runInto(writeEnd.get(), {"version"});
     EXPECT_EQ(outcome.end, "status 141");
     EXPECT_EQ(outcome.errors, "");
@@ -102,7 +102,7 @@ TEST_F(Output, AReaderThatTakesNothingIsGivenUp) {
     fill(writeEnd);
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"version"}, {"--json", "version"}, {"raw", "cae", "DRVVER"}}) {
-        const FakePort cae(kDefaultCae, console(version_));
+        const FakeTcpPort cae(kDefaultCae, console(version_));
         expectOutcome(runInto(writeEnd.get(), joined({"--timeout", "0.3"}, arguments)), 8, "",
                       kNobodyReads);
     }
@@ -112,7 +112,7 @@ TEST_F(Output, AConsoleWhoseReaderStopsIsLeft) {
     const auto [readEnd, writeEnd] = makePipe();
     bool left = false;
     {
-        const FakePort cae(kDefaultCae, [&](FakeConnection& client) {
+        const FakeTcpPort cae(kDefaultCae, [&](FakeConnection& client) {
             client.send(kConsoleBanner);
             while (!client.receive().empty()) {
                 client.send(reply(std::vector<std::string>(70, std::string(60, 'x'))));

@@ -11,7 +11,7 @@ using namespace ctl_test;
 const std::vector<std::string> kDrvver{"CIA: DRIVER VERSION 1.20"};
 
 // Consoles that tell by their version who was asked.
-FakePort::Script consoleOf(const std::string& version) {
+FakeTcpPort::Script consoleOf(const std::string& version) {
     return console({{"DRVVER\r\n", reply({"CIA: DRIVER VERSION " + version})}});
 }
 
@@ -37,11 +37,11 @@ class SettingsOrder : public FakeTest {
     void expectAsked(const std::string& version, const std::vector<std::string>& arguments,
                      const std::vector<std::string>& environment) {
         SCOPED_TRACE(version);
-        const FakePort standard(kDefaultCae, consoleOf(kByDefault));
-        const FakePort option(4101, consoleOf(kByOption));
-        const FakePort variable(4102, consoleOf(kByVariable));
-        const FakePort configured(4103, consoleOf(kByConfiguration));
-        const FakePort other(4104, consoleOf(kByOtherConfiguration));
+        const FakeTcpPort standard(kDefaultCae, consoleOf(kByDefault));
+        const FakeTcpPort option(4101, consoleOf(kByOption));
+        const FakeTcpPort variable(4102, consoleOf(kByVariable));
+        const FakeTcpPort configured(4103, consoleOf(kByConfiguration));
+        const FakeTcpPort other(4104, consoleOf(kByOtherConfiguration));
         expectOutcome(ctl_test::run(joined(arguments, {"version"}), {.environment = environment}),
                       0, "driver version " + version + "\n");
     }
@@ -63,7 +63,7 @@ TEST_F(SettingsOrder, OptionThenEnvironmentThenConfigurationThenDefault) {
 }
 
 TEST_F(SettingsOrder, TheHost) {
-    const FakePort cae(kDefaultCae, {consoleOf("1.01"), consoleOf("1.02")});
+    const FakeTcpPort cae(kDefaultCae, {consoleOf("1.01"), consoleOf("1.02")});
     expectOutcome(ctl_test::run({"version"}, {.environment = {"ZOLT_HOST=localhost"}}), 0,
                   "driver version 1.01\n");
     expectOutcome(
@@ -74,7 +74,7 @@ TEST_F(SettingsOrder, TheHost) {
 }
 
 TEST_F(SettingsOrder, TheTimeout) {
-    const FakePort cae(kDefaultCae, std::vector<FakePort::Script>{});
+    const FakeTcpPort cae(kDefaultCae, std::vector<FakeTcpPort::Script>{});
     const std::string error =
         "zoltctl: console 127.0.0.1:4001: no banner came; another client holds the port";
     expectOutcome(ctl_test::run({"version"}, {.environment = {"ZOLT_TIMEOUT=0.2"}}), 4, "", error);
@@ -119,8 +119,8 @@ class LineEnds : public FakeTest {
         {"crlf", "\r\n"}, {"lf", "\n"}, {"cr", "\r"}, {";", ";"}, {"\\r\\n;", "\r\n;"}};
 
     // A console whose daemon is configured for this line end.
-    static FakePort::Script daemonWith(const std::string& inSeparator,
-                                       const std::string& outSeparator, std::string& asked) {
+    static FakeTcpPort::Script daemonWith(const std::string& inSeparator,
+                                          const std::string& outSeparator, std::string& asked) {
         return [inSeparator, outSeparator, &asked](FakeConnection& client) {
             client.send(kConsoleBanner);
             for (auto line = client.receive(); !line.empty(); line = client.receive()) {
@@ -137,8 +137,9 @@ class LineEnds : public FakeTest {
 TEST_F(LineEnds, AsTheOptionTheEnvironmentOrTheConfigurationSays) {
     for (const Row& row : rows_) {
         SCOPED_TRACE(row.word);
-        const FakePort cae(kDefaultCae, std::vector<FakePort::Script>(
-                                            3, console({{"DRVVER" + row.bytes, reply(kDrvver)}})));
+        const FakeTcpPort cae(
+            kDefaultCae,
+            std::vector<FakeTcpPort::Script>(3, console({{"DRVVER" + row.bytes, reply(kDrvver)}})));
         expectOutcome(ctl_test::run({"--line-end", row.word, "version"},
                                     {.environment = {"ZOLT_LINE_END=auto"}}),
                       0, kVersionText);
@@ -153,7 +154,7 @@ TEST_F(LineEnds, AsTheOptionTheEnvironmentOrTheConfigurationSays) {
                                   : separator == "\\n"  ? "\n"
                                   : separator == "\\r"  ? "\r"
                                                         : ";";
-        const FakePort cae(kDefaultCae, console({{"DRVVER" + bytes, reply(kDrvver, bytes)}}));
+        const FakeTcpPort cae(kDefaultCae, console({{"DRVVER" + bytes, reply(kDrvver, bytes)}}));
         expectOutcome(ctl_test::run({"version"}), 0, kVersionText);
     }
 }
@@ -176,7 +177,7 @@ TEST_F(LineEnds, AutoFindsOutWhichTheDaemonTakes) {
         SCOPED_TRACE(row.asked);
         std::string asked;
         {
-            const FakePort cae(kDefaultCae, daemonWith(row.in, row.out, asked));
+            const FakeTcpPort cae(kDefaultCae, daemonWith(row.in, row.out, asked));
             expectOutcome(ctl_test::run({"speed", "50"}), 0, "speed is 50%\n");
         }
         EXPECT_EQ(asked, row.asked);
@@ -184,22 +185,22 @@ TEST_F(LineEnds, AutoFindsOutWhichTheDaemonTakes) {
 }
 
 TEST_F(LineEnds, AnEmptyOneIsNone) {
-    const FakePort cae(kDefaultCae,
-                       std::vector<FakePort::Script>(2, console({{"DRVVER", reply(kDrvver)}})));
+    const FakeTcpPort cae(
+        kDefaultCae, std::vector<FakeTcpPort::Script>(2, console({{"DRVVER", reply(kDrvver)}})));
     expectOutcome(run({"--line-end=", "--timeout", "10", "version"}), 0, kVersionText);
     expectOutcome(run({"version", "--line-end", ""}), 0, kVersionText);
 }
 
 TEST_F(LineEnds, ADaemonThatTakesNoneOfThemIsTold) {
     std::string asked;
-    const FakePort cae(kDefaultCae, daemonWith(";", "\r\n", asked));
+    const FakeTcpPort cae(kDefaultCae, daemonWith(";", "\r\n", asked));
     expectOutcome(ctl_test::run({"--line-end", "auto", "version"}), 1, "",
                   "zoltctl: console 127.0.0.1:4001: the daemon takes none of CR LF, LF and CR for "
                   "a line's end; name its InpSeparator with --line-end");
 }
 
 TEST_F(LineEnds, AWrongOneIsGuessed) {
-    const FakePort cae(kDefaultCae, console({}));
+    const FakeTcpPort cae(kDefaultCae, console({}));
     expectOutcome(run({"version"}), 1, "",
                   "zoltctl: the daemon does not know DRVVER (CIE: UNKNOWN COMMAND), or its "
                   "InpSeparator is another than --line-end");

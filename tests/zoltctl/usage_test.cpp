@@ -160,9 +160,9 @@ TEST_F(Usage, HelpAndVersion) {
 
 TEST_F(Usage, ALineOfMoreThan255Bytes) {
     const std::string line(253, 'x');
-    const FakePort cae(kDefaultCae, console({{line + "\r\n", reply({"CIA: fine"})}}));
+    const FakeTcpPort cae(kDefaultCae, console({{line + "\r\n", reply({"CIA: fine"})}}));
     expectOutcome(run({"raw", "cae", line}), 0, "CIA: fine\n");
-    const FakePort longer(4101, [](FakeConnection& client) {
+    const FakeTcpPort longer(4101, [](FakeConnection& client) {
         client.send(kConsoleBanner);
         EXPECT_EQ(client.receiveRest(), "");
     });

@@ -79,7 +79,7 @@ bool Traffic::Result::linkLossExplains(std::size_t losses, bool rediscovers) con
            linesAtMon.unknown == 0;
 }
 
-Traffic::Traffic(BusWatch& bus, Client& io, Client& mon, const Plan& plan)
+Traffic::Traffic(BusWatch& bus, NonBlockingClient& io, NonBlockingClient& mon, const Plan& plan)
     : bus_(bus),
       io_(io),
       mon_(mon),

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "tests/reliability/accounts/bus_watch.h"
-#include "tests/reliability/accounts/client.h"
 #include "tests/reliability/accounts/input_cards.h"
 #include "tests/reliability/accounts/ledger.h"
+#include "tests/reliability/accounts/non_blocking_client.h"
 #include "tests/reliability/accounts/output_commands.h"
 
 namespace reliability {
@@ -48,7 +48,7 @@ class Traffic {
 
     /// By the first step the cards have been discovered, cleared before, and
     /// their inputs are 0. Nothing else uses the clients.
-    Traffic(BusWatch& bus, Client& io, Client& mon, const Plan& plan);
+    Traffic(BusWatch& bus, NonBlockingClient& io, NonBlockingClient& mon, const Plan& plan);
 
     /// Makes a step with what the clients have read meanwhile; false when nothing
     /// has happened.
@@ -69,8 +69,8 @@ class Traffic {
     std::size_t reportsUnderWay(unsigned card) const;
 
     BusWatch& bus_;
-    Client& io_;
-    Client& mon_;
+    NonBlockingClient& io_;
+    NonBlockingClient& mon_;
     Plan plan_;
     OutputCommands outputs_;
     OutputCommand next_;

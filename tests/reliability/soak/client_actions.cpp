@@ -8,13 +8,13 @@ namespace {
 
 constexpr std::size_t kLongestPacket = 255;
 
-Client& anyClient(SoakStage& stage, Random& random) {
+NonBlockingClient& anyClient(SoakStage& stage, Random& random) {
     const std::array clients{&stage.cae(), &stage.io(), &stage.mon()};
     return *random.oneOf(clients);
 }
 
 void connect(SoakStage& stage, Random& random) {
-    Client& client = anyClient(stage, random);
+    NonBlockingClient& client = anyClient(stage, random);
     const bool smallWindow = random.oneIn(3);
     if (!client.wanted()) client.connect(smallWindow);
 }
@@ -28,12 +28,12 @@ void reset(SoakStage& stage, Random& random) {
 }
 
 void stall(SoakStage& stage, Random& random) {
-    Client& client = anyClient(stage, random);
+    NonBlockingClient& client = anyClient(stage, random);
     client.stall(!client.stalled());
 }
 
 void sendRubbish(SoakStage& stage, Random& random) {
-    Client& client = anyClient(stage, random);
+    NonBlockingClient& client = anyClient(stage, random);
     stage.type(client, random.bytes(1 + random.below(kLongestPacket)));
 }
 
@@ -42,21 +42,21 @@ void sendRubbish(SoakStage& stage, Random& random) {
 void sendHalfLine(SoakStage& stage, Random& random) {
     constexpr std::array kBeginnings{"aDb1dF", "aDlPAp03",  "aDsH", "FORCEDISCOVE",
                                      "SPEED=", "GETLASTIN", "EXIT"};
-    Client& client = anyClient(stage, random);
+    NonBlockingClient& client = anyClient(stage, random);
     const std::string line = random.oneOf(kBeginnings);
     stage.type(client, line.substr(0, 1 + random.below(line.size())));
 }
 
 // A line of its own each, unless the daemon reads several at once.
 void dawdle(SoakStage& stage, Random& random) {
-    Client& client = anyClient(stage, random);
+    NonBlockingClient& client = anyClient(stage, random);
     stage.dawdle(client, "aDb0d00\r\n");
 }
 
 constexpr std::size_t kLongestFlood = 200;
 constexpr std::size_t kLongestFloodLine = 120;
 
-void flood(Client& client, const std::string& packet, std::size_t count) {
+void flood(NonBlockingClient& client, const std::string& packet, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) client.send(packet);
 }
 

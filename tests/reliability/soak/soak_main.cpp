@@ -113,7 +113,7 @@ class Soak {
     }
 
     void dropWhatCame() {
-        for (Client* client : {&stage_.cae(), &stage_.io(), &stage_.mon()}) {
+        for (NonBlockingClient* client : {&stage_.cae(), &stage_.io(), &stage_.mon()}) {
             if (client->served()) client->take();
         }
     }

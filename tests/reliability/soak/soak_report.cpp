@@ -44,7 +44,7 @@ std::string SoakReport::header() {
 }
 
 void SoakReport::add(double minutes, SoakStage& stage, const CalmCounts& calm) {
-    last_ = resourcesAtRest(stage.daemon().number());
+    last_ = support::resourcesAtRest(stage.daemon().number());
     if (memory_.empty()) first_ = last_;
     if (memoryJudged_) {
         memory_.push_back({minutes, static_cast<double>(last_.anonymousKib) -

@@ -6,8 +6,8 @@
 
 #include "tests/reliability/accounts/trend.h"
 #include "tests/reliability/soak/calm.h"
-#include "tests/reliability/soak/resources.h"
 #include "tests/reliability/soak/soak_stage.h"
+#include "tests/support/process/resources.h"
 
 namespace reliability {
 
@@ -30,8 +30,8 @@ class SoakReport {
   private:
     std::vector<TrendPoint> memory_;
     bool memoryJudged_ = true;
-    Resources first_;
-    Resources last_;
+    support::Resources first_;
+    support::Resources last_;
     BusWatch::Counts bus_;
     CalmCounts calm_;
     std::string line_;

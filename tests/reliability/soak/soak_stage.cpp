@@ -25,7 +25,7 @@ support::DaemonSettings soakSettings() {
 
 }  // namespace
 
-SoakStage::SoakStage() : Bench(soakSettings(), kTrafficBus) {
+SoakStage::SoakStage() : WatchedDaemon(soakSettings(), kTrafficBus) {
     const auto noteAs = [this](const std::string& who) {
         return [this, who](const std::string& what) { diary_.note("  " + who + " " + what); };
     };
@@ -36,8 +36,8 @@ SoakStage::SoakStage() : Bench(soakSettings(), kTrafficBus) {
 }
 
 void SoakStage::tick() {
-    Bench::tick();
-    for (Client& client : others_) client.tick();
+    WatchedDaemon::tick();
+    for (NonBlockingClient& client : others_) client.tick();
     strangers_.tick();
     sendSlowly();
     // A return under way has been held up.
@@ -94,7 +94,7 @@ void SoakStage::beginAccount() {
     unseenBefore_ = bus().counts().perhapsUnseen;
 }
 
-void SoakStage::type(Client& client, const std::string& text) {
+void SoakStage::type(NonBlockingClient& client, const std::string& text) {
     if (&client != &mon()) {
         client.send(text);
     } else if (typedOnMonitor_ + text.size() <= kMonitorBudget && client.send(text)) {
@@ -102,7 +102,7 @@ void SoakStage::type(Client& client, const std::string& text) {
     }
 }
 
-void SoakStage::dawdle(Client& client, const std::string& text) {
+void SoakStage::dawdle(NonBlockingClient& client, const std::string& text) {
     if (dawdler_.rest.empty()) dawdler_ = {&client, text, support::Clock::now()};
 }
 
@@ -167,7 +167,7 @@ void SoakStage::endStorm() {
     dawdler_ = {};
     disk_.free();
     disk_.moveLogFolder(false);
-    for (Client* client : {&cae(), &io(), &mon()}) client->stall(false);
+    for (NonBlockingClient* client : {&cae(), &io(), &mon()}) client->stall(false);
 }
 
 }  // namespace reliability

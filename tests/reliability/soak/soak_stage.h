@@ -6,10 +6,10 @@
 #include <map>
 #include <string>
 
-#include "tests/reliability/accounts/bench.h"
 #include "tests/reliability/accounts/diary.h"
 #include "tests/reliability/accounts/ledger.h"
 #include "tests/reliability/accounts/output_commands.h"
+#include "tests/reliability/accounts/watched_daemon.h"
 #include "tests/reliability/soak/descriptor_limit.h"
 #include "tests/reliability/soak/log_disk.h"
 #include "tests/reliability/soak/strange_adapters.h"
@@ -19,7 +19,7 @@ namespace reliability {
 /// The bench with all that a storm does to it: clients too many, strange
 /// adapters, a log that moves; and with an account of the output commands that
 /// are sent in the midst of it.
-class SoakStage : public Bench {
+class SoakStage : public WatchedDaemon {
   public:
     SoakStage();
 
@@ -50,13 +50,13 @@ class SoakStage : public Bench {
 
     /// Sends on one of the three clients; on the monitor, as long as what is typed there, and kept
     /// for good, stays within bounds.
-    void type(Client& client, const std::string& text);
+    void type(NonBlockingClient& client, const std::string& text);
     std::size_t typedOnMonitor() const { return typedOnMonitor_; }
     /// What the daemon holds for it, at least.
     std::size_t monitorKib() const;
 
     /// Has this client send a byte each second, unless one is at it already.
-    void dawdle(Client& client, const std::string& text);
+    void dawdle(NonBlockingClient& client, const std::string& text);
 
     /// A further client, beside the one that the port has.
     void addClient(std::uint16_t port);
@@ -85,7 +85,7 @@ class SoakStage : public Bench {
 
   private:
     struct Dawdler {
-        Client* client = nullptr;
+        NonBlockingClient* client = nullptr;
         std::string rest;
         support::Clock::time_point due;
     };
@@ -101,7 +101,7 @@ class SoakStage : public Bench {
     std::size_t excused_ = 0;
     std::size_t unseenBefore_ = 0;
     std::size_t typedOnMonitor_ = 0;
-    std::list<Client> others_;
+    std::list<NonBlockingClient> others_;
     std::string link_ = "/dev/ttyUSB0";
     StrangeAdapters strangers_;
     Dawdler dawdler_;

@@ -6,15 +6,15 @@
 
 #include "control/zolt.h"
 #include "ports/socket_interface.h"
-#include "tests/support/hand_run/allocation_count.h"
-#include "tests/support/hand_run/quick_bus.h"
+#include "tests/support/allocation_count.h"
+#include "tests/support/doubles/quick_bus.h"
 #include "tests/support/tcp/tcp_client.h"
 
 namespace support {
 
 /// The daemon without threads and without files, on ports of the system's choice
 /// and on a QuickBus. Its master loop and its workers run cycle by cycle on the
-/// thread of the test. Needs hand_run_workers.cpp and fake_port.cpp, and popen led
+/// thread of the test. Needs hand_run_workers.cpp and fake_serial_port.cpp, and popen led
 /// here by the linker (--wrap=popen), so that the link finds a port on every
 /// machine. One at a time.
 class HandRunDaemon {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "tests/unit/bus/bytes.h"
+#include "tests/support/text/bytes.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "bus/wire.h"
-#include "tests/unit/bus/bytes.h"
+#include "tests/support/text/bytes.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "bus/card_kinds.h"
-#include "tests/unit/bus/bytes.h"
+#include "tests/support/text/bytes.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "tests/support/text/bytes.h"
 #include "tests/support/wait.h"
-#include "tests/unit/bus/bytes.h"
 
 namespace {
 

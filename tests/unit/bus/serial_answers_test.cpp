@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "bus/card_kinds.h"
-#include "tests/unit/bus/link_bench.h"
+#include "tests/unit/bus/link_fixture.h"
 
 namespace {
 
-class SerialAnswers : public LinkBench {
+class SerialAnswers : public LinkFixture {
   protected:
     void insertCard(std::size_t address, char kind) {
         setUpCard(cards_[address], static_cast<std::uint8_t>(address), kind);

@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "tests/unit/bus/link_bench.h"
+#include "tests/unit/bus/link_fixture.h"
 
 namespace {
 
 /// What a request is answered with shows in the PIO answer of card 3, in the
 /// reports, in the log and in the link's state.
-class Exchange : public LinkBench {
+class Exchange : public LinkFixture {
   protected:
     void SetUp() override { connect(); }
 

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <filesystem>
 
-#include "tests/unit/bus/link_bench.h"
+#include "tests/unit/bus/link_fixture.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ TEST(DeviceList, AMissingLineEndStillCostsTheLastCharacter) {
     EXPECT_EQ(pathsIn("ttyUSB0"), Paths{"/dev/ttyUSB"});
 }
 
-class SetUpOfThePort : public LinkBench {
+class SetUpOfThePort : public LinkFixture {
   protected:
     std::string tryLine() const { return "[INF] try to catch hardware on " + portPath_; }
     std::string foundLine(const std::string& version) const {

@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
 #include "bus/card_kinds.h"
-#include "tests/unit/bus/link_bench.h"
+#include "tests/unit/bus/link_fixture.h"
 
 namespace {
 
 using LinkState = SERIAL_INTERFACE::LinkState;
 
-class SerialTask : public LinkBench {
+class SerialTask : public LinkFixture {
   protected:
     void insertCard(std::size_t address, char kind) {
         setUpCard(cards_[address], static_cast<std::uint8_t>(address), kind);

@@ -1,7 +1,7 @@
 #include "control/console_discovery.h"
 
 #include "bus/card_kinds.h"
-#include "tests/unit/bus/bytes.h"
+#include "tests/support/text/bytes.h"
 #include "tests/unit/control/console_fixture.h"
 
 namespace {

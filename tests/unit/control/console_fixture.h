@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "control/console.h"
-#include "tests/unit/control/recording_host.h"
+#include "tests/support/doubles/recording_host.h"
 
 using Events = std::vector<std::string>;
 

@@ -8,7 +8,7 @@
 #include "bus/card_kinds.h"
 #include "bus/wire.h"
 #include "control/io_forms.h"
-#include "tests/unit/bus/bytes.h"
+#include "tests/support/text/bytes.h"
 
 inline constexpr const char* kIllegal = "illegal";
 inline constexpr const char* kException = "exception";

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "tests/support/files.h"
-#include "tests/unit/core/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 #include "core/config_reader.h"
 #include "tests/support/files.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/unit/core/system_calls.h"
-#include "tests/unit/core/temporary_folder.h"
 
 namespace {
 

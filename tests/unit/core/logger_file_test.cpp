@@ -9,8 +9,8 @@
 
 #include "core/logger.h"
 #include "tests/support/files.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/unique_fd.h"
-#include "tests/unit/core/temporary_folder.h"
 
 namespace {
 

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "tests/support/files.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/wait.h"
 #include "tests/unit/core/system_calls.h"
-#include "tests/unit/core/temporary_folder.h"
 
 namespace {
 

@@ -5,11 +5,11 @@
 #include <random>
 
 #include "core/config_reader.h"
-#include "tests/unit/zolt-check/bench.h"
+#include "tests/unit/zolt-check/check_fixture.h"
 
 namespace {
 
-class Agreement : public CheckBench {
+class Agreement : public CheckFixture {
   protected:
     void expectAgreement(const std::string& text) {
         const check::Result result = checkText(text);

@@ -11,7 +11,7 @@
 #include "apps/zolt-check/report.h"
 #include "core/config_schema.h"
 #include "tests/support/files.h"
-#include "tests/unit/core/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 

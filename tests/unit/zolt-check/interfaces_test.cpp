@@ -1,8 +1,8 @@
-#include "tests/unit/zolt-check/bench.h"
+#include "tests/unit/zolt-check/check_fixture.h"
 
 namespace {
 
-class Interfaces : public CheckBench {
+class Interfaces : public CheckFixture {
   protected:
     /// CAE with this port, and nothing else that could be wrong.
     Lines port(const std::string& value) {

@@ -1,11 +1,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "tests/unit/zolt-check/bench.h"
+#include "tests/unit/zolt-check/check_fixture.h"
 
 namespace {
 
-class Loading : public CheckBench {
+class Loading : public CheckFixture {
   protected:
     void expectUnloadable(const std::string& path, const std::string& line) {
         const check::Result result = check::checkFile(path);

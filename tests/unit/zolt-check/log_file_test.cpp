@@ -8,7 +8,7 @@
 
 #include <filesystem>
 
-#include "tests/unit/zolt-check/bench.h"
+#include "tests/unit/zolt-check/check_fixture.h"
 
 namespace {
 
@@ -34,7 +34,7 @@ class Unprivileged {
     const bool root_ = geteuid() == 0;
 };
 
-class LogFileCheck : public CheckBench {
+class LogFileCheck : public CheckFixture {
   protected:
     std::string log_ = folder_.file("zolt.log");
 };

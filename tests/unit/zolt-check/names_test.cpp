@@ -1,10 +1,10 @@
 #include "apps/zolt-check/name_checks.h"
 #include "apps/zolt-check/spelling.h"
-#include "tests/unit/zolt-check/bench.h"
+#include "tests/unit/zolt-check/check_fixture.h"
 
 namespace {
 
-using Names = CheckBench;
+using Names = CheckFixture;
 
 TEST_F(Names, AreTheOnesOfTheReader) {
     EXPECT_EQ(check::knownElements(),

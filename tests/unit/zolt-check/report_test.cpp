@@ -2,14 +2,14 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tests/unit/zolt-check/bench.h"
+#include "tests/unit/zolt-check/check_fixture.h"
 
 namespace {
 
 using check::ReportOptions;
 using Json = nlohmann::json;
 
-class Report : public CheckBench {
+class Report : public CheckFixture {
   protected:
     std::string text(const std::string& file, const ReportOptions& options = {}) {
         return check::report("x.xml", checkText(file), options);

@@ -1,9 +1,9 @@
 #include "apps/zolt-check/wording.h"
-#include "tests/unit/zolt-check/bench.h"
+#include "tests/unit/zolt-check/check_fixture.h"
 
 namespace {
 
-class Separators : public CheckBench {
+class Separators : public CheckFixture {
   protected:
     Lines of(const std::string& interface, const std::string& attribute, const std::string& value) {
         std::string text;

@@ -1,9 +1,9 @@
 #include "apps/zolt-check/wording.h"
-#include "tests/unit/zolt-check/bench.h"
+#include "tests/unit/zolt-check/check_fixture.h"
 
 namespace {
 
-class Settings : public CheckBench {
+class Settings : public CheckFixture {
   protected:
     Lines percent(const std::string& value) { return inRoot("<Speed Percent=\"" + value + "\"/>"); }
     Lines level(const std::string& value) {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/files.h"
-#include "tests/unit/core/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/unit/zoltctl/failure_of.h"
 
 using namespace ctl;

@@ -1,4 +1,4 @@
-#include "tests/reliability/accounts/bench.h"
+#include "tests/reliability/accounts/watched_daemon.h"
 
 #include <thread>
 
@@ -27,26 +27,26 @@ std::string trafficBusList() {
 
 }  // namespace
 
-Bench::Bench(const support::DaemonSettings& settings, const std::string& busText)
+WatchedDaemon::WatchedDaemon(const support::DaemonSettings& settings, const std::string& busText)
     : bus_(prepared(busText, settings), "/dev/ttyUSB0") {
     start();
 }
 
-void Bench::start() {
+void WatchedDaemon::start() {
     if (const auto end = daemon_.start(); end != "status 0") {
         throw Failure("the started process ends with " + end);
     }
 }
 
-void Bench::tick() {
-    for (Client* client : {&cae_, &io_, &mon_}) client->tick();
+void WatchedDaemon::tick() {
+    for (NonBlockingClient* client : {&cae_, &io_, &mon_}) client->tick();
     if (!daemon_.running()) {
         throw Failure("the daemon has ended with " + daemon_.waitForEnd() + "\n" +
                       daemon_.standardError());
     }
 }
 
-void Bench::await(const std::string& what, const std::function<bool()>& done) {
+void WatchedDaemon::await(const std::string& what, const std::function<bool()>& done) {
     const auto deadline = support::Clock::now() + kHang;
     while (!done()) {
         if (support::Clock::now() > deadline) throw Failure(what + " does not come");
@@ -55,10 +55,10 @@ void Bench::await(const std::string& what, const std::function<bool()>& done) {
     }
 }
 
-void Bench::serveClients() {
+void WatchedDaemon::serveClients() {
     await("a welcome on all three ports", [this] {
         bool all = true;
-        for (Client* client : {&cae_, &io_, &mon_}) {
+        for (NonBlockingClient* client : {&cae_, &io_, &mon_}) {
             if (!client->wanted()) client->connect();
             all = all && client->served();
         }
@@ -66,14 +66,14 @@ void Bench::serveClients() {
     });
 }
 
-void Bench::ask(const std::string& line, const std::string& reply) {
+void WatchedDaemon::ask(const std::string& line, const std::string& reply) {
     cae_.send(line + "\r\n");
     await("the console's answer to " + line,
           [&] { return cae_.received().find(reply) != std::string::npos; });
     cae_.take();
 }
 
-void Bench::findLink() {
+void WatchedDaemon::findLink() {
     const auto deadline = support::Clock::now() + kHang;
     for (bool answered = false; !answered;) {
         if (support::Clock::now() > deadline) throw Failure("the link does not come");
@@ -85,7 +85,7 @@ void Bench::findLink() {
     }
 }
 
-void Bench::findCards() {
+void WatchedDaemon::findCards() {
     const std::string wanted = trafficBusList();
     std::string got;
     const auto deadline = support::Clock::now() + kHang;
@@ -102,7 +102,7 @@ void Bench::findCards() {
     }
 }
 
-void Bench::stop() {
+void WatchedDaemon::stop() {
     if (const auto problems = daemon_.stop(); !problems.empty()) throw Failure(problems);
 }
 

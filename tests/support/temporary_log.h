@@ -13,19 +13,19 @@
 namespace support {
 
 /// A debug log in a folder of its own, which goes with this object.
-class LogFile {
+class TemporaryLog {
   public:
-    LogFile() {
+    TemporaryLog() {
         std::string name = std::filesystem::temp_directory_path() / "zolt-log-XXXXXX";
         if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("cannot make " + name);
         folder_ = name;
     }
-    ~LogFile() {
+    ~TemporaryLog() {
         std::error_code gone;
         std::filesystem::remove_all(folder_, gone);
     }
-    LogFile(const LogFile&) = delete;
-    LogFile& operator=(const LogFile&) = delete;
+    TemporaryLog(const TemporaryLog&) = delete;
+    TemporaryLog& operator=(const TemporaryLog&) = delete;
 
     std::string path() const { return folder_ / "debug.log"; }
 

@@ -1,4 +1,4 @@
-#include "tests/support/hand_run/allocation_count.h"
+#include "tests/support/allocation_count.h"
 
 #include <cstdlib>
 #include <new>

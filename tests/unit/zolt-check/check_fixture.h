@@ -7,11 +7,11 @@
 
 #include "apps/zolt-check/check.h"
 #include "tests/support/files.h"
-#include "tests/unit/core/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 /// Checks texts as configuration files. Findings come as lines without the
 /// file's name: "2:8: warning: text".
-class CheckBench : public testing::Test {
+class CheckFixture : public testing::Test {
   protected:
     using Lines = std::vector<std::string>;
 

@@ -13,9 +13,9 @@ namespace reliability {
 
 /// A client of one of the daemon's ports that never blocks: a port that does not
 /// answer, or a daemon that does not read, must not hold up the others.
-class Client {
+class NonBlockingClient {
   public:
-    explicit Client(std::uint16_t port) : port_(port) {}
+    explicit NonBlockingClient(std::uint16_t port) : port_(port) {}
 
     /// Is told from now on what this client does, and when its connection ends.
     void tell(std::function<void(const std::string&)> observer) { observer_ = std::move(observer); }

@@ -1,10 +1,10 @@
-#include "tests/unit/control/recording_host.h"
+#include "tests/support/doubles/recording_host.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "bus/card_kinds.h"
-#include "tests/unit/bus/bytes.h"
+#include "tests/support/text/bytes.h"
 
 void RecordingHost::plugIn(std::size_t address, char kind) {
     kinds_.at(address) = kind;

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-namespace reliability {
+namespace support {
 
 /// What a process holds at rest.
 struct Resources {
@@ -19,4 +19,4 @@ struct Resources {
 /// being written holds a descriptor for a moment.
 Resources resourcesAtRest(pid_t process);
 
-}  // namespace reliability
+}  // namespace support

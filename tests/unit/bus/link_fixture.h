@@ -9,14 +9,14 @@
 #include <vector>
 
 #include "bus/serial_interface.h"
-#include "tests/support/hand_run/recorded_pauses.h"
-#include "tests/support/process/log_file.h"
-#include "tests/unit/bus/bytes.h"
+#include "tests/support/doubles/recorded_pauses.h"
+#include "tests/support/temporary_log.h"
+#include "tests/support/text/bytes.h"
 #include "tests/unit/bus/scripted_line.h"
 
 /// A serial link on a scripted line. Its worker is ended right after the
 /// construction and the test runs the cycles itself, one by one.
-class LinkBench : public testing::Test {
+class LinkFixture : public testing::Test {
   protected:
     using Texts = std::vector<std::string>;
 
@@ -80,7 +80,7 @@ class LinkBench : public testing::Test {
 
     support::RecordedPauses pauses_;
     ScriptedLine line_;
-    support::LogFile log_;
+    support::TemporaryLog log_;
     const std::string portPath_ = log_.path() + ".port";
     std::array<PERIFCARD, wire::kCardRecords> cards_;
     ZLQUEUE reports_;

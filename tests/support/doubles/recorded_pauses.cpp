@@ -1,4 +1,4 @@
-#include "tests/support/hand_run/recorded_pauses.h"
+#include "tests/support/doubles/recorded_pauses.h"
 
 #include <atomic>
 

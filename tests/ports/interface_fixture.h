@@ -9,14 +9,14 @@
 #include "ports/socket_interface.h"
 #include "tests/ports/own_sockets.h"
 #include "tests/ports/system_faults.h"
-#include "tests/support/hand_run/recorded_pauses.h"
-#include "tests/support/process/log_file.h"
+#include "tests/support/doubles/recorded_pauses.h"
 #include "tests/support/tcp/tcp_client.h"
+#include "tests/support/temporary_log.h"
 
 /// One TCP interface on a port of the system's choice. As built its worker has
 /// been ended and the test runs the cycles itself, one by one; a live one works
 /// by itself. Its pauses of whole seconds are written down and cost no time.
-class InterfaceBench : public testing::Test {
+class InterfaceFixture : public testing::Test {
   protected:
     using Texts = std::vector<std::string>;
     using Call = SystemFaults::Call;
@@ -85,7 +85,7 @@ class InterfaceBench : public testing::Test {
 
     SystemFaults faults_;
     support::RecordedPauses pauses_;
-    support::LogFile log_;
+    support::TemporaryLog log_;
     ZLQUEUE requests_;
     std::unique_ptr<SOCKET_INTERFACE> interface_;
     std::uint16_t port_ = 0;

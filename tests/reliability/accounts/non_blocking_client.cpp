@@ -1,4 +1,4 @@
-#include "tests/reliability/accounts/client.h"
+#include "tests/reliability/accounts/non_blocking_client.h"
 
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -21,11 +21,11 @@ constexpr int kSmallWindow = 2048;
 
 }  // namespace
 
-void Client::noteDown(const std::string& what) const {
+void NonBlockingClient::noteDown(const std::string& what) const {
     if (observer_) observer_(what);
 }
 
-void Client::connect(bool smallWindow) {
+void NonBlockingClient::connect(bool smallWindow) {
     drop();
     noteDown(smallWindow ? "connects with a small window" : "connects");
     smallWindow_ = smallWindow;
@@ -33,7 +33,7 @@ void Client::connect(bool smallWindow) {
     begin();
 }
 
-void Client::begin() {
+void NonBlockingClient::begin() {
     socket_.reset(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!socket_.valid()) throw std::system_error(errno, std::generic_category(), "socket");
     const int yes = 1;
@@ -52,7 +52,7 @@ void Client::begin() {
     connecting_ = socket_.valid();
 }
 
-void Client::finishConnect() {
+void NonBlockingClient::finishConnect() {
     pollfd event{socket_.get(), POLLOUT, 0};
     if (::poll(&event, 1, 0) == 0) return;
     int error = 0;
@@ -62,7 +62,7 @@ void Client::finishConnect() {
     if (error != 0) socket_.reset();
 }
 
-void Client::tick() {
+void NonBlockingClient::tick() {
     if (!wanted_) return;
     if (!socket_.valid()) {
         begin();
@@ -73,7 +73,7 @@ void Client::tick() {
     }
 }
 
-void Client::read() {
+void NonBlockingClient::read() {
     std::array<char, 65536> buffer{};
     for (;;) {
         const auto count = ::recv(socket_.get(), buffer.data(), buffer.size(), 0);
@@ -88,14 +88,14 @@ void Client::read() {
     if (!served_) lookForGreeting();
 }
 
-void Client::lookForGreeting() {
+void NonBlockingClient::lookForGreeting() {
     if (received_.find(kGreeting) == std::string::npos) return;
     served_ = true;
     ++timesServed_;
     noteDown("is greeted");
 }
 
-bool Client::send(std::string_view bytes) {
+bool NonBlockingClient::send(std::string_view bytes) {
     if (!connected()) return false;
     const auto sent = ::send(socket_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
     const bool all = sent == static_cast<ssize_t>(bytes.size());
@@ -103,23 +103,23 @@ bool Client::send(std::string_view bytes) {
     return all;
 }
 
-void Client::stall(bool stalled) {
+void NonBlockingClient::stall(bool stalled) {
     if (stalled_ != stalled) noteDown(stalled ? "stalls" : "reads on");
     stalled_ = stalled;
 }
 
-void Client::close() {
+void NonBlockingClient::close() {
     if (wanted_) noteDown("leaves");
     drop();
 }
 
-void Client::drop() {
+void NonBlockingClient::drop() {
     socket_.reset();
     wanted_ = connecting_ = served_ = stalled_ = false;
     received_.clear();
 }
 
-void Client::reset() {
+void NonBlockingClient::reset() {
     if (wanted_) noteDown("resets its connection");
     if (socket_.valid()) {
         const linger atOnce{1, 0};
@@ -128,11 +128,11 @@ void Client::reset() {
     drop();
 }
 
-bool Client::hasBeenRead() const {
+bool NonBlockingClient::hasBeenRead() const {
     return connected() && support::peerHasReadAll(socket_.get());
 }
 
-std::string Client::take() {
+std::string NonBlockingClient::take() {
     return std::exchange(received_, {});
 }
 

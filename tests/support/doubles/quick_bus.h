@@ -6,13 +6,13 @@
 #include <string_view>
 
 #include "bus/wire.h"
-#include "tests/support/hand_run/fake_port.h"
+#include "tests/support/doubles/fake_serial_port.h"
 
 namespace support {
 
 /// A bus whose cards answer at once and that takes nothing from the heap while it
 /// runs, so that what is measured is the host's side alone.
-class QuickBus final : public Line {
+class QuickBus final : public SerialLine {
   public:
     /// The kind codes that a discovery finds, by address.
     std::array<char, wire::kAddresses> kinds{};

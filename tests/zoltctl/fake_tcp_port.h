@@ -61,16 +61,16 @@ class FakeConnection {
 /// A port on loopback that plays bytes: a thread serves one connection after the
 /// other, each by its script; behind the last script connections are taken by
 /// nobody. The end of a script closes its connection.
-class FakePort {
+class FakeTcpPort {
   public:
     using Script = std::function<void(FakeConnection&)>;
-    FakePort(std::uint16_t port, std::vector<Script> scripts);
-    FakePort(std::uint16_t port, Script script)
-        : FakePort(port, std::vector<Script>{std::move(script)}) {}
+    FakeTcpPort(std::uint16_t port, std::vector<Script> scripts);
+    FakeTcpPort(std::uint16_t port, Script script)
+        : FakeTcpPort(port, std::vector<Script>{std::move(script)}) {}
     /// Ends the connection that is still served.
-    ~FakePort();
-    FakePort(const FakePort&) = delete;
-    FakePort& operator=(const FakePort&) = delete;
+    ~FakeTcpPort();
+    FakeTcpPort(const FakeTcpPort&) = delete;
+    FakeTcpPort& operator=(const FakeTcpPort&) = delete;
 
   private:
     void serve(const std::vector<Script>& scripts);
@@ -87,8 +87,8 @@ using Replies = std::map<std::string, std::string>;
 
 /// A console with these answers, for one client; another command is an unknown
 /// one there, too.
-FakePort::Script console(Replies answers);
+FakeTcpPort::Script console(Replies answers);
 /// An IO port whose client has to send `expected` and nothing else.
-FakePort::Script ioPort(const std::string& expected);
+FakeTcpPort::Script ioPort(const std::string& expected);
 
 }  // namespace ctl_test

@@ -1,8 +1,8 @@
-#include "tests/support/hand_run/fake_port.h"
+#include "tests/support/doubles/fake_serial_port.h"
 
 namespace {
 
-support::Line* current = nullptr;
+support::SerialLine* current = nullptr;
 
 }  // namespace
 
@@ -30,11 +30,11 @@ void SerialPort::Close() {}
 
 namespace support {
 
-void plugIn(Line& line) {
+void plugIn(SerialLine& line) {
     current = &line;
 }
 
-std::unique_ptr<SERIAL_INTERFACE> makeLink(Line& line, PERIFCARD* cards, ZLQUEUE* reports) {
+std::unique_ptr<SERIAL_INTERFACE> makeLink(SerialLine& line, PERIFCARD* cards, ZLQUEUE* reports) {
     plugIn(line);
     auto link = std::make_unique<SERIAL_INTERFACE>("adapter", LOGGER(), cards, reports, true, true);
     link->threadDelay = 0;

@@ -1,4 +1,4 @@
-#include "tests/zoltctl/fake_port.h"
+#include "tests/zoltctl/fake_tcp_port.h"
 
 #include <gtest/gtest.h>
 #include <netinet/in.h>
@@ -114,11 +114,11 @@ void FakeConnection::flood(std::string_view bytes) const {
     ADD_FAILURE() << "the client does not leave; it has got " << sent << " bytes";
 }
 
-FakePort::FakePort(std::uint16_t port, std::vector<Script> scripts)
+FakeTcpPort::FakeTcpPort(std::uint16_t port, std::vector<Script> scripts)
     : listening_(listenOnLoopback(port)),
       thread_([this, kept = std::move(scripts)] { serve(kept); }) {}
 
-FakePort::~FakePort() {
+FakeTcpPort::~FakeTcpPort() {
     {
         const std::lock_guard guard(lock_);
         ending_ = true;
@@ -128,7 +128,7 @@ FakePort::~FakePort() {
     thread_.join();
 }
 
-void FakePort::serve(const std::vector<Script>& scripts) {
+void FakeTcpPort::serve(const std::vector<Script>& scripts) {
     for (const auto& script : scripts) {
         const support::UniqueFd client(::accept4(listening_.get(), nullptr, nullptr, SOCK_CLOEXEC));
         if (!client.valid()) return;
@@ -146,7 +146,7 @@ void FakePort::serve(const std::vector<Script>& scripts) {
     }
 }
 
-FakePort::Script console(Replies answers) {
+FakeTcpPort::Script console(Replies answers) {
     return [kept = std::move(answers)](FakeConnection& client) {
         client.send(kConsoleBanner);
         for (auto line = client.receive(); !line.empty(); line = client.receive()) {
@@ -156,7 +156,7 @@ FakePort::Script console(Replies answers) {
     };
 }
 
-FakePort::Script ioPort(const std::string& expected) {
+FakeTcpPort::Script ioPort(const std::string& expected) {
     return [expected](FakeConnection& client) {
         client.send(kIoBanner);
         EXPECT_EQ(client.receiveRest(), expected);

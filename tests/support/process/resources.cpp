@@ -1,4 +1,4 @@
-#include "tests/reliability/soak/resources.h"
+#include "tests/support/process/resources.h"
 
 #include <algorithm>
 #include <chrono>
@@ -7,7 +7,7 @@
 #include <string>
 #include <thread>
 
-namespace reliability {
+namespace support {
 namespace {
 
 constexpr int kLooks = 20;
@@ -47,4 +47,4 @@ Resources resourcesAtRest(pid_t process) {
     return least;
 }
 
-}  // namespace reliability
+}  // namespace support

@@ -1,4 +1,4 @@
-#include "tests/support/hand_run/quick_bus.h"
+#include "tests/support/doubles/quick_bus.h"
 
 #include <algorithm>
 

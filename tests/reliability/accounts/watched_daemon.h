@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "tests/reliability/accounts/bus_watch.h"
-#include "tests/reliability/accounts/client.h"
+#include "tests/reliability/accounts/non_blocking_client.h"
 #include "tests/support/process/daemon_process.h"
 #include "tests/support/process/daemon_settings.h"
 
@@ -24,10 +24,10 @@ inline constexpr std::chrono::seconds kHang{60};
 
 /// A daemon on a watched bus with one client on each port, in the private view
 /// of this process. One thread; one at a time.
-class Bench {
+class WatchedDaemon {
   public:
     /// Starts both; the bus is at /dev/ttyUSB0. Throws std::runtime_error.
-    Bench(const support::DaemonSettings& settings, const std::string& busText);
+    WatchedDaemon(const support::DaemonSettings& settings, const std::string& busText);
 
     /// Lets the clients read; throws Failure when the daemon has ended.
     virtual void tick();
@@ -54,20 +54,20 @@ class Bench {
 
     support::DaemonProcess& daemon() { return daemon_; }
     BusWatch& bus() { return bus_; }
-    Client& cae() { return cae_; }
-    Client& io() { return io_; }
-    Client& mon() { return mon_; }
+    NonBlockingClient& cae() { return cae_; }
+    NonBlockingClient& io() { return io_; }
+    NonBlockingClient& mon() { return mon_; }
 
-    virtual ~Bench() = default;
-    Bench(const Bench&) = delete;
-    Bench& operator=(const Bench&) = delete;
+    virtual ~WatchedDaemon() = default;
+    WatchedDaemon(const WatchedDaemon&) = delete;
+    WatchedDaemon& operator=(const WatchedDaemon&) = delete;
 
   private:
     BusWatch bus_;
     support::DaemonProcess daemon_;
-    Client cae_{support::kCaePort};
-    Client io_{support::kIoPort};
-    Client mon_{support::kMonPort};
+    NonBlockingClient cae_{support::kCaePort};
+    NonBlockingClient io_{support::kIoPort};
+    NonBlockingClient mon_{support::kMonPort};
 };
 
 /// Reply lines as the console sends them, with its prompt at the end.
