@@ -67,7 +67,7 @@ void disablePolling(ConsoleContext& console, const ConsoleLine& /*line*/) {
     setGlobalPolling(console, false);
 }
 
-/// `done` is the success reply ahead of the address.
+/// `done` is the success reply up to the address.
 void setCardPolling(ConsoleContext& console, const ConsoleLine& line, bool on, const char* done) {
     const std::string addressText = line.atColon(1);
     PERIFCARD& card = console.host().card(digitOf(addressText));

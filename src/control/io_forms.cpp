@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The longest frame a card takes, in bytes.
+/// A card takes frames of at most this many bytes.
 constexpr std::size_t kFrameLimit = 38;
 
 /// Operation code of the LCD's text frame; those of the controls are in kLcdControls.

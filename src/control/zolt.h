@@ -23,8 +23,8 @@
 /// share through queues and atomics.
 class ZOLT final {
   public:
-    /// `signalFlag` holds -1 until a signal's number is stored there, by a
-    /// handler in any thread; it outlives this object.
+    /// `signalFlag` holds -1 until a signal handler, in any thread, stores the
+    /// signal's number there; it outlives this object.
     ZOLT(LOGGER logger, int* signalFlag);
     /// Stops the workers. The daemon ends through exit() instead, which leaves
     /// them to the end of the process.
@@ -37,7 +37,7 @@ class ZOLT final {
     bool InitProgramData();
     /// Builds and starts the CAE, IO and MON interfaces and the serial link.
     void InitInterfaces();
-    /// The master loop; returns after SIGTERM or SIGINT.
+    /// Runs the master loop; returns after SIGTERM or SIGINT.
     void MasterThread();
 
   private:

@@ -10,23 +10,23 @@
 #include "bus/wire.h"
 #include "control/console_host.h"
 
-/// The console's host without daemon and bus: writes down in order what the
-/// commands do, and stands in for the cards. A pause takes no time; it is when
-/// the bus answers the request before it.
+/// The console's host without daemon and bus: it writes down in order what the
+/// commands do, and answers for the cards. A pause takes no time; the bus answers
+/// a request during the pause that follows it.
 class RecordingHost : public ConsoleHost {
   public:
-    /// Puts a card into the bus; discovery finds it, its record stays as it is.
+    /// Puts a card into the bus: discovery will find it, its record stays as it is.
     void plugIn(std::size_t address, char kind);
     /// Puts a card into the bus and enters it into its record.
     void addCard(std::size_t address, char kind);
-    /// All cards answer each configuration request with these bytes (at most
-    /// 16, in hexadecimal); without a call of this they are silent.
+    /// Lets all cards answer each configuration request with these bytes (at most
+    /// 16, in hexadecimal); without this call the cards are silent.
     void answerWith(const std::string& hexBytes);
-    /// From now on answers come as soon as the request is queued.
+    /// From now on an answer comes as soon as its request is queued.
     void answerAtOnce() { atOnce_ = true; }
-    /// From now on answers come when answerRequest is called.
+    /// From now on an answer comes when answerRequest is called.
     void answerLate() { late_ = true; }
-    /// The bus answers what was requested last, unless it has done so.
+    /// Lets the bus answer the last request, unless it has done so.
     void answerRequest();
 
     /// What has happened since the last call: "reply TEXT", "request HEX",
@@ -58,7 +58,7 @@ class RecordingHost : public ConsoleHost {
     bool atOnce_ = false;
     bool late_ = false;
     bool polling_ = false;
-    /// Not yet answered; empty: none.
+    /// The request that is not answered yet; empty for none.
     std::string request_;
     std::vector<std::string> events_;
 };

@@ -27,7 +27,7 @@ class Polling : public testing::Test {
         return take(hex) ? changeReports(card_, 3) : std::vector<std::string>{};
     }
 
-    /// The reports of the seventh answer, behind six that hold `hex`.
+    /// The reports of the seventh answer after six answers that hold `hex`.
     std::vector<std::string> averageOf(const std::string& hex) {
         for (int i = 0; i < 6; ++i) EXPECT_FALSE(take(hex));
         return reportsOf("00 00 00 00 00 00");

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// One proper line of a command and all that it may lead to. The card answers
-/// with the value 07.
+/// One proper line of a command, and all that it may lead to when the card answers
+/// with the value 07 or not at all.
 struct CommandCase {
     std::string keyword;
     std::string line;
@@ -31,7 +31,7 @@ const std::string kServoOnly = "CIE: THIS COMMAND IS VALID ON SERVO CONTROLLER C
 const std::string kServoLegal = "CIE: THIS COMMAND IS LEGAL ON SERVO CONTROLLER CARD ONLY";
 const std::string kMotorOnly = "CIE: THIS COMMAND IS VALID ON DC MOTOR CONTROLLER CARD ONLY";
 
-/// In test order.
+/// The cases are in test order.
 std::vector<CommandCase> commandCases() {
     return {
         {"LCDSELFTEST:",
@@ -174,7 +174,7 @@ class CardConfigCommands : public ConsoleFixture, public testing::WithParamInter
         if (row_.kind) host_.addCard(row_.address, *row_.kind);
     }
 
-    /// A request, the pause, the replies and the prompt.
+    /// The events of a request: it, the pause, the replies and the prompt.
     Events asked(const std::vector<std::string>& replies) const {
         Events events{"request " + row_.frame, "pause 1"};
         for (const std::string& text : replies) events.push_back(replyEvent(text));

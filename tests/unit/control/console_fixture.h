@@ -25,7 +25,7 @@ inline Events repliesAndPrompt(const std::vector<std::string>& texts) {
     return events;
 }
 
-/// The last answer that a record holds, its byte 0 being this.
+/// Lets a record hold an answer that begins with this byte.
 inline void leaveAnswer(PERIFCARD& card, char first) {
     std::array<char, 16> answer{};
     answer[0] = first;
@@ -35,13 +35,13 @@ inline void leaveAnswer(PERIFCARD& card, char first) {
 /// A console with the usual separators on a bus without cards.
 class ConsoleFixture : public testing::Test {
   protected:
-    /// What a text causes, with no separator added.
+    /// What a text causes that is sent as it is.
     Events eventsOfText(const std::string& text) {
         console_.interpret(text);
         return host_.takeEvents();
     }
 
-    /// What a line causes.
+    /// What a line causes; the line end is added.
     Events eventsOf(const std::string& line) { return eventsOfText(line + "\r\n"); }
 
     RecordingHost host_;

@@ -111,4 +111,22 @@ TEST(ConsoleLine, AOneDigitByteIsTheHighDigit) {
     EXPECT_EQ(byteOf(""), 0x00);
 }
 
+TEST(ConsoleLine, MatchesAKeywordAsTheRowSays) {
+    const ConsoleLine whole("WORD\r\n", "\r\n");
+    const ConsoleLine inside("a WORD b\r\n", "\r\n");
+    const ConsoleLine open("WORD", "\r\n");
+    EXPECT_TRUE(matches(whole, "WORD", Match::kExact));
+    EXPECT_FALSE(matches(inside, "WORD", Match::kExact));
+    EXPECT_FALSE(matches(open, "WORD", Match::kExact));
+    EXPECT_TRUE(matches(whole, "WORD", Match::kContains));
+    EXPECT_TRUE(matches(inside, "WORD", Match::kContains));
+    EXPECT_FALSE(matches(open, "WORD", Match::kContains));
+    EXPECT_TRUE(matches(whole, "WORD", Match::kKeywordOnly));
+    EXPECT_TRUE(matches(inside, "WORD", Match::kKeywordOnly));
+    EXPECT_TRUE(matches(open, "WORD", Match::kKeywordOnly));
+    for (const Match match : {Match::kExact, Match::kContains, Match::kKeywordOnly}) {
+        EXPECT_FALSE(matches(whole, "Word", match));
+    }
+}
+
 }  // namespace

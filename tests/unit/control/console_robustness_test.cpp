@@ -17,8 +17,8 @@ const std::vector<std::string>& examples() {
     return lines;
 }
 
-/// One card of each kind at the address of its kind code, at which they answer;
-/// the consoles differ in their input separators.
+/// One card of each kind at the address of its kind code; the cards answer. The
+/// parameter is the console's input separator.
 class ConsoleRobustness : public testing::TestWithParam<std::string> {
   protected:
     ConsoleRobustness() {
@@ -28,10 +28,10 @@ class ConsoleRobustness : public testing::TestWithParam<std::string> {
         host_.answerWith("51 00 00 80");
     }
 
-    /// Checks that a chunk is answered in full, with one prompt or one unknown
-    /// command at the end and none before. Whether it was a command.
+    /// Checks that a chunk is answered in full: one prompt or one unknown-command
+    /// answer, and that at the end. Returns whether the chunk was a command.
     bool isAnswered(const std::string& chunk) {
-        // As the line is made from what a client sends: it ends at a 0 byte.
+        // A line ends at the first 0 byte of what a client sends.
         console_.interpret(chunk.substr(0, chunk.find('\0')));
         const Events events = host_.takeEvents();
         const auto isEnd = [](const std::string& event) {
@@ -57,7 +57,7 @@ TEST_P(ConsoleRobustness, EveryBeginningOfEveryCommandIsAnswered) {
         EXPECT_TRUE(isAnswered(line)) << example;
         for (std::size_t size = 0; size < line.size(); ++size) {
             isAnswered(line.substr(0, size));
-            // Terminated ahead of the command, so that it ends the text.
+            // The line end comes before the command, so that the command ends the text.
             isAnswered(GetParam() + line.substr(0, size));
             isAnswered(line.substr(0, size) + GetParam());
         }

@@ -59,6 +59,13 @@ TEST_F(ConsoleSpeed, RefusesWhatIsNotFrom1To100) {
     }
 }
 
+TEST_F(ConsoleSpeed, ANumberThatNoLongHoldsIsOutOfRange) {
+    for (const char* text : {"9223372036854775808", "-9223372036854775809", "18446744073709551617",
+                             "100000000000000000000000000000000000050"}) {
+        EXPECT_EQ(eventsOf(std::string("SPEED=") + text), outOfRange_) << text;
+    }
+}
+
 TEST_F(ConsoleSpeed, StandsAnywhereInTheLine) {
     EXPECT_EQ(eventsOf("xSPEED=50"), set(2525, "50"));
     EXPECT_EQ(eventsOf("a=50 SPEED=1"), set(2525, "50 SPEED=1")) << "the first sign counts";

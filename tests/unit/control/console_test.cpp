@@ -5,7 +5,7 @@
 
 namespace {
 
-/// An input card at 3 and a servo controller at 4.
+/// The bus has an input card at 3 and a servo controller at 4.
 class ConsoleLines : public ConsoleFixture {
   protected:
     ConsoleLines() {
@@ -85,7 +85,7 @@ TEST_F(ConsoleLines, TwoCommandsInOneChunkAreOneLine) {
 }
 
 TEST_F(ConsoleLines, ParametersHangOnTheFirstColonAndEqualsSign) {
-    // All commands of a line share them.
+    // All commands of a line share the two.
     EXPECT_EQ(eventsOf("4: POLLON:3"), repliesAndPrompt({"CIE: THIS COMMAND IS VALID ON INPUT "
                                                          "CARDS"}));
     EXPECT_EQ(eventsOf("3=1 POLLON:3 SPEED=100"),

@@ -13,7 +13,7 @@
 inline constexpr const char* kIllegal = "illegal";
 inline constexpr const char* kException = "exception";
 
-/// One card of each kind, at the addresses that the help text uses.
+/// The bus has one card of each kind, at the addresses that the help text uses.
 class IoForms : public testing::Test {
   protected:
     IoForms() {
@@ -26,8 +26,8 @@ class IoForms : public testing::Test {
         setUpCard(cards_[14], 14, card_kind::kLcd);
     }
 
-    /// The frame in hexadecimal behind the address of its queue ("5: 10 05..."),
-    /// or what else became of the command.
+    /// The address of the queue and the frame in hexadecimal ("5: 10 05..."), or
+    /// kIllegal or kException for a command that makes no frame.
     std::string outcome(const std::string& command) {
         try {
             const auto frame = translateOutput(command, cards_.get());

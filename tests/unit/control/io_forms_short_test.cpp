@@ -27,7 +27,7 @@ TEST_P(ShortCommands, EndAsTheirFormSays) {
 INSTANTIATE_TEST_SUITE_P(
     IoForms, ShortCommands,
     testing::Values(
-        // The first character decides first.
+        // The first character is looked at first.
         ShortCommand{"b", kIllegal}, ShortCommand{"x5b1dFB", kIllegal}, ShortCommand{" ", kIllegal},
         ShortCommand{"HS", kIllegal}, ShortCommand{"PAp", kIllegal}, ShortCommand{"EXIT", kIllegal},
         ShortCommand{"a", kException}, ShortCommand{"a5", kException},
@@ -38,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(
         ShortCommand{"a5b1d", kException}, ShortCommand{"a5b1d0", kException},
         ShortCommand{"a5b1d00", "5: 10 05 02 FF 00"}, ShortCommand{"a7b1d", kException},
         ShortCommand{"a7b1d00", "7: "},
-        // Streams never end as an exception.
+        // A stream never ends in an exception.
         ShortCommand{"a9s", kIllegal}, ShortCommand{"a9sH", kIllegal},
         ShortCommand{"a9sxHS", kIllegal}, ShortCommand{"a9sHS", "9: 10 09 01 00"},
         ShortCommand{"a9sHS4", "9: 10 09 01 00"}, ShortCommand{"a9sHS41", "9: 10 09 02 01 41"},
@@ -61,7 +61,7 @@ TEST_F(IoForms, NoCommandReadsBeyondItsEnd) {
     for (const std::string example :
          {"a5b1dFB", "a9sHS434F434B", "aElCL", "aElPAp0301tTail of the cat"}) {
         for (std::size_t size = 1; size <= example.size(); ++size) {
-            // A fresh text each time, so that a memory checker sees its end.
+            // Each text is a new one, so that a memory checker sees its end.
             outcome(std::string(example.begin(), example.begin() + static_cast<long>(size)));
         }
         for (std::size_t missing = 0; missing < example.size(); ++missing) {

@@ -3,8 +3,8 @@
 
 namespace {
 
-/// A digital input card at 3 and an analogue one at 15, their stored values
-/// 0x40 and up.
+/// The bus has a digital input card at 3 and an analogue one at 15; their stored
+/// values are 0x40, 0x41 and so on.
 class LastInput : public ConsoleFixture {
   protected:
     LastInput() {
