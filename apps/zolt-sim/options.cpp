@@ -1,104 +1,105 @@
 #include "apps/zolt-sim/options.h"
 
-#include <algorithm>
-#include <iterator>
-#include <stdexcept>
-#include <string_view>
+#include <CLI/CLI.hpp>
+#include <memory>
 
-namespace sim {
+#include "apps/zolt-sim/error.h"
+#include "lib/text/decimal.h"
+#include "lib/text/printable.h"
+
+namespace zolt_sim {
 namespace {
 
+/// Far above any serial port, and low enough for the arithmetic with nanoseconds.
 constexpr unsigned kHighestBaud = 100000000;
 
-void readBaud(Options& options, const std::string& value) {
-    const auto baud = parseDecimal(value, kHighestBaud);
-    if (!baud) {
-        throw std::invalid_argument("--baud takes a decimal number, not \"" + value + "\"");
+/// The parser's help, with the required options in the usage.
+class HelpText : public CLI::Formatter {
+  public:
+    std::string make_usage(const CLI::App* /*app*/, std::string name) const override {
+        return "Use: " + name + " --bus FILE --link PATH [OPTION...]\n";
     }
-    options.baud = *baud;
-}
-
-void readFilter(Options& options, const std::string& value) {
-    const auto filter = parseTraceFilter(value);
-    if (!filter) {
-        throw std::invalid_argument("--trace takes all, commands or none, not \"" + value + "\"");
-    }
-    options.filter = *filter;
-}
-
-struct OptionRow {
-    std::string_view name;
-    std::string_view argument;  // empty: takes none
-    std::string_view purpose;
-    void (*read)(Options& options, const std::string& value);
 };
 
-constexpr OptionRow kOptions[] = {
-    {"--bus", "FILE", "which card sits at which address (required)",
-     [](Options& options, const std::string& value) { options.busFile = value; }},
-    {"--link", "PATH", "name of the adapter, such as /dev/ttyUSB0 (required)",
-     [](Options& options, const std::string& value) { options.link = value; }},
-    {"--baud", "N", "speed of the line, default 460800; 0 answers at once", readBaud},
-    {"--control", "PATH", "listens for controls on this Unix socket",
-     [](Options& options, const std::string& value) { options.controlPath = value; }},
-    {"--trace", "WHAT", "all, commands (default: no polls) or none", readFilter},
-    {"--trace-file", "PATH", "writes the whole trace into this file",
-     [](Options& options, const std::string& value) { options.traceFile = value; }},
-    {"--scenario", "FILE", "plays timed controls",
-     [](Options& options, const std::string& value) { options.scenarioFile = value; }},
-    {"--help", "", "prints this text",
-     [](Options& options, const std::string&) { options.help = true; }},
-    {"--version", "", "prints the version",
-     [](Options& options, const std::string&) { options.version = true; }},
-};
+/// A check of an option's value; `problem` returns what is wrong with the value, or an
+/// empty text.
+CLI::Validator validator(const std::function<std::string(const std::string&)>& problem) {
+    return CLI::Validator([problem](const std::string& value) { return problem(value); }, "");
+}
+
+std::string problemOfText(const std::string& value) {
+    return value.empty() ? "the value is empty" : "";
+}
+
+std::string problemOfBaud(const std::string& value) {
+    return zolt_text::parseDecimal(value, kHighestBaud)
+               ? ""
+               : zolt_text::quote(value) + " is not a decimal number from 0 to " +
+                     std::to_string(kHighestBaud);
+}
+
+std::string problemOfFilter(const std::string& value) {
+    return parseTraceFilter(value) ? "" : zolt_text::quote(value) + " is not all, commands or none";
+}
+
+/// The parser's complaint as one line.
+std::string complaint(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> rest = app.remaining();
+    if (rest.empty()) {
+        return zolt_text::printable(error.what());
+    }
+    return (rest[0].starts_with("-") ? "unknown option " : "unexpected argument ") +
+           zolt_text::quote(rest[0]);
+}
 
 }  // namespace
 
 Options parseOptions(const std::vector<std::string>& arguments) {
     Options options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::size_t equals = arguments[i].find('=');
-        const std::string name = arguments[i].substr(0, equals);
-        const auto* row = std::find_if(std::begin(kOptions), std::end(kOptions),
-                                       [&](const OptionRow& entry) { return entry.name == name; });
-        if (row == std::end(kOptions)) {
-            throw std::invalid_argument("unknown argument \"" + arguments[i] + "\"");
-        }
-        const bool attached = equals != std::string::npos;
-        if (row->argument.empty()) {
-            if (attached) {
-                throw std::invalid_argument(name + " takes no value");
-            }
-            row->read(options, "");
-            continue;
-        }
-        if (!attached && i + 1 == arguments.size()) {
-            throw std::invalid_argument(name + " needs " + std::string(row->argument));
-        }
-        const std::string value = attached ? arguments[i].substr(equals + 1) : arguments[++i];
-        if (value.empty()) {
-            throw std::invalid_argument(name + " needs " + std::string(row->argument));
-        }
-        row->read(options, value);
+    std::string baud;
+    std::string filter;
+    CLI::App app("A card bus without hardware, on a pseudo-terminal.", "zolt-sim");
+    app.formatter(std::make_shared<HelpText>());
+    app.option_defaults()->disable_flag_override()->multi_option_policy(
+        CLI::MultiOptionPolicy::TakeLast);
+    const auto add = [&app](const char* name, std::string& target, const char* value,
+                            const char* purpose, std::string (*problem)(const std::string&)) {
+        return app.add_option(name, target, purpose)->type_name(value)->check(validator(problem));
+    };
+    add("--bus", options.busFile, "FILE", "which card is at which address", problemOfText)
+        ->required();
+    add("--link", options.link, "PATH", "name of the adapter, such as /dev/ttyUSB0", problemOfText)
+        ->required();
+    add("--baud", baud, "N", "speed of the wire, default 460800; 0 answers at once", problemOfBaud);
+    add("--control", options.controlPath, "PATH", "listens for controls on this Unix socket",
+        problemOfText);
+    add("--trace", filter, "WHAT",
+        "what is printed: all, commands (the default, without polls) or none", problemOfFilter);
+    add("--trace-file", options.traceFile, "PATH", "writes the whole trace into this file",
+        problemOfText);
+    add("--scenario", options.scenarioFile, "FILE", "plays timed controls", problemOfText);
+    app.set_help_flag("--help", "prints this text");
+    app.set_version_flag("--version", "zolt-sim " ZOLT_SIM_VERSION, "prints the version");
+    app.footer("Controls are read from the standard input, one per line; \"help\" lists them.");
+    try {
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    } catch (const CLI::CallForHelp&) {
+        options.text = app.help();
+        return options;
+    } catch (const CLI::CallForVersion&) {
+        options.text = app.version() + "\n";
+        return options;
+    } catch (const CLI::ParseError& error) {
+        throw Error(complaint(app, error) + " (zolt-sim --help lists the options)",
+                    ExitStatus::kWrongUse);
     }
-    if (!options.help && !options.version && (options.busFile.empty() || options.link.empty())) {
-        throw std::invalid_argument("--bus and --link are required");
+    if (!baud.empty()) {
+        options.baud = *zolt_text::parseDecimal(baud, kHighestBaud);
+    }
+    if (!filter.empty()) {
+        options.filter = *parseTraceFilter(filter);
     }
     return options;
 }
 
-std::string optionsHelp() {
-    constexpr std::size_t kColumn = 22;
-    std::string text =
-        "zolt-sim: a card bus without hardware, behind a pseudo-terminal.\n"
-        "Use: zolt-sim --bus FILE --link PATH [options]\n\n";
-    for (const OptionRow& row : kOptions) {
-        std::string line = "  " + std::string(row.name) + " " + std::string(row.argument);
-        line.resize(std::max(line.size() + 1, kColumn), ' ');
-        text += line + std::string(row.purpose) + "\n";
-    }
-    return text +
-           "\nControls are read from the standard input, one per line; \"help\" lists them.\n";
-}
-
-}  // namespace sim
+}  // namespace zolt_sim

@@ -1,4 +1,3 @@
-// The program's command line.
 #pragma once
 
 #include <string>
@@ -6,23 +5,28 @@
 
 #include "apps/zolt-sim/trace.h"
 
-namespace sim {
+namespace zolt_sim {
 
+/// What the command line asks for.
 struct Options {
     std::string busFile;
     std::string link;
+    /// Speed of the wire in bits per second; 0 answers at once.
     unsigned baud = 460800;
-    std::string controlPath;   // empty: no control socket
-    std::string traceFile;     // empty: none
-    std::string scenarioFile;  // empty: none
+    /// Empty if there is no control socket.
+    std::string controlPath;
+    /// Empty if the trace is not written to a file.
+    std::string traceFile;
+    /// Empty if there is no scenario.
+    std::string scenarioFile;
     TraceFilter filter = TraceFilter::kCommands;
-    bool help = false;
-    bool version = false;
+    /// The text of --help or --version. If it is not empty, the program prints it instead
+    /// of starting a bus.
+    std::string text;
 };
 
-// `arguments` without the program's name. Throws std::invalid_argument with the reason.
+/// Reads the arguments without the program's name. Throws Error with the status
+/// ExitStatus::kWrongUse.
 Options parseOptions(const std::vector<std::string>& arguments);
 
-std::string optionsHelp();
-
-}  // namespace sim
+}  // namespace zolt_sim

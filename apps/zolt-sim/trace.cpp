@@ -3,13 +3,16 @@
 #include <array>
 #include <cstdio>
 
-namespace sim {
+#include "lib/text/hexadecimal.h"
+
+namespace zolt_sim {
 namespace {
 
 std::string frameText(const char* direction, const Bytes& payload) {
-    std::string text = direction + hexByte(static_cast<std::uint8_t>(payload.size())) + " |";
+    std::string text =
+        direction + zolt_text::hexByte(static_cast<std::uint8_t>(payload.size())) + " |";
     if (!payload.empty()) {
-        text += " " + hexBytes(payload);
+        text += " " + zolt_text::hexBytes(payload);
     }
     return text;
 }
@@ -67,4 +70,4 @@ void Trace::record(Topic topic, const std::string& text) {
     }
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

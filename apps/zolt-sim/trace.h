@@ -1,4 +1,3 @@
-// What happens on the bus, one line per event.
 #pragma once
 
 #include <functional>
@@ -8,32 +7,35 @@
 #include <string_view>
 #include <vector>
 
-#include "apps/zolt-sim/line/pause.h"
-#include "apps/zolt-sim/text.h"
+#include "apps/zolt-sim/adapter/pause.h"
+#include "apps/zolt-sim/bytes.h"
 
-namespace sim {
+namespace zolt_sim {
 
+/// Which lines a filtered sink gets; kCommands leaves out polls and their answers.
 enum class TraceFilter { kAll, kCommands, kNone };
 
-// "all", "commands" or "none"; nothing for any other word.
+/// The filter for "all", "commands" or "none"; nothing for any other word.
 std::optional<TraceFilter> parseTraceFilter(std::string_view word);
 
-// "host> 03 | 20 03 02" and "bus>  04 | 21 03 40 00"; the frame without its length byte.
+/// The line for a frame with this payload: "host> 03 | 20 03 02" and
+/// "bus>  04 | 21 03 40 00".
 std::string hostFrameText(const Bytes& payload);
 std::string busFrameText(const Bytes& payload);
 
-// Hands every line, with the time since construction in front, to its sinks in
-// the order of the events. May be used by any thread.
+/// What happens on the bus, one line per event. The trace puts the time since its
+/// construction before each line and gives the lines to its sinks in the order of the
+/// events. Any thread may call its functions.
 class Trace {
   public:
     enum class Topic {
-        kPoll,  // left out by TraceFilter::kCommands
+        kPoll,  ///< left out by TraceFilter::kCommands
         kOther
     };
-    // Called under a lock: has to return at once.
+    /// Called with the lock of the trace held, so it has to return at once.
     using Sink = std::function<void(const std::string& line)>;
 
-    // A sink that is not filtered gets every line, whatever the filter says.
+    /// The filter applies only to sinks that are `filtered`.
     void addSink(Sink sink, bool filtered);
     void setFilter(TraceFilter filter);
     void record(Topic topic, const std::string& text);
@@ -48,9 +50,10 @@ class Trace {
     };
 
     const Clock::time_point start_ = Clock::now();
+    /// Guards the outputs and the filter.
     std::mutex lock_;
     std::vector<Output> outputs_;
     TraceFilter filter_ = TraceFilter::kCommands;
 };
 
-}  // namespace sim
+}  // namespace zolt_sim

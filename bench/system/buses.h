@@ -3,16 +3,16 @@
 #include <string>
 
 #include "apps/zolt-sim/cards/wire.h"
-#include "apps/zolt-sim/text.h"
 #include "bench/system/command_sender.h"
+#include "lib/text/hexadecimal.h"
 
 namespace bench {
 
 /// A digital input card at every address.
 inline std::string sixteenInputs() {
     std::string text;
-    for (std::uint8_t card = 0; card < sim::wire::kAddressCount; ++card) {
-        text += sim::hexDigit(card) + " digital-input\n";
+    for (std::uint8_t card = 0; card < zolt_sim::wire::kAddressCount; ++card) {
+        text += zolt_text::hexDigit(card) + " digital-input\n";
     }
     return text;
 }
@@ -20,9 +20,9 @@ inline std::string sixteenInputs() {
 /// The same with a digital output card in place of one of them.
 inline std::string fifteenInputs() {
     std::string text;
-    for (std::uint8_t card = 0; card < sim::wire::kAddressCount; ++card) {
-        text +=
-            sim::hexDigit(card) + (card == kOutputCard ? " digital-output\n" : " digital-input\n");
+    for (std::uint8_t card = 0; card < zolt_sim::wire::kAddressCount; ++card) {
+        text += zolt_text::hexDigit(card) +
+                (card == kOutputCard ? " digital-output\n" : " digital-input\n");
     }
     return text;
 }

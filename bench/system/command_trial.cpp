@@ -5,6 +5,7 @@
 #include "bench/system/gateway.h"
 #include "bench/system/processor_time.h"
 #include "bench/system/trial.h"
+#include "lib/text/hexadecimal.h"
 #include "tests/support/wait.h"
 
 namespace bench {
@@ -18,7 +19,8 @@ constexpr double kQuietCycle = 0.0005;
 
 CommandSender::Language daemonLanguage() {
     return {[](std::uint8_t value) {
-                return "a" + sim::hexDigit(kOutputCard) + "b0d" + sim::hexByte(value) + "\r\n";
+                return "a" + zolt_text::hexDigit(kOutputCard) + "b0d" + zolt_text::hexByte(value) +
+                       "\r\n";
             },
             ""};
 }

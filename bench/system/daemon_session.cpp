@@ -10,6 +10,7 @@
 #include "bench/system/expect.h"
 #include "bench/system/failure.h"
 #include "bench/system/processor_time.h"
+#include "lib/text/hexadecimal.h"
 #include "tests/support/process/daemon_settings.h"
 #include "tests/support/wait.h"
 
@@ -19,7 +20,7 @@ namespace {
 constexpr unsigned kAllCards = 16;
 
 std::string hexDigit(unsigned value) {
-    return sim::hexDigit(static_cast<std::uint8_t>(value));
+    return zolt_text::hexDigit(static_cast<std::uint8_t>(value));
 }
 
 void configure(std::optional<int> percent) {

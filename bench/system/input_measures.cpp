@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "apps/zolt-sim/text.h"
 #include "bench/report/judgement.h"
 #include "bench/system/expect.h"
 #include "bench/system/failure.h"
+#include "lib/text/hexadecimal.h"
 
 namespace bench {
 namespace {
@@ -14,8 +14,8 @@ namespace {
 constexpr std::chrono::milliseconds kSettle{60};
 
 std::string reportLine(unsigned card, std::uint8_t value) {
-    return "a" + sim::hexDigit(static_cast<std::uint8_t>(card)) + "b0d" + sim::hexByte(value) +
-           "\r\n\r";
+    return "a" + zolt_text::hexDigit(static_cast<std::uint8_t>(card)) + "b0d" +
+           zolt_text::hexByte(value) + "\r\n\r";
 }
 
 std::string pollRequest(unsigned card) {
@@ -26,7 +26,7 @@ std::string pollAnswer(unsigned card, std::uint8_t value) {
     return {'\4', '\x21', static_cast<char>(card), static_cast<char>(value), '\0'};
 }
 
-using Polls = std::array<Slave::Polls, sim::wire::kAddressCount>;
+using Polls = std::array<Slave::Polls, zolt_sim::wire::kAddressCount>;
 
 PollCounts difference(const Polls& before, const Polls& after) {
     PollCounts counts{};

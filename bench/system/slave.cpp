@@ -21,7 +21,7 @@ double microseconds(Clock::duration duration) {
 }  // namespace
 
 Slave::Slave(const std::string& busText, const Placement& placement)
-    : model_(sim::parseBusText(busText, "bus")),
+    : model_(zolt_sim::parseBusText(busText, "bus")),
       link_(kAdapter, pair_.hostPath()),
       thread_([this, placement] {
           placement.asSlave();
@@ -32,7 +32,7 @@ Slave::Slave(const std::string& busText, const Placement& placement)
 }
 
 Slave::~Slave() {
-    stop_.wake();
+    stop_.raise();
     thread_.join();
 }
 
@@ -60,7 +60,7 @@ void Slave::forgetOutputs() {
     outputs_.clear();
 }
 
-std::array<Slave::Polls, sim::wire::kAddressCount> Slave::polls() const {
+std::array<Slave::Polls, zolt_sim::wire::kAddressCount> Slave::polls() const {
     const std::lock_guard guard(lock_);
     return polls_;
 }
@@ -87,9 +87,9 @@ Histogram Slave::lateness() const {
 }
 
 void Slave::run() {
-    sim::sharpenSleeps();
+    zolt_sim::sharpenSleeps();
     std::array<pollfd, 3> events{pollfd{stop_.get(), POLLIN, 0},
-                                 pollfd{pair_.lineDescriptor(), POLLIN, 0},
+                                 pollfd{pair_.wireDescriptor(), POLLIN, 0},
                                  pollfd{pair_.watchDescriptor(), POLLIN, 0}};
     for (;;) {
         const int ready = ::poll(events.data(), events.size(), -1);
@@ -106,20 +106,20 @@ void Slave::serve() {
     if (host.closed) pair_.discardUnread();
     if (host.closed || host.opened) assembler_.drop();
     assembler_.feed({buffer.data(), count});
-    while (const std::optional<sim::Bytes> request = assembler_.next()) {
+    while (const std::optional<zolt_sim::Bytes> request = assembler_.next()) {
         answer(*request, received);
     }
 }
 
-void Slave::answer(const sim::Bytes& request, Time received) {
+void Slave::answer(const zolt_sim::Bytes& request, Time received) {
     const unsigned baud = baud_;
     // Requests that come together go over the wire one after the other.
     const Time begin = std::max(received, wireFree_);
-    const Time atCard = begin + sim::wireTime(1 + request.size(), baud);
-    const sim::Bytes frame = frameFor(request, atCard);
-    const Time due = atCard + sim::wireTime(frame.size(), baud);
+    const Time atCard = begin + zolt_sim::wireTime(1 + request.size(), baud);
+    const zolt_sim::Bytes frame = frameFor(request, atCard);
+    const Time due = atCard + zolt_sim::wireTime(frame.size(), baud);
     wireFree_ = due;
-    if (!sim::holdUntil(due, stop_.get())) return;
+    if (!zolt_sim::holdUntil(due, stop_.get())) return;
     // A host that does not read loses the answer, as on a line.
     static_cast<void>(pair_.write(frame));
     const Time now = Clock::now();
@@ -131,35 +131,35 @@ void Slave::answer(const sim::Bytes& request, Time received) {
     answered_.notify_all();
 }
 
-sim::Bytes Slave::frameFor(const sim::Bytes& request, Time atCard) {
+zolt_sim::Bytes Slave::frameFor(const zolt_sim::Bytes& request, Time atCard) {
     const std::lock_guard guard(lock_);
     if (change_ && change_->due <= atCard) {
         model_.setInput(change_->card, 0, change_->value);
         change_.reset();
     }
-    sim::Bytes frame = model_.answer(request).answer.value_or(sim::Bytes{});
+    zolt_sim::Bytes frame = model_.answer(request).answer.value_or(zolt_sim::Bytes{});
     if (!frame.empty()) frame.insert(frame.begin(), static_cast<std::uint8_t>(frame.size()));
     return frame;
 }
 
-void Slave::note(const sim::Bytes& request, Output times) {
+void Slave::note(const zolt_sim::Bytes& request, Output times) {
     constexpr std::size_t kFirstValue = 3;
-    switch (sim::requestKind(request)) {
-        case sim::RequestKind::kPoll:
-            if (const auto card = sim::namedCard(request); card && *card < polls_.size()) {
+    switch (zolt_sim::requestKind(request)) {
+        case zolt_sim::RequestKind::kPoll:
+            if (const auto card = zolt_sim::namedCard(request); card && *card < polls_.size()) {
                 ++polls_[*card].count;
                 polls_[*card].last = times.answered;
                 polls_[*card].held += times.answered - times.atPort;
             }
             break;
-        case sim::RequestKind::kOutput:
+        case zolt_sim::RequestKind::kOutput:
             if (request.size() > kFirstValue && outputs_.size() < kMostOutputs) {
                 times.card = request[1];
                 times.value = request[kFirstValue];
                 outputs_.push_back(times);
             }
             break;
-        case sim::RequestKind::kDiscovery:
+        case zolt_sim::RequestKind::kDiscovery:
             discovered_ = times.answered;
             break;
         default:

@@ -11,17 +11,18 @@
 #include <thread>
 #include <vector>
 
+#include "apps/zolt-sim/adapter/device_link.h"
+#include "apps/zolt-sim/adapter/frame_assembler.h"
+#include "apps/zolt-sim/adapter/pause.h"
+#include "apps/zolt-sim/adapter/pty_pair.h"
 #include "apps/zolt-sim/cards/bus_model.h"
-#include "apps/zolt-sim/line/device_link.h"
-#include "apps/zolt-sim/line/frame_assembler.h"
-#include "apps/zolt-sim/line/pause.h"
-#include "apps/zolt-sim/line/pty_pair.h"
 #include "bench/report/statistics.h"
 #include "bench/system/placement.h"
+#include "lib/os/event.h"
 
 namespace bench {
 
-using Clock = sim::Clock;
+using Clock = zolt_sim::Clock;
 using Time = Clock::time_point;
 
 inline constexpr unsigned kBaud = 460800;
@@ -69,7 +70,7 @@ class Slave {
     void forgetOutputs();
 
     /// Polls so far, by address, and when the last was answered.
-    std::array<Polls, sim::wire::kAddressCount> polls() const;
+    std::array<Polls, zolt_sim::wire::kAddressCount> polls() const;
     /// The polls of all cards so far, as those of one.
     Polls allPolls() const;
     /// When discovery was answered last.
@@ -86,25 +87,25 @@ class Slave {
 
     void run();
     void serve();
-    void answer(const sim::Bytes& request, Time received);
-    sim::Bytes frameFor(const sim::Bytes& request, Time atCard);
+    void answer(const zolt_sim::Bytes& request, Time received);
+    zolt_sim::Bytes frameFor(const zolt_sim::Bytes& request, Time atCard);
     // `times`: an output of which only the times are known yet.
-    void note(const sim::Bytes& request, Output times);
+    void note(const zolt_sim::Bytes& request, Output times);
 
     std::atomic<unsigned> baud_ = kBaud;
-    sim::PtyPair pair_;
-    sim::FrameAssembler assembler_;
+    zolt_sim::PtyPair pair_;
+    zolt_sim::FrameAssembler assembler_;
     Time wireFree_;
     mutable std::mutex lock_;
     std::condition_variable answered_;
-    sim::BusModel model_;
+    zolt_sim::BusModel model_;
     std::optional<Change> change_;
     std::vector<Output> outputs_;
-    std::array<Polls, sim::wire::kAddressCount> polls_{};
+    std::array<Polls, zolt_sim::wire::kAddressCount> polls_{};
     std::optional<Time> discovered_;
     Histogram lateness_;
-    sim::StopEvent stop_;
-    sim::DeviceLink link_;
+    zolt_os::Event stop_;
+    zolt_sim::DeviceLink link_;
     std::thread thread_;  // last: runs on all the others
 };
 

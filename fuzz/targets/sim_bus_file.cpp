@@ -5,6 +5,7 @@
 
 #include "apps/zolt-sim/cards/bus_file.h"
 #include "apps/zolt-sim/cards/bus_model.h"
+#include "apps/zolt-sim/error.h"
 #include "fuzz/support/target.h"
 
 namespace {
@@ -12,27 +13,27 @@ namespace {
 constexpr std::size_t kMostBytes = 4096;
 
 /// The file that says the same in the fewest words.
-std::string fileOf(const sim::BusLayout& layout, const sim::BusModel& model) {
+std::string fileOf(const zolt_sim::BusLayout& layout, const zolt_sim::BusModel& model) {
     std::string text = layout.missingSilent ? "missing silent\n" : "";
     const std::vector<std::string> lines = model.showAll();
     for (std::size_t i = 0; i < layout.slots.size(); ++i) {
-        if (layout.slots[i].content != sim::SlotSetup::Content::kEmpty) {
+        if (layout.slots[i].content != zolt_sim::SlotSetup::Content::kEmpty) {
             text += lines[i].substr(0, lines[i].find(':')) + "\n";
         }
     }
     return text;
 }
 
-void requireAnswers(sim::BusModel& model, const sim::BusLayout& layout) {
-    const auto discovery = model.answer({sim::wire::kDiscovery}).answer;
+void requireAnswers(zolt_sim::BusModel& model, const zolt_sim::BusLayout& layout) {
+    const auto discovery = model.answer({zolt_sim::wire::kDiscovery}).answer;
     fuzz::require(discovery && discovery->size() == 17, "discovery is answered");
-    for (std::uint8_t address = 0; address < sim::wire::kAddressCount; ++address) {
+    for (std::uint8_t address = 0; address < zolt_sim::wire::kAddressCount; ++address) {
         fuzz::require((*discovery)[address + std::size_t{1}] == layout.slots[address].code,
                       "discovery tells what the file says");
         for (unsigned length = 0; length < 256; length += 51) {
             const auto poll =
-                model.answer({sim::wire::kPoll, address, static_cast<std::uint8_t>(length)});
-            fuzz::require(!poll.answer || poll.answer->size() <= sim::wire::kLongestPayload,
+                model.answer({zolt_sim::wire::kPoll, address, static_cast<std::uint8_t>(length)});
+            fuzz::require(!poll.answer || poll.answer->size() <= zolt_sim::wire::kLongestPayload,
                           "an answer fits its length byte");
         }
         fuzz::require(!model.show(address).empty(), "every address can be shown");
@@ -44,13 +45,13 @@ void requireAnswers(sim::BusModel& model, const sim::BusLayout& layout) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(fuzz::textOf(data, size, kMostBytes));
     try {
-        const sim::BusLayout layout = sim::parseBusText(text, "fuzz.bus");
-        sim::BusModel model(layout);
+        const zolt_sim::BusLayout layout = zolt_sim::parseBusText(text, "fuzz.bus");
+        zolt_sim::BusModel model(layout);
         requireAnswers(model, layout);
         const std::string again = fileOf(layout, model);
-        sim::BusModel second(sim::parseBusText(again, "again.bus"));
+        zolt_sim::BusModel second(zolt_sim::parseBusText(again, "again.bus"));
         fuzz::require(second.showAll() == model.showAll(), "a bus shows as it is written");
-    } catch (const sim::BusFileError& error) {
+    } catch (const zolt_sim::Error& error) {
         fuzz::require(std::string(error.what()).starts_with("fuzz.bus:"),
                       "a mistake is told with its place");
     }

@@ -8,14 +8,17 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/zolt-sim/adapter/faults.h"
+#include "apps/zolt-sim/bytes.h"
 #include "apps/zolt-sim/cards/bus_file.h"
 #include "apps/zolt-sim/cards/bus_model.h"
 #include "apps/zolt-sim/control/control.h"
 #include "apps/zolt-sim/control/control_server.h"
-#include "apps/zolt-sim/line/faults.h"
-#include "apps/zolt-sim/text.h"
+#include "apps/zolt-sim/error.h"
 #include "apps/zolt-sim/trace.h"
+#include "apps/zolt-sim/words.h"
 #include "fuzz/support/target.h"
+#include "lib/text/hexadecimal.h"
 
 namespace {
 
@@ -31,12 +34,12 @@ class ControlledBus {
   public:
     void take(const std::string& line) {
         if (line.starts_with(">")) {
-            if (const auto request = sim::parseHexBytes(line.substr(1))) {
+            if (const auto request = zolt_text::parseHexBytes(line.substr(1))) {
                 ask(*request);
             }
             return;
         }
-        const sim::ControlAnswer answer = sim::runControl(line, target_);
+        const zolt_sim::ControlAnswer answer = zolt_sim::runControl(line, target_);
         const std::string text = answer.text();
         fuzz::require(text.ends_with("\n"), "an answer is whole lines");
         fuzz::require(answer.ok() ? text.ends_with("ok\n") : answer.lines.empty(),
@@ -45,11 +48,11 @@ class ControlledBus {
     }
 
   private:
-    void ask(const sim::Bytes& request) {
-        const std::optional<sim::Bytes> answer = model_.answer(request).answer;
-        fuzz::require(!answer || answer->size() <= sim::wire::kLongestPayload,
+    void ask(const zolt_sim::Bytes& request) {
+        const std::optional<zolt_sim::Bytes> answer = model_.answer(request).answer;
+        fuzz::require(!answer || answer->size() <= zolt_sim::wire::kLongestPayload,
                       "an answer fits its length byte");
-        const sim::LineOutput output = faults_.apply(request, answer);
+        const zolt_sim::WireOutput output = faults_.apply(request, answer);
         fuzz::require(output.faulty || !answer || output.bytes.size() == answer->size() + 1,
                       "without a fault the frame of the answer");
         // 255 bytes of noise before the longest frame.
@@ -59,24 +62,26 @@ class ControlledBus {
     /// What "faults" lists can be typed again, and lists as the same.
     void requireFaultsReadable() const {
         for (const std::string& fault : faults_.describe()) {
-            fuzz::require(sim::faultText(sim::parseFault(sim::splitWords(fault))) == fault,
-                          "a fault reads as it is listed");
+            fuzz::require(
+                zolt_sim::faultText(zolt_sim::parseFault(zolt_sim::splitWords(fault))) == fault,
+                "a fault reads as it is listed");
         }
     }
 
     std::mutex lock_;
-    sim::BusModel model_{sim::parseBusText(kBus, "fuzz.bus")};
-    sim::FaultList faults_;
-    sim::Trace trace_;
-    sim::ControlTarget target_{lock_,
-                               model_,
-                               faults_,
-                               trace_,
-                               [](const std::string& path) {
-                                   if (path == "refused") throw std::runtime_error("no such path");
-                               },
-                               [] {},
-                               [] {}};
+    zolt_sim::BusModel model_{zolt_sim::parseBusText(kBus, "fuzz.bus")};
+    zolt_sim::FaultList faults_;
+    zolt_sim::Trace trace_;
+    zolt_sim::ControlTarget target_{lock_,
+                                    model_,
+                                    faults_,
+                                    trace_,
+                                    [](const std::string& path) {
+                                        if (path == "refused")
+                                            throw zolt_sim::Error("no such path");
+                                    },
+                                    [] {},
+                                    [] {}};
 };
 
 }  // namespace
@@ -84,7 +89,7 @@ class ControlledBus {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::string_view rest = fuzz::textOf(data, size, kMostBytes);
     ControlledBus bus;
-    sim::ControlLines lines;
+    zolt_sim::ControlLines lines;
     while (!rest.empty()) {
         const std::string_view piece = rest.substr(0, kPiece);
         for (const std::optional<std::string>& line : lines.feed(piece)) {

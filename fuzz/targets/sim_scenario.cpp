@@ -5,6 +5,7 @@
 
 #include "apps/zolt-sim/control/control.h"
 #include "apps/zolt-sim/control/scenario.h"
+#include "apps/zolt-sim/error.h"
 #include "fuzz/support/target.h"
 
 namespace {
@@ -16,15 +17,15 @@ constexpr std::size_t kMostBytes = 4096;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     try {
         std::chrono::microseconds latest{0};
-        for (const sim::ScenarioStep& step :
-             sim::parseScenario(fuzz::textOf(data, size, kMostBytes), "fuzz.scenario")) {
+        for (const zolt_sim::ScenarioStep& step :
+             zolt_sim::parseScenario(fuzz::textOf(data, size, kMostBytes), "fuzz.scenario")) {
             fuzz::require(step.at >= latest, "the times ascend");
             latest = step.at;
             // Throws what nobody here catches when it cannot be read after all.
-            static_cast<void>(sim::parseControl(step.control));
+            static_cast<void>(zolt_sim::parseControl(step.control));
         }
         fuzz::require(latest <= std::chrono::seconds(1000001), "no time beyond the longest");
-    } catch (const sim::ScenarioError& error) {
+    } catch (const zolt_sim::Error& error) {
         fuzz::require(std::string(error.what()).starts_with("fuzz.scenario:"),
                       "a mistake is told with its place");
     }

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/zolt-sim/line/simulated_bus.h"
+#include "apps/zolt-sim/adapter/simulated_bus.h"
 #include "tests/support/temporary_log.h"
 #include "tests/support/text/bytes.h"
 #include "tests/support/wait.h"
@@ -27,10 +27,10 @@ constexpr const char* kAllKinds =
 class Link : public testing::Test {
   protected:
     void plugBus(const std::string& busText) {
-        sim::BusOptions options;
+        zolt_sim::BusOptions options;
         options.link = path_;
         options.baud = 0;
-        bus_ = std::make_unique<sim::SimulatedBus>(busText, options);
+        bus_ = std::make_unique<zolt_sim::SimulatedBus>(busText, options);
     }
 
     void startLink(bool polling = true) {
@@ -97,7 +97,7 @@ class Link : public testing::Test {
     const std::string timeoutLine_ = "[INF] comm timeout " + path_;
     std::array<PERIFCARD, wire::kCardRecords> cards_;
     ZLQUEUE reports_;
-    std::unique_ptr<sim::SimulatedBus> bus_;
+    std::unique_ptr<zolt_sim::SimulatedBus> bus_;
     std::unique_ptr<SERIAL_INTERFACE> link_;
 };
 

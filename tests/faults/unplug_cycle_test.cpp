@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "apps/zolt-sim/line/simulated_bus.h"
-#include "apps/zolt-sim/text.h"
+#include "apps/zolt-sim/adapter/simulated_bus.h"
 #include "bus/serial_interface.h"
+#include "lib/text/hexadecimal.h"
 #include "tests/faults/daemon_state.h"
 #include "tests/support/doubles/recorded_pauses.h"
 #include "tests/support/process/private_view.h"
@@ -34,12 +34,12 @@ class UnplugCycle : public testing::Test {
 
     /// The link on a bus with these cards, with discovery and polling.
     void openLink(const std::string& cards) {
-        sim::BusOptions options;
+        zolt_sim::BusOptions options;
         options.link = "/dev/ttyUSB0";
         options.baud = 0;
         options.keepTrace = false;
         options.sinks.push_back({[this](const std::string& line) { keep(line); }, false});
-        bus_ = std::make_unique<sim::SimulatedBus>(cards, options);
+        bus_ = std::make_unique<zolt_sim::SimulatedBus>(cards, options);
         LOGGER logger;
         logger.fileName = log_.path();
         link_ =
@@ -87,7 +87,7 @@ class UnplugCycle : public testing::Test {
     void expectServes() {
         forgetTrace();
         const char value = static_cast<char>(++value_);
-        const std::string text = sim::hexByte(static_cast<std::uint8_t>(value));
+        const std::string text = zolt_text::hexByte(static_cast<std::uint8_t>(value));
         link_->CommandQueue(5).ToQueue({0x10, 5, 2, 0x11, value});
         EXPECT_TRUE(traced("card 5 digital-output: 11 " + text));
         control("set 3 0 " + text);
@@ -134,7 +134,7 @@ class UnplugCycle : public testing::Test {
     unsigned char value_ = 0;
     std::array<PERIFCARD, wire::kCardRecords> cards_;
     ZLQUEUE reports_;
-    std::unique_ptr<sim::SimulatedBus> bus_;
+    std::unique_ptr<zolt_sim::SimulatedBus> bus_;
     std::unique_ptr<SERIAL_INTERFACE> link_;
 };
 

@@ -1,50 +1,42 @@
-// The bus file: which card sits at which address.
 #pragma once
 
 #include <array>
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "apps/zolt-sim/cards/wire.h"
+#include "apps/zolt-sim/words.h"
 
-namespace sim {
+namespace zolt_sim {
 
-// What stands at one address.
+/// What is at one address.
 struct SlotSetup {
     enum class Content {
-        kEmpty,   // no card; answered as `BusLayout::missingSilent` says
-        kSilent,  // no card, never an answer
+        kEmpty,   ///< no card; BusLayout::missingSilent decides how it is answered
+        kSilent,  ///< no card and never an answer
         kCard
     };
     Content content = Content::kEmpty;
-    std::uint8_t code = wire::kCodeEmpty;  // kind code on the wire when content is kCard
+    /// The kind code on the wire if there is a card.
+    std::uint8_t code = wire::kNoCard;
 };
 
 struct BusLayout {
     std::array<SlotSetup, wire::kAddressCount> slots;
-    bool missingSilent = false;  // requests to an empty address: silence instead of "N"
+    /// Whether requests to an empty address get no answer instead of the negative one.
+    bool missingSilent = false;
 };
 
-// what() is a complete message: "FILE:LINE: REASON", or "FILE: REASON".
-class BusFileError : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
-};
+/// Reads the words after an address: the name of a kind, "code NN" or "silent".
+/// Throws Error with the reason.
+SlotSetup parseSlot(const Words& words);
 
-// The words after an address: a kind's name, "code NN" or "silent".
-// Throws std::invalid_argument with the reason.
-SlotSetup parseSlot(const std::vector<std::string>& words);
-
-// `fileName` is only used in messages. Throws BusFileError.
+/// Reads the text of a bus file. `fileName` appears only in messages. Throws Error with
+/// "FILE:LINE: REASON".
 BusLayout parseBusText(std::string_view text, const std::string& fileName);
 
-// Throws BusFileError.
+/// Throws Error with "FILE:LINE: REASON", or "FILE: REASON" if there is no such file.
 BusLayout readBusFile(const std::string& path);
 
-// The whole of a small text file; throws std::runtime_error with "PATH: REASON".
-std::string readTextFile(const std::string& path);
-
-}  // namespace sim
+}  // namespace zolt_sim

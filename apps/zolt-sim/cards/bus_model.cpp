@@ -1,12 +1,12 @@
 #include "apps/zolt-sim/cards/bus_model.h"
 
 #include <algorithm>
-#include <iterator>
 
-#include "apps/zolt-sim/cards/card_kinds.h"
 #include "apps/zolt-sim/cards/request.h"
+#include "apps/zolt-sim/error.h"
+#include "lib/text/hexadecimal.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 std::string describe(const SlotSetup& setup) {
@@ -49,18 +49,18 @@ BusModel::Reply BusModel::answer(const Bytes& request) {
             }
             break;
         case RequestKind::kCheck:
-            if (std::equal(request.begin() + 1, request.end(), std::begin(wire::kHardwareCheckMark),
-                           std::end(wire::kHardwareCheckMark))) {
+            if (std::equal(request.begin() + 1, request.end(), wire::kHardwareCheckMark.begin(),
+                           wire::kHardwareCheckMark.end())) {
                 Bytes answer{wire::kControllerStatus};
-                answer.insert(answer.end(), std::begin(wire::kControllerVersion),
-                              std::end(wire::kControllerVersion) - 1);
+                answer.insert(answer.end(), wire::kControllerVersion.begin(),
+                              wire::kControllerVersion.end());
                 return {answer, ""};
             }
             break;
         case RequestKind::kUnknown:
             break;
     }
-    // The controller itself refuses what it does not know, whatever the cards do.
+    // The controller itself refuses an unknown request, whichever cards there are.
     const std::uint8_t named = request.size() > 1 ? request[1] : std::uint8_t{0};
     return {Bytes{wire::kNegative, named}, ""};
 }
@@ -76,7 +76,7 @@ BusModel::Reply BusModel::answerPoll(const Bytes& request) {
     if (inputs == nullptr) {
         return refuse(address);
     }
-    // Only the first of several polls in one request is answered.
+    // A request may hold several polls; only the first is answered.
     const std::size_t length = std::min<std::size_t>(request[2], wire::kLongestPayload - kHead);
     Bytes answer{wire::kPollAnswer, address};
     for (std::size_t i = 0; i < length; ++i) {
@@ -143,28 +143,28 @@ Card* BusModel::cardAt(std::uint8_t address) const {
 }
 
 std::string BusModel::label(std::uint8_t address) const {
-    return "card " + hexDigit(address) + " " + describe(slots_[address].setup) + ": ";
+    return "card " + zolt_text::hexDigit(address) + " " + describe(slots_[address].setup) + ": ";
 }
 
-// `code`: the kind that the card must have; without it any kind that is polled.
-Bytes& BusModel::inputsOf(std::uint8_t address, std::optional<std::uint8_t> code) {
+Bytes& BusModel::inputsOf(std::uint8_t address, std::optional<InputDevice> device) {
     const Slot& slot = slots_[address];
-    Bytes* inputs = slot.card != nullptr ? slot.card->inputs() : nullptr;
-    if (inputs == nullptr || (code && slot.setup.code != *code)) {
-        throw ControlError("address " + hexDigit(address) + " is " + describe(slot.setup) +
-                           ", not " + (code ? kindName(*code) : "an input card"));
+    const CardKind* kind = findKind(slot.setup.code);
+    if (kind == nullptr || kind->inputs == InputDevice::kNone ||
+        (device && kind->inputs != *device)) {
+        throw Error("address " + zolt_text::hexDigit(address) + " is " + describe(slot.setup) +
+                    ", not " + (device ? kindNamesWith(*device) : "an input card"));
     }
-    return *inputs;
+    return *slot.card->inputs();
 }
 
 std::string BusModel::changeInput(std::uint8_t address, Bytes& inputs, std::size_t block,
                                   std::uint8_t value) {
     if (block >= inputs.size()) {
-        throw ControlError("card " + hexDigit(address) + " has only blocks 0 to " +
-                           std::to_string(inputs.size() - 1));
+        throw Error("card " + zolt_text::hexDigit(address) + " has only blocks 0 to " +
+                    std::to_string(inputs.size() - 1));
     }
     inputs[block] = value;
-    return label(address) + hexBytes(inputs);
+    return label(address) + zolt_text::hexBytes(inputs);
 }
 
 std::string BusModel::setInput(std::uint8_t address, std::size_t block, std::uint8_t value) {
@@ -173,7 +173,7 @@ std::string BusModel::setInput(std::uint8_t address, std::size_t block, std::uin
 
 std::string BusModel::press(std::uint8_t address, unsigned input, bool down) {
     constexpr unsigned kBits = 8;
-    Bytes& inputs = inputsOf(address, wire::kCodeDigitalInput);
+    Bytes& inputs = inputsOf(address, InputDevice::kSwitches);
     const std::size_t block = input / kBits;
     const unsigned mask = 1U << (input % kBits);
     const unsigned old = block < inputs.size() ? inputs[block] : 0U;
@@ -182,18 +182,18 @@ std::string BusModel::press(std::uint8_t address, unsigned input, bool down) {
 }
 
 std::string BusModel::turn(std::uint8_t address, std::size_t channel, std::uint8_t value) {
-    return changeInput(address, inputsOf(address, wire::kCodeAnalogueInput), channel, value);
+    return changeInput(address, inputsOf(address, InputDevice::kPotentiometers), channel, value);
 }
 
 std::string BusModel::key(std::uint8_t address, std::uint8_t value) {
-    return changeInput(address, inputsOf(address, wire::kCodeKeyMatrix), 0, value);
+    return changeInput(address, inputsOf(address, InputDevice::kKeys), 0, value);
 }
 
 std::string BusModel::insert(std::uint8_t address, const SlotSetup& setup) {
     Slot& slot = slots_[address];
     if (slot.card != nullptr) {
-        throw ControlError("address " + hexDigit(address) + " is taken by " + describe(slot.setup) +
-                           ": remove it first");
+        throw Error("address " + zolt_text::hexDigit(address) + " is taken by " +
+                    describe(slot.setup) + ": remove it first");
     }
     slot.setup = setup;
     if (setup.content == SlotSetup::Content::kCard) {
@@ -205,7 +205,7 @@ std::string BusModel::insert(std::uint8_t address, const SlotSetup& setup) {
 std::string BusModel::remove(std::uint8_t address) {
     Slot& slot = slots_[address];
     if (slot.setup.content == SlotSetup::Content::kEmpty) {
-        throw ControlError("address " + hexDigit(address) + " is empty already");
+        throw Error("address " + zolt_text::hexDigit(address) + " is empty already");
     }
     std::string change = label(address) + "removed";
     slot = Slot{};
@@ -216,7 +216,8 @@ std::vector<std::string> BusModel::showAll() const {
     std::vector<std::string> lines;
     for (std::size_t i = 0; i < slots_.size(); ++i) {
         const Slot& slot = slots_[i];
-        std::string line = hexDigit(static_cast<std::uint8_t>(i)) + " " + describe(slot.setup);
+        std::string line =
+            zolt_text::hexDigit(static_cast<std::uint8_t>(i)) + " " + describe(slot.setup);
         if (slot.card != nullptr) {
             line += ": " + slot.card->summary();
         }
@@ -235,4 +236,4 @@ std::vector<std::string> BusModel::show(std::uint8_t address) const {
     return lines;
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -2,7 +2,7 @@
 
 #include "apps/zolt-sim/cards/wire.h"
 
-namespace sim {
+namespace zolt_sim {
 
 std::optional<std::string> Card::output(const Bytes&) {
     return std::nullopt;
@@ -21,4 +21,4 @@ std::optional<ConfigResult> Card::configureKind(const ConfigRequest&) {
     return std::nullopt;
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -1,81 +1,87 @@
 #include "apps/zolt-sim/cards/card_kinds.h"
 
 #include <algorithm>
-#include <iterator>
+#include <array>
+#include <type_traits>
 
 #include "apps/zolt-sim/cards/input_cards.h"
 #include "apps/zolt-sim/cards/output_cards.h"
 #include "apps/zolt-sim/cards/stream_cards.h"
-#include "apps/zolt-sim/cards/wire.h"
+#include "lib/text/hexadecimal.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
+/// A new card of class `Kind`, with the preset data bytes if the class has any.
 template <typename Kind>
-std::unique_ptr<Card> make() {
-    return std::make_unique<Kind>();
-}
-
-struct KindRow {
-    std::uint8_t code;
-    std::string_view name;
-    std::unique_ptr<Card> (*make)();
-};
-
-constexpr KindRow kKinds[] = {
-    {wire::kCodeDigitalOutput, "digital-output",
-     []() -> std::unique_ptr<Card> {
-         return std::make_unique<OutputCard>(Bytes{0xFF, 0xFF});
-     }},
-    {wire::kCodeDigitalInput, "digital-input",
-     []() -> std::unique_ptr<Card> { return std::make_unique<InputCard>(2U); }},
-    {wire::kCodeServo, "servo", make<ServoCard>},
-    {wire::kCodeMotor, "motor", make<MotorCard>},
-    {wire::kCodeAnalogueInput, "analogue-input", make<AnalogueInputCard>},
-    {wire::kCodeKeyMatrix, "keymatrix",
-     []() -> std::unique_ptr<Card> { return std::make_unique<InputCard>(1U); }},
-    {wire::kCodeLcd, "lcd", make<LcdCard>},
-    {wire::kCodeIr, "ir", make<IrCard>},
-};
-
-const KindRow* findCode(std::uint8_t code) {
-    const auto* row = std::find_if(std::begin(kKinds), std::end(kKinds),
-                                   [code](const KindRow& kind) { return kind.code == code; });
-    return row == std::end(kKinds) ? nullptr : row;
-}
-
-}  // namespace
-
-std::optional<std::uint8_t> kindCode(std::string_view name) {
-    for (const KindRow& kind : kKinds) {
-        if (kind.name == name) {
-            return kind.code;
-        }
+std::unique_ptr<Card> make(const CardKind& kind) {
+    if constexpr (std::is_constructible_v<Kind, Bytes>) {
+        return std::make_unique<Kind>(Bytes(kind.dataBytes, kind.preset));
+    } else {
+        return std::make_unique<Kind>();
     }
-    return std::nullopt;
 }
 
-std::string kindName(std::uint8_t code) {
-    const KindRow* row = findCode(code);
-    return row != nullptr ? std::string(row->name) : "code " + hexByte(code);
+constexpr std::array kKinds{
+    CardKind{0x03, "digital-output", 2, 0xFF, InputDevice::kNone, make<OutputCard>},
+    CardKind{0x04, "digital-input", 2, 0x00, InputDevice::kSwitches, make<InputCard>},
+    CardKind{0x05, "servo", 6, 0x80, InputDevice::kNone, make<ServoCard>},
+    CardKind{0x06, "motor", 4, 0x00, InputDevice::kNone, make<MotorCard>},
+    CardKind{0x07, "analogue-input", 6, 0x00, InputDevice::kPotentiometers,
+             make<AnalogueInputCard>},
+    CardKind{0x08, "keymatrix", 1, 0x00, InputDevice::kKeys, make<InputCard>},
+    CardKind{0x09, "lcd", 0, 0x00, InputDevice::kNone, make<LcdCard>},
+    CardKind{0x0A, "ir", 0, 0x00, InputDevice::kNone, make<IrCard>},
+};
+
+template <typename Predicate>
+const CardKind* findWhere(Predicate predicate) {
+    const auto* kind = std::find_if(kKinds.begin(), kKinds.end(), predicate);
+    return kind == kKinds.end() ? nullptr : kind;
 }
 
-bool isNamedKind(std::uint8_t code) {
-    return findCode(code) != nullptr;
-}
-
-std::string kindNames() {
+template <typename Predicate>
+std::string namesWhere(Predicate predicate, std::string_view separator) {
     std::string names;
-    for (const KindRow& kind : kKinds) {
-        names += names.empty() ? "" : " ";
-        names += kind.name;
+    for (const CardKind& kind : kKinds) {
+        if (predicate(kind)) {
+            names += names.empty() ? "" : separator;
+            names += kind.name;
+        }
     }
     return names;
 }
 
-std::unique_ptr<Card> makeCard(std::uint8_t code) {
-    const KindRow* row = findCode(code);
-    return row != nullptr ? row->make() : std::make_unique<UnknownCard>();
+}  // namespace
+
+std::span<const CardKind> cardKinds() {
+    return kKinds;
 }
 
-}  // namespace sim
+const CardKind* findKind(std::uint8_t code) {
+    return findWhere([code](const CardKind& kind) { return kind.code == code; });
+}
+
+const CardKind* findKind(std::string_view name) {
+    return findWhere([name](const CardKind& kind) { return kind.name == name; });
+}
+
+std::string kindName(std::uint8_t code) {
+    const CardKind* kind = findKind(code);
+    return kind != nullptr ? std::string(kind->name) : "code " + zolt_text::hexByte(code);
+}
+
+std::string kindNames(std::string_view separator) {
+    return namesWhere([](const CardKind&) { return true; }, separator);
+}
+
+std::string kindNamesWith(InputDevice inputs) {
+    return namesWhere([inputs](const CardKind& kind) { return kind.inputs == inputs; }, " or ");
+}
+
+std::unique_ptr<Card> makeCard(std::uint8_t code) {
+    const CardKind* kind = findKind(code);
+    return kind != nullptr ? kind->make(*kind) : std::make_unique<UnknownCard>();
+}
+
+}  // namespace zolt_sim

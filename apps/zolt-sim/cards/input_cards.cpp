@@ -1,18 +1,19 @@
 #include "apps/zolt-sim/cards/input_cards.h"
 
 #include "apps/zolt-sim/cards/wire.h"
+#include "lib/text/hexadecimal.h"
 
-namespace sim {
+namespace zolt_sim {
 
 std::optional<ConfigResult> AnalogueInputCard::configureKind(const ConfigRequest& request) {
     const bool isSet = request.operation == wire::kConfigSet;
     if (isSet && request.registerNumber == wire::kRegisterMask && request.value) {
         mask_ = *request.value;
-        return ConfigResult{mask_, "mask " + hexByte(mask_)};
+        return ConfigResult{mask_, "mask " + zolt_text::hexByte(mask_)};
     }
     if (isSet && request.registerNumber == wire::kRegisterMaskStore && !request.value) {
         storedMask_ = mask_;
-        return ConfigResult{0, "mask " + hexByte(mask_) + " stored"};
+        return ConfigResult{0, "mask " + zolt_text::hexByte(mask_) + " stored"};
     }
     if (request.operation == wire::kConfigGet && request.registerNumber == wire::kRegisterMask &&
         !request.value) {
@@ -22,7 +23,7 @@ std::optional<ConfigResult> AnalogueInputCard::configureKind(const ConfigRequest
 }
 
 std::vector<std::string> AnalogueInputCard::details() const {
-    return {"mask " + hexByte(mask_) + ", stored " + hexByte(storedMask_)};
+    return {"mask " + zolt_text::hexByte(mask_) + ", stored " + zolt_text::hexByte(storedMask_)};
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

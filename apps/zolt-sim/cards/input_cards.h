@@ -1,33 +1,33 @@
-// The kinds that are polled.
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "apps/zolt-sim/cards/card.h"
+#include "lib/text/hexadecimal.h"
 
-namespace sim {
+namespace zolt_sim {
 
-// Digital input and key matrix: bytes that the world outside sets. They are
-// wires and switches, so a reboot of the card does not change them.
+/// A card that is polled: digital input, key matrix, and the base of the analogue
+/// input. Its bytes are the state of wires and switches outside, so a reboot of the
+/// card does not change them.
 class InputCard : public Card {
   public:
-    explicit InputCard(std::size_t byteCount) : data_(byteCount, 0) {}
+    explicit InputCard(Bytes data) : data_(std::move(data)) {}
 
     Bytes* inputs() override { return &data_; }
-    std::string summary() const override { return hexBytes(data_); }
+    std::string summary() const override { return zolt_text::hexBytes(data_); }
 
   private:
     Bytes data_;
 };
 
-// Analogue input: six bytes and a channel mask, which is kept and told but has
-// no effect on the readings.
+/// An analogue input card: one byte per channel and a mask of the channels. The card
+/// keeps the mask and gives it back, but the mask does not change the readings.
 class AnalogueInputCard final : public InputCard {
   public:
-    static constexpr std::size_t kChannels = 6;
-
-    AnalogueInputCard() : InputCard(kChannels) {}
+    using InputCard::InputCard;
 
     std::vector<std::string> details() const override;
 
@@ -42,4 +42,4 @@ class AnalogueInputCard final : public InputCard {
     std::uint8_t storedMask_ = kAllChannels;
 };
 
-}  // namespace sim
+}  // namespace zolt_sim

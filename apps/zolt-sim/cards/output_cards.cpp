@@ -1,11 +1,15 @@
 #include "apps/zolt-sim/cards/output_cards.h"
 
-#include "apps/zolt-sim/cards/wire.h"
+#include <array>
 
-namespace sim {
+#include "apps/zolt-sim/cards/wire.h"
+#include "lib/text/hexadecimal.h"
+
+namespace zolt_sim {
 namespace {
 
-// The byte that register `number` means in a row of registers from `base` on, or nullptr.
+/// The byte of register `number` if the registers of `values` begin at `base`; nullptr
+/// if that register is none of them.
 std::uint8_t* registerByte(Bytes& values, std::uint8_t base, std::uint8_t number) {
     if (number < base || static_cast<std::size_t>(number - base) >= values.size()) {
         return nullptr;
@@ -24,7 +28,7 @@ std::optional<std::string> OutputCard::output(const Bytes& data) {
         return std::nullopt;
     }
     data_ = data;
-    return hexBytes(data_);
+    return zolt_text::hexBytes(data_);
 }
 
 std::optional<ConfigResult> ServoCard::configureKind(const ConfigRequest& request) {
@@ -34,8 +38,9 @@ std::optional<ConfigResult> ServoCard::configureKind(const ConfigRequest& reques
         std::uint8_t getBase;
         Bytes& values;
     };
-    const End ends[] = {{"A", wire::kRegisterServoSetEndA, wire::kRegisterServoGetEndA, endA_},
-                        {"B", wire::kRegisterServoSetEndB, wire::kRegisterServoGetEndB, endB_}};
+    const std::array ends{
+        End{"A", wire::kRegisterServoSetEndA, wire::kRegisterServoGetEndA, endA_},
+        End{"B", wire::kRegisterServoSetEndB, wire::kRegisterServoGetEndB, endB_}};
     const std::uint8_t number = request.registerNumber;
     for (const End& end : ends) {
         if (request.operation == wire::kConfigSet && request.value) {
@@ -43,7 +48,7 @@ std::optional<ConfigResult> ServoCard::configureKind(const ConfigRequest& reques
                 *value = *request.value;
                 return ConfigResult{*value, "end " + std::string(end.name) + " of channel " +
                                                 channelText(end.setBase, number) + " " +
-                                                hexByte(*value)};
+                                                zolt_text::hexByte(*value)};
             }
         }
         if (request.operation == wire::kConfigGet && !request.value) {
@@ -67,8 +72,8 @@ std::optional<ConfigResult> ServoCard::configureKind(const ConfigRequest& reques
 }
 
 std::vector<std::string> ServoCard::details() const {
-    return {"stored positions " + hexBytes(preset()), "ends A " + hexBytes(endA_),
-            "ends B " + hexBytes(endB_)};
+    return {"stored positions " + zolt_text::hexBytes(preset()),
+            "ends A " + zolt_text::hexBytes(endA_), "ends B " + zolt_text::hexBytes(endB_)};
 }
 
 std::optional<ConfigResult> MotorCard::configureKind(const ConfigRequest& request) {
@@ -87,13 +92,13 @@ std::optional<ConfigResult> MotorCard::configureKind(const ConfigRequest& reques
             *value = *request.value;
             return ConfigResult{*value, "silent range of channel " +
                                             channelText(wire::kRegisterMotorSetRange, number) +
-                                            " " + hexByte(*value)};
+                                            " " + zolt_text::hexByte(*value)};
         }
         return std::nullopt;
     }
     if (number == wire::kRegisterMotorStore) {
         storedRanges_ = ranges_;
-        return ConfigResult{0, "silent ranges " + hexBytes(ranges_) + " stored"};
+        return ConfigResult{0, "silent ranges " + zolt_text::hexBytes(ranges_) + " stored"};
     }
     return std::nullopt;
 }
@@ -104,7 +109,8 @@ void MotorCard::reboot() {
 }
 
 std::vector<std::string> MotorCard::details() const {
-    return {"silent ranges " + hexBytes(ranges_) + ", stored " + hexBytes(storedRanges_)};
+    return {"silent ranges " + zolt_text::hexBytes(ranges_) + ", stored " +
+            zolt_text::hexBytes(storedRanges_)};
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -1,22 +1,24 @@
-// The kinds that take blocks of output bytes.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "apps/zolt-sim/cards/card.h"
+#include "lib/text/hexadecimal.h"
 
-namespace sim {
+namespace zolt_sim {
 
-// Digital output, and the base of the two below: a fixed number of bytes,
-// always sent all together.
+/// A card that takes a fixed number of output bytes, always all of them in one
+/// request: digital output, and the base of the two classes below.
 class OutputCard : public Card {
   public:
-    // `preset`: the bytes after power-up and reboot.
-    explicit OutputCard(Bytes preset) : preset_(preset), data_(std::move(preset)) {}
+    /// `preset`: the bytes after power-up and after a reboot.
+    explicit OutputCard(const Bytes& preset) : preset_(preset), data_(preset) {}
 
     std::optional<std::string> output(const Bytes& data) override;
-    std::string summary() const override { return hexBytes(data_); }
+    std::string summary() const override { return zolt_text::hexBytes(data_); }
 
   protected:
     void reboot() override { data_ = preset_; }
@@ -31,13 +33,13 @@ class OutputCard : public Card {
     Bytes data_;
 };
 
-// Six servos. Stored positions are those taken after a reboot. The end positions
-// have no storing command of their own, so the card keeps them at once.
+/// A card with one servo per data byte. A reboot moves the servos to the stored
+/// positions. The end positions have no command that stores them, so the card keeps
+/// them at once.
 class ServoCard final : public OutputCard {
   public:
-    static constexpr std::size_t kChannels = 6;
-
-    ServoCard() : OutputCard(Bytes(kChannels, 0x80)) {}
+    explicit ServoCard(const Bytes& preset)
+        : OutputCard(preset), endA_(preset.size(), 0x00), endB_(preset.size(), 0xFF) {}
 
     std::vector<std::string> details() const override;
 
@@ -45,16 +47,17 @@ class ServoCard final : public OutputCard {
     std::optional<ConfigResult> configureKind(const ConfigRequest& request) override;
 
   private:
-    Bytes endA_ = Bytes(kChannels, 0x00);
-    Bytes endB_ = Bytes(kChannels, 0xFF);
+    Bytes endA_;
+    Bytes endB_;
 };
 
-// Three DC motors: three values and a control byte, and a silent range per motor.
+/// A card with one data byte per DC motor and a control byte after them. Every motor
+/// has a silent range.
 class MotorCard final : public OutputCard {
   public:
-    static constexpr std::size_t kChannels = 3;
-
-    MotorCard() : OutputCard(Bytes(kChannels + 1, 0x00)) {}
+    /// REQUIRES: `preset` is not empty.
+    explicit MotorCard(const Bytes& preset)
+        : OutputCard(preset), ranges_(preset.size() - 1, 0x00), storedRanges_(ranges_) {}
 
     std::vector<std::string> details() const override;
 
@@ -63,8 +66,8 @@ class MotorCard final : public OutputCard {
     void reboot() override;
 
   private:
-    Bytes ranges_ = Bytes(kChannels, 0x00);
-    Bytes storedRanges_ = Bytes(kChannels, 0x00);
+    Bytes ranges_;
+    Bytes storedRanges_;
 };
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -1,25 +1,26 @@
-// What a request asks for and of whom, read from its first bytes.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string_view>
 
-#include "apps/zolt-sim/text.h"
+#include "apps/zolt-sim/bytes.h"
 
-namespace sim {
+namespace zolt_sim {
 
+/// What a request asks for.
 enum class RequestKind { kPoll, kOutput, kDiscovery, kCheck, kConfig, kUnknown };
 
-// By the first byte alone; an empty request is kUnknown.
+/// Reads only the first byte. An empty request is kUnknown.
 RequestKind requestKind(const Bytes& request);
 
-// The word used in controls ("poll"), or nothing for a word that names no kind.
+/// The kind for a word of the controls, such as "poll"; nothing for any other word.
 std::optional<RequestKind> requestKindNamed(std::string_view word);
+/// The word of the controls for a kind; "unknown" for kUnknown.
 std::string_view requestKindName(RequestKind kind);
 
-// The card that a poll, output or configuration request names in its second
-// byte; nothing for the other requests and for one that ends before it.
+/// The card that a poll, output or configuration request names in its second byte.
+/// Nothing for other requests and for a request that ends before that byte.
 std::optional<std::uint8_t> namedCard(const Bytes& request);
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -3,14 +3,28 @@
 #include <algorithm>
 
 #include "apps/zolt-sim/cards/wire.h"
+#include "lib/text/hexadecimal.h"
+#include "lib/text/printable.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 constexpr std::string_view kSelfTestMessage = "SELF TEST OK";
 
 const char* onOff(bool on) {
     return on ? "on" : "off";
+}
+
+/// The text in quotation marks. A byte that is not printable ASCII, a quotation mark
+/// and a backslash are written as \xNN.
+std::string quoted(const Bytes& text) {
+    std::string result = "\"";
+    for (const std::uint8_t byte : text) {
+        const char character = static_cast<char>(byte);
+        const bool plain = byte >= 0x20 && byte < 0x7F && character != '"' && character != '\\';
+        result += plain ? std::string(1, character) : zolt_text::hexEscape(character);
+    }
+    return result + '"';
 }
 
 }  // namespace
@@ -30,13 +44,13 @@ std::optional<std::string> LcdCard::output(const Bytes& data) {
         bool on;
         const char* change;
     };
-    static constexpr Switch kSwitches[] = {
-        {wire::kLcdLightOn, &LcdCard::light_, true, "light on"},
-        {wire::kLcdLightOff, &LcdCard::light_, false, "light off"},
-        {wire::kLcdCursorOn, &LcdCard::cursor_, true, "cursor on"},
-        {wire::kLcdCursorOff, &LcdCard::cursor_, false, "cursor off"},
-        {wire::kLcdBlinkOn, &LcdCard::blink_, true, "blink on"},
-        {wire::kLcdBlinkOff, &LcdCard::blink_, false, "blink off"}};
+    static constexpr std::array kSwitches{
+        Switch{wire::kLcdLightOn, &LcdCard::light_, true, "light on"},
+        Switch{wire::kLcdLightOff, &LcdCard::light_, false, "light off"},
+        Switch{wire::kLcdCursorOn, &LcdCard::cursor_, true, "cursor on"},
+        Switch{wire::kLcdCursorOff, &LcdCard::cursor_, false, "cursor off"},
+        Switch{wire::kLcdBlinkOn, &LcdCard::blink_, true, "blink on"},
+        Switch{wire::kLcdBlinkOff, &LcdCard::blink_, false, "blink off"}};
     if (data.empty()) {
         return std::nullopt;
     }
@@ -88,7 +102,8 @@ std::vector<std::string> LcdCard::details() const {
     for (std::size_t row = 0; row < kRows; ++row) {
         lines.push_back("row " + std::to_string(row) + " " + quoted(rows_[row]));
     }
-    lines.push_back("self-test " + hexByte(selfTest_) + ", light at boot " + hexByte(initLight_));
+    lines.push_back("self-test " + zolt_text::hexByte(selfTest_) + ", light at boot " +
+                    zolt_text::hexByte(initLight_));
     return lines;
 }
 
@@ -98,11 +113,11 @@ std::optional<ConfigResult> LcdCard::configureKind(const ConfigRequest& request)
     }
     if (request.registerNumber == wire::kRegisterLcdSelfTest) {
         selfTest_ = *request.value;
-        return ConfigResult{selfTest_, "self-test " + hexByte(selfTest_)};
+        return ConfigResult{selfTest_, "self-test " + zolt_text::hexByte(selfTest_)};
     }
     if (request.registerNumber == wire::kRegisterLcdInitLight) {
         initLight_ = *request.value;
-        return ConfigResult{initLight_, "light at boot " + hexByte(initLight_)};
+        return ConfigResult{initLight_, "light at boot " + zolt_text::hexByte(initLight_)};
     }
     return std::nullopt;
 }
@@ -126,7 +141,7 @@ std::optional<std::string> IrCard::output(const Bytes& data) {
 }
 
 std::string IrCard::summary() const {
-    return stream_.empty() ? "stream empty" : "stream " + hexBytes(stream_);
+    return stream_.empty() ? "stream empty" : "stream " + zolt_text::hexBytes(stream_);
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -1,16 +1,17 @@
-// The kinds that take streams: LCD and infra-red.
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "apps/zolt-sim/cards/card.h"
 
-namespace sim {
+namespace zolt_sim {
 
-// Alphanumeric LCD of 4 rows and 20 columns, both counted from 0. Text beyond
-// the end of its row is not seen. The two start-up options are stored at once.
+/// A text display of 4 rows and 20 columns, both counted from 0. Text beyond the end
+/// of its row is not seen. The card keeps the two start-up options at once.
 class LcdCard final : public Card {
   public:
     static constexpr std::size_t kRows = 4;
@@ -38,7 +39,7 @@ class LcdCard final : public Card {
     std::uint8_t initLight_ = 0x00;
 };
 
-// Infra-red sender: remembers the last stream.
+/// An infra-red sender, which remembers the last stream.
 class IrCard final : public Card {
   public:
     std::optional<std::string> output(const Bytes& data) override;
@@ -51,4 +52,4 @@ class IrCard final : public Card {
     Bytes stream_;
 };
 
-}  // namespace sim
+}  // namespace zolt_sim

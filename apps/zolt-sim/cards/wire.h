@@ -1,42 +1,45 @@
-// The bytes on the card bus as the cards see them. Written down here a second
-// time on purpose: a wrong byte on the host's side then fails a test instead of
-// agreeing with itself.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
-namespace sim::wire {
+/// The bytes on the card bus as the cards see them. The daemon has the same bytes in
+/// a header of its own. The simulator does not include that header: a wrong byte on
+/// one side then fails a test instead of agreeing with itself.
+namespace zolt_sim::wire {
 
 inline constexpr std::size_t kAddressCount = 16;
+/// The length byte before a payload counts to 255.
 inline constexpr std::size_t kLongestPayload = 255;
 
-// First byte of a request.
+/// First byte of a request.
 inline constexpr std::uint8_t kOutput = 0x10;
 inline constexpr std::uint8_t kPoll = 0x20;
 inline constexpr std::uint8_t kDiscovery = 0x30;
 inline constexpr std::uint8_t kHardwareCheck = 0x40;
 inline constexpr std::uint8_t kConfig = 0x50;
 
-// The two bytes that follow kHardwareCheck.
-inline constexpr std::uint8_t kHardwareCheckMark[] = {0x6F, 0x9A};
+/// The two bytes that follow kHardwareCheck.
+inline constexpr std::array<std::uint8_t, 2> kHardwareCheckMark{0x6F, 0x9A};
 
-// First byte of an answer.
+/// First byte of an answer.
 inline constexpr std::uint8_t kAcknowledge = 0x06;
 inline constexpr std::uint8_t kPollAnswer = 0x21;
 inline constexpr std::uint8_t kDiscoveryAnswer = 0x31;
 inline constexpr std::uint8_t kConfigAnswer = 0x51;
 inline constexpr std::uint8_t kNegative = 0x4E;
 
-// The bus controller's answer to the hardware check: status, then four characters.
+/// The bus controller's answer to the hardware check: status, then four characters.
 inline constexpr std::uint8_t kControllerStatus = 0x06;
-inline constexpr char kControllerVersion[] = "1.04";
+inline constexpr std::string_view kControllerVersion = "1.04";
 
-// Third byte of a configuration request.
+/// Third byte of a configuration request.
 inline constexpr std::uint8_t kConfigSet = 0x01;
 inline constexpr std::uint8_t kConfigGet = 0x40;
 
-// Configuration registers, fourth byte of a configuration request.
+/// Configuration registers, fourth byte of a configuration request.
 inline constexpr std::uint8_t kRegisterReboot = 0xAB;
 inline constexpr std::uint8_t kRegisterLcdSelfTest = 0x01;
 inline constexpr std::uint8_t kRegisterLcdInitLight = 0x02;
@@ -52,7 +55,7 @@ inline constexpr std::uint8_t kRegisterMotorSetRange = 0xC0;
 inline constexpr std::uint8_t kRegisterMotorGetRange = 0x01;
 inline constexpr std::uint8_t kRegisterMotorStore = 0xCD;
 
-// First data byte of an output request to an LCD card.
+/// First data byte of an output request to an LCD card.
 inline constexpr std::uint8_t kLcdClear = 0x00;
 inline constexpr std::uint8_t kLcdLightOn = 0x01;
 inline constexpr std::uint8_t kLcdLightOff = 0x02;
@@ -62,15 +65,8 @@ inline constexpr std::uint8_t kLcdBlinkOn = 0x05;
 inline constexpr std::uint8_t kLcdBlinkOff = 0x06;
 inline constexpr std::uint8_t kLcdText = 0x09;
 
-// Kind codes in a discovery answer.
-inline constexpr std::uint8_t kCodeEmpty = 0;
-inline constexpr std::uint8_t kCodeDigitalOutput = 3;
-inline constexpr std::uint8_t kCodeDigitalInput = 4;
-inline constexpr std::uint8_t kCodeServo = 5;
-inline constexpr std::uint8_t kCodeMotor = 6;
-inline constexpr std::uint8_t kCodeAnalogueInput = 7;
-inline constexpr std::uint8_t kCodeKeyMatrix = 8;
-inline constexpr std::uint8_t kCodeLcd = 9;
-inline constexpr std::uint8_t kCodeIr = 10;
+/// The byte of a discovery answer for an address without a card. The codes of the
+/// kinds are in card_kinds.cpp.
+inline constexpr std::uint8_t kNoCard = 0;
 
-}  // namespace sim::wire
+}  // namespace zolt_sim::wire

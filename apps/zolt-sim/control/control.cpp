@@ -2,12 +2,12 @@
 
 #include <exception>
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 using Verb = Control::Verb;
 
-// The change that a control makes to a card, as a readable line.
+/// Carries out a control that changes a card and returns the change as a readable line.
 std::string changeCard(const Control& control, BusModel& model) {
     const std::uint8_t address = control.address.value_or(0);
     switch (control.verb) {
@@ -83,4 +83,4 @@ ControlAnswer runControl(std::string_view line, const ControlTarget& target) {
     }
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

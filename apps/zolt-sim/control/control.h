@@ -1,5 +1,3 @@
-// The text commands that play the world around the bus: one line in, zero or
-// more lines and a verdict out.
 #pragma once
 
 #include <cstdint>
@@ -10,13 +8,14 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/zolt-sim/adapter/faults.h"
 #include "apps/zolt-sim/cards/bus_file.h"
 #include "apps/zolt-sim/cards/bus_model.h"
-#include "apps/zolt-sim/line/faults.h"
 #include "apps/zolt-sim/trace.h"
 
-namespace sim {
+namespace zolt_sim {
 
+/// One control: a line of text that plays the world around the bus.
 struct Control {
     enum class Verb {
         kShow,
@@ -37,43 +36,50 @@ struct Control {
         kQuit
     };
     Verb verb = Verb::kHelp;
-    std::optional<std::uint8_t> address;  // absent only for a show of the whole bus
-    unsigned number = 0;                  // block, channel or input
+    /// Absent for a control without a card, and for a show of the whole bus.
+    std::optional<std::uint8_t> address;
+    /// A block, a channel or an input.
+    unsigned number = 0;
     std::uint8_t value = 0;
-    std::string path;  // of plug; empty: the same as before
+    /// Where "plug" links the adapter; empty for the path of the last time.
+    std::string path;
     SlotSetup slot;
     Fault fault;
     TraceFilter filter = TraceFilter::kCommands;
 };
 
-// Throws std::invalid_argument with the reason.
+/// Throws Error with the reason.
 Control parseControl(std::string_view line);
 
-// One line per control: how it is written and what it does.
+/// One line per control: how it is written and what it does.
 std::vector<std::string> controlHelp();
 
+/// The result of one control.
 struct ControlAnswer {
     std::vector<std::string> lines;
-    std::string error;  // empty: carried out
+    /// Empty if the control has been carried out.
+    std::string error;
 
     bool ok() const { return error.empty(); }
-    // The lines, then "ok" or "error: REASON"; each with a line feed.
+    /// The lines, then "ok" or "error: REASON". Each ends with a line feed.
     std::string text() const;
 };
 
-// What the controls act upon.
+/// What the controls act upon.
 struct ControlTarget {
-    std::mutex& lock;  // guards model and faults
+    /// Guards `model` and `faults`.
+    std::mutex& lock;
     BusModel& model;
     FaultList& faults;
     Trace& trace;
-    // Called without the lock. A refusal is a thrown std::exception.
+    /// Called without the lock. A function that refuses throws Error.
     std::function<void(const std::string& path)> plug;
     std::function<void()> unplug;
     std::function<void()> quit;
 };
 
-// May be called by any thread; the lock is only held for memory operations.
+/// Reads and carries out one control. Any thread may call it. The lock is held only for
+/// operations in memory.
 ControlAnswer runControl(std::string_view line, const ControlTarget& target);
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -1,19 +1,23 @@
 #include "apps/zolt-sim/control/control_server.h"
 
-#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <utility>
 
-namespace sim {
+#include "lib/os/descriptor.h"
+
+namespace zolt_sim {
 namespace {
 
+/// Characters.
 constexpr std::size_t kLongestLine = 4000;
 constexpr std::size_t kMostClients = 64;
-// A client that asks without ever reading loses its connection at this backlog.
+/// Bytes of answers. A client that asks without ever reading loses its connection when
+/// more are waiting for it.
 constexpr std::size_t kMostUnsent = 1U << 20U;
 
 using Chunk = std::array<char, 4096>;
@@ -44,54 +48,68 @@ std::vector<std::optional<std::string>> ControlLines::feed(std::string_view text
 ControlServer::ControlServer(Run run, int input, Answer answerInput, ControlSocket* socket)
     : run_(std::move(run)), input_(input), answerInput_(std::move(answerInput)), socket_(socket) {}
 
+std::vector<pollfd> ControlServer::eventsToAwait(const std::vector<int>& stopDescriptors) const {
+    std::vector<pollfd> events;
+    events.reserve(stopDescriptors.size() + 2 + clients_.size());
+    for (const int stop : stopDescriptors) {
+        events.push_back({stop, POLLIN, 0});
+    }
+    const bool accepts = socket_ != nullptr && clients_.size() < kMostClients;
+    events.push_back({input_, POLLIN, 0});
+    events.push_back({accepts ? socket_->descriptor() : -1, POLLIN, 0});
+    for (const Client& client : clients_) {
+        const int wanted = (client.inputEnded ? 0 : POLLIN) | (client.unsent.empty() ? 0 : POLLOUT);
+        events.push_back({client.socket.get(), static_cast<short>(wanted), 0});
+    }
+    return events;
+}
+
 void ControlServer::serve(const std::vector<int>& stopDescriptors) {
-    const std::size_t fixed = stopDescriptors.size() + 2;
+    const auto happened = [](const pollfd& event) { return event.revents != 0; };
     for (;;) {
-        std::vector<pollfd> events;
-        events.reserve(fixed + clients_.size());
-        for (const int stop : stopDescriptors) {
-            events.push_back({stop, POLLIN, 0});
-        }
-        const bool room = clients_.size() < kMostClients;
-        events.push_back({input_, POLLIN, 0});
-        events.push_back({socket_ != nullptr && room ? socket_->descriptor() : -1, POLLIN, 0});
-        for (const Client& client : clients_) {
-            const int wanted =
-                (client.inputEnded ? 0 : POLLIN) | (client.unsent.empty() ? 0 : POLLOUT);
-            events.push_back({client.socket.get(), static_cast<short>(wanted), 0});
-        }
+        std::vector<pollfd> events = eventsToAwait(stopDescriptors);
         if (::poll(events.data(), events.size(), -1) < 0) {
             continue;
         }
-        for (std::size_t i = 0; i < stopDescriptors.size(); ++i) {
-            if (events[i].revents != 0) {
-                return;
-            }
+        const auto stops = std::span<const pollfd>(events).first(stopDescriptors.size());
+        const auto others = std::span<const pollfd>(events).subspan(stops.size());
+        if (std::any_of(stops.begin(), stops.end(), happened)) {
+            return;
         }
-        std::size_t index = fixed;
-        for (Client& client : clients_) {
-            const short happened = events[index++].revents;
-            if ((happened & POLLOUT) != 0) {
-                writeClient(client);
-            }
-            if ((happened & POLLIN) != 0) {
-                readClient(client);
-            }
-            // Gone with nothing left to read, or has got all that it asked for.
-            client.ended = client.ended ||
-                           ((happened & (POLLHUP | POLLERR)) != 0 && (happened & POLLIN) == 0) ||
-                           (client.inputEnded && client.unsent.empty());
-        }
-        clients_.remove_if([](const Client& client) { return client.ended; });
-        if (events[fixed - 2].revents != 0) {
+        serveClients(others.subspan(2));
+        if (happened(others[0])) {
             readInput();
         }
-        if (events[fixed - 1].revents != 0) {
-            Descriptor accepted = socket_->accept();
-            if (accepted.valid()) {
-                clients_.emplace_back().socket = std::move(accepted);
-            }
+        if (happened(others[1])) {
+            acceptClient();
         }
+    }
+}
+
+void ControlServer::serveClients(std::span<const pollfd> events) {
+    std::size_t index = 0;
+    for (Client& client : clients_) {
+        serveClient(client, events[index++].revents);
+    }
+    clients_.remove_if([](const Client& client) { return client.ended; });
+}
+
+void ControlServer::serveClient(Client& client, short happened) {
+    if ((happened & POLLOUT) != 0) {
+        writeClient(client);
+    }
+    if ((happened & POLLIN) != 0) {
+        readClient(client);
+    }
+    const bool gone = (happened & (POLLHUP | POLLERR)) != 0 && (happened & POLLIN) == 0;
+    const bool answered = client.inputEnded && client.unsent.empty();
+    client.ended = client.ended || gone || answered;
+}
+
+void ControlServer::acceptClient() {
+    zolt_os::Descriptor accepted = socket_->accept();
+    if (accepted.valid()) {
+        clients_.emplace_back().socket = std::move(accepted);
     }
 }
 
@@ -110,7 +128,7 @@ void ControlServer::readInput() {
         return;
     }
     if (count <= 0) {
-        // Its end does not end the bus: a background job has no input to begin with.
+        // The end of the input does not end the bus: a background job has no input at all.
         input_ = -1;
         return;
     }
@@ -148,4 +166,4 @@ void ControlServer::writeClient(Client& client) {
     }
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

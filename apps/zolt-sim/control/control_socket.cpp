@@ -7,30 +7,33 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <stdexcept>
 #include <utility>
 
-namespace sim {
+#include "apps/zolt-sim/error.h"
+#include "lib/os/descriptor.h"
+
+namespace zolt_sim {
 namespace {
 
 constexpr int kBacklog = 16;
 
-Descriptor newSocket() {
-    return checked(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0), "socket");
+zolt_os::Descriptor newSocket() {
+    return zolt_os::checked(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0),
+                            "socket");
 }
 
-// Removes a socket file that its owner has left behind.
+/// Removes a socket file whose program has ended without removing it.
 void makeRoom(const std::string& path, const sockaddr* address, socklen_t length) {
     struct stat status {};
     if (::lstat(path.c_str(), &status) != 0) {
         return;
     }
     if (!S_ISSOCK(status.st_mode)) {
-        throw std::runtime_error(path + ": exists and is no socket, left as it is");
+        throw Error(path + ": exists and is not a socket, so it is left as it is");
     }
-    const Descriptor probe = newSocket();
+    const zolt_os::Descriptor probe = newSocket();
     if (::connect(probe.get(), address, length) == 0 || errno != ECONNREFUSED) {
-        throw std::runtime_error(path + ": in use by another program");
+        throw Error(path + ": in use by another program");
     }
     ::unlink(path.c_str());
 }
@@ -41,19 +44,19 @@ ControlSocket::ControlSocket(std::string path) : path_(std::move(path)), socket_
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     if (path_.size() >= sizeof address.sun_path) {
-        throw std::runtime_error(path_ + ": too long for a socket, at most " +
-                                 std::to_string(sizeof address.sun_path - 1) + " characters");
+        throw Error(path_ + ": too long for a socket, at most " +
+                    std::to_string(sizeof address.sun_path - 1) + " characters");
     }
     std::copy(path_.begin(), path_.end(), address.sun_path);
     const auto* plain = reinterpret_cast<const sockaddr*>(&address);
     makeRoom(path_, plain, sizeof address);
     if (::bind(socket_.get(), plain, sizeof address) != 0) {
-        throw std::runtime_error(path_ + ": " + std::strerror(errno));
+        throw Error(path_ + ": " + std::strerror(errno));
     }
     if (::listen(socket_.get(), kBacklog) != 0) {
         const std::string reason = std::strerror(errno);
         ::unlink(path_.c_str());
-        throw std::runtime_error(path_ + ": " + reason);
+        throw Error(path_ + ": " + reason);
     }
 }
 
@@ -61,8 +64,9 @@ ControlSocket::~ControlSocket() {
     ::unlink(path_.c_str());
 }
 
-Descriptor ControlSocket::accept() {
-    return Descriptor(::accept4(socket_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+zolt_os::Descriptor ControlSocket::accept() {
+    return zolt_os::Descriptor(
+        ::accept4(socket_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

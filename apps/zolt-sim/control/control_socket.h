@@ -1,17 +1,17 @@
-// A Unix stream socket on which controls come in.
 #pragma once
 
 #include <string>
 
-#include "apps/zolt-sim/line/descriptor.h"
+#include "lib/os/descriptor.h"
 
-namespace sim {
+namespace zolt_sim {
 
-// Listens as long as the object lives, then removes its file. A socket that
-// nobody listens on any more is replaced; anything else at the path is not touched.
+/// A Unix stream socket on which controls come in. It listens as long as the object
+/// lives; the destructor removes the file. A socket file on which no program listens any
+/// more is replaced; anything else at the path stays untouched.
 class ControlSocket {
   public:
-    // Throws std::runtime_error with "PATH: REASON".
+    /// Throws Error with "PATH: REASON".
     explicit ControlSocket(std::string path);
     ~ControlSocket();
     ControlSocket(const ControlSocket&) = delete;
@@ -19,12 +19,12 @@ class ControlSocket {
 
     int descriptor() const { return socket_.get(); }
 
-    // A waiting client, non-blocking; without descriptor when there is none.
-    Descriptor accept();
+    /// The connection of a waiting client, non-blocking; invalid if there is none.
+    zolt_os::Descriptor accept();
 
   private:
     std::string path_;
-    Descriptor socket_;
+    zolt_os::Descriptor socket_;
 };
 
-}  // namespace sim
+}  // namespace zolt_sim

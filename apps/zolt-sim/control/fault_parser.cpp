@@ -1,15 +1,16 @@
 #include <algorithm>
-#include <iterator>
-#include <stdexcept>
+#include <array>
+#include <chrono>
 #include <string_view>
 
+#include "apps/zolt-sim/adapter/faults.h"
 #include "apps/zolt-sim/cards/wire.h"
-#include "apps/zolt-sim/line/faults.h"
+#include "apps/zolt-sim/error.h"
+#include "lib/text/decimal.h"
+#include "lib/text/hexadecimal.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
-
-using Words = std::vector<std::string>;
 
 enum class Argument { kNone, kMilliseconds, kCount, kByte, kBytes, kClass };
 
@@ -19,46 +20,49 @@ struct FaultRow {
     Argument argument;
 };
 
-constexpr FaultRow kFaults[] = {
-    {"silence", Fault::Kind::kSilence, Argument::kNone},
-    {"delay", Fault::Kind::kDelay, Argument::kMilliseconds},
-    {"noise", Fault::Kind::kNoise, Argument::kBytes},
-    {"truncate", Fault::Kind::kTruncate, Argument::kCount},
-    {"oversize", Fault::Kind::kOversize, Argument::kCount},
-    {"length", Fault::Kind::kLength, Argument::kByte},
-    {"address", Fault::Kind::kAddress, Argument::kByte},
-    {"class", Fault::Kind::kClass, Argument::kClass},
-    {"answer", Fault::Kind::kAnswer, Argument::kBytes},
-    {"raw", Fault::Kind::kRaw, Argument::kBytes},
+constexpr std::array kFaults{
+    FaultRow{"silence", Fault::Kind::kSilence, Argument::kNone},
+    FaultRow{"delay", Fault::Kind::kDelay, Argument::kMilliseconds},
+    FaultRow{"noise", Fault::Kind::kNoise, Argument::kBytes},
+    FaultRow{"truncate", Fault::Kind::kTruncate, Argument::kCount},
+    FaultRow{"oversize", Fault::Kind::kOversize, Argument::kCount},
+    FaultRow{"length", Fault::Kind::kLength, Argument::kByte},
+    FaultRow{"address", Fault::Kind::kAddress, Argument::kByte},
+    FaultRow{"class", Fault::Kind::kClass, Argument::kClass},
+    FaultRow{"answer", Fault::Kind::kAnswer, Argument::kBytes},
+    FaultRow{"raw", Fault::Kind::kRaw, Argument::kBytes},
 };
 
-// An answer's class is told by its first byte; class 5 is the empty answer, for
-// which "length 00" serves.
+/// A class of answers and a first payload byte that belongs to it. Class 5 is the empty
+/// answer, which the fault "length 00" makes.
 struct ClassRow {
     std::string_view name;
     std::uint8_t firstByte;
 };
-constexpr ClassRow kClasses[] = {{"1", 0x54}, {"2", 0x12}, {"3", 0x23}, {"4", 0x4E}, {"6", 0x42}};
+constexpr std::array kClasses{ClassRow{"1", 0x54}, ClassRow{"2", 0x12}, ClassRow{"3", 0x23},
+                              ClassRow{"4", 0x4E}, ClassRow{"6", 0x42}};
 
-constexpr unsigned kLongestDelay = 60000;
+/// Longer than any pause of the daemon, and short enough that a mistyped number does
+/// not stop the bus for good.
+constexpr std::chrono::milliseconds kLongestDelay = std::chrono::minutes(1);
 constexpr unsigned kMostTimes = 1000000;
 
 const FaultRow& rowOf(Fault::Kind kind) {
-    return *std::find_if(std::begin(kFaults), std::end(kFaults),
+    return *std::find_if(kFaults.begin(), kFaults.end(),
                          [kind](const FaultRow& row) { return row.kind == kind; });
 }
 
-// Walks the words after "fault".
+/// Reads the words after "fault", one after the other.
 class FaultReader {
   public:
     explicit FaultReader(const Words& words) : words_(words) {}
 
     Fault read() {
         const std::string& name = take("the kind of fault is missing");
-        const auto* row = std::find_if(std::begin(kFaults), std::end(kFaults),
+        const auto* row = std::find_if(kFaults.begin(), kFaults.end(),
                                        [&](const FaultRow& entry) { return entry.name == name; });
-        if (row == std::end(kFaults)) {
-            throw std::invalid_argument("\"" + name + "\" is no kind of fault");
+        if (row == kFaults.end()) {
+            throw Error("unknown fault \"" + name + "\"");
         }
         fault_.kind = row->kind;
         readArgument(*row);
@@ -71,7 +75,7 @@ class FaultReader {
   private:
     const std::string& take(const char* missing) {
         if (next_ == words_.size()) {
-            throw std::invalid_argument(missing);
+            throw Error(missing);
         }
         return words_[next_++];
     }
@@ -82,10 +86,11 @@ class FaultReader {
             case Argument::kNone:
                 return;
             case Argument::kMilliseconds:
-                fault_.number = number(name + " takes milliseconds", 1, kLongestDelay);
+                fault_.delay = std::chrono::milliseconds(number(
+                    name + " takes milliseconds", 1, static_cast<unsigned>(kLongestDelay.count())));
                 return;
             case Argument::kCount:
-                fault_.number = number(name + " takes a number of bytes", 1, wire::kLongestPayload);
+                fault_.count = number(name + " takes a number of bytes", 1, wire::kLongestPayload);
                 return;
             case Argument::kByte:
                 fault_.bytes = {byte(name)};
@@ -100,20 +105,20 @@ class FaultReader {
     }
 
     unsigned number(const std::string& what, unsigned smallest, unsigned largest) {
-        const auto value = next_ < words_.size() ? parseDecimal(words_[next_], largest)
+        const auto value = next_ < words_.size() ? zolt_text::parseDecimal(words_[next_], largest)
                                                  : std::optional<unsigned>();
         if (!value || *value < smallest) {
-            throw std::invalid_argument(what + ", " + std::to_string(smallest) + " to " +
-                                        std::to_string(largest));
+            throw Error(what + ", " + std::to_string(smallest) + " to " + std::to_string(largest));
         }
         ++next_;
         return *value;
     }
 
     std::uint8_t byte(const std::string& name) {
-        const auto value = parseHexByte(take((name + " takes a hexadecimal byte").c_str()));
+        const auto value =
+            zolt_text::parseHexByte(take((name + " takes a hexadecimal byte").c_str()));
         if (!value) {
-            throw std::invalid_argument(name + " takes a hexadecimal byte, 00 to FF");
+            throw Error(name + " takes a hexadecimal byte, 00 to FF");
         }
         return *value;
     }
@@ -126,15 +131,15 @@ class FaultReader {
                 return row.firstByte;
             }
         }
-        throw std::invalid_argument(kUse);
+        throw Error(kUse);
     }
 
-    // "10 times" after the bytes is a count, not a byte more.
+    /// Whether a count such as "10 times" comes next; its number could also be a byte.
     bool atCount() const { return next_ + 1 < words_.size() && words_[next_ + 1] == "times"; }
 
     void readBytes(const std::string& name) {
         while (next_ < words_.size() && !atCount()) {
-            const auto bytes = parseHexBytes(words_[next_]);
+            const auto bytes = zolt_text::parseHexBytes(words_[next_]);
             if (!bytes) {
                 break;
             }
@@ -142,7 +147,7 @@ class FaultReader {
             ++next_;
         }
         if (fault_.bytes.empty() || fault_.bytes.size() > wire::kLongestPayload) {
-            throw std::invalid_argument(name + " takes 1 to 255 bytes of two hexadecimal digits");
+            throw Error(name + " takes 1 to 255 bytes of two hexadecimal digits");
         }
     }
 
@@ -158,24 +163,24 @@ class FaultReader {
         } else if (word == "always") {
             setTimes(std::nullopt);
         } else if (word == "at" && !fault_.at) {
-            fault_.at = parseHexDigit(take("at takes an address"));
+            fault_.at = zolt_text::parseHexDigit(take("at takes an address"));
             if (!fault_.at) {
-                throw std::invalid_argument("at takes an address, 0 to F");
+                throw Error("at takes an address, 0 to F");
             }
         } else if (word == "for" && !fault_.requestKind) {
             constexpr const char* kUse = "for takes poll, output, discovery, check or config";
             fault_.requestKind = requestKindNamed(take(kUse));
             if (!fault_.requestKind) {
-                throw std::invalid_argument(kUse);
+                throw Error(kUse);
             }
         } else {
-            throw std::invalid_argument("\"" + word + "\" is not understood here");
+            throw Error("\"" + word + "\" is not expected here");
         }
     }
 
     void setTimes(std::optional<unsigned> times) {
         if (timesGiven_) {
-            throw std::invalid_argument("once, N times and always exclude each other");
+            throw Error("once, N times and always exclude each other");
         }
         timesGiven_ = true;
         fault_.times = times;
@@ -192,17 +197,18 @@ std::string argumentText(const Fault& fault) {
         case Argument::kNone:
             return "";
         case Argument::kMilliseconds:
+            return " " + std::to_string(fault.delay.count());
         case Argument::kCount:
-            return " " + std::to_string(fault.number);
+            return " " + std::to_string(fault.count);
         case Argument::kByte:
         case Argument::kBytes:
-            return " " + hexBytes(fault.bytes);
+            return " " + zolt_text::hexBytes(fault.bytes);
         case Argument::kClass:
             break;
     }
-    const auto* row =
-        std::find_if(std::begin(kClasses), std::end(kClasses),
-                     [&](const ClassRow& entry) { return entry.firstByte == fault.bytes.front(); });
+    const auto* row = std::find_if(kClasses.begin(), kClasses.end(), [&](const ClassRow& entry) {
+        return entry.firstByte == fault.bytes.front();
+    });
     return " " + std::string(row->name);
 }
 
@@ -215,7 +221,7 @@ std::string faultName(Fault::Kind kind) {
 std::string faultText(const Fault& fault) {
     std::string text = faultName(fault.kind) + argumentText(fault);
     if (fault.at) {
-        text += " at " + hexDigit(*fault.at);
+        text += " at " + zolt_text::hexDigit(*fault.at);
     }
     if (fault.requestKind) {
         text += " for " + std::string(requestKindName(*fault.requestKind));
@@ -230,4 +236,4 @@ Fault parseFault(const Words& words) {
     return FaultReader(words).read();
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -4,19 +4,21 @@
 #include <utility>
 
 #include "apps/zolt-sim/control/control.h"
-#include "apps/zolt-sim/text.h"
+#include "apps/zolt-sim/error.h"
+#include "apps/zolt-sim/text_file.h"
+#include "lib/text/decimal.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 using std::chrono::microseconds;
 
-// "12" or "12.5": seconds with up to six decimals.
+/// Reads seconds with up to six decimals, such as "12" or "12.5".
 std::optional<microseconds> parseSeconds(const std::string& word) {
-    constexpr unsigned kLongest = 1000000;
+    constexpr unsigned kMostSeconds = 1000000;
     constexpr std::size_t kDecimals = 6;
     const std::size_t point = word.find('.');
-    const auto whole = parseDecimal(word.substr(0, point), kLongest);
+    const auto whole = zolt_text::parseDecimal(word.substr(0, point), kMostSeconds);
     if (!whole) {
         return std::nullopt;
     }
@@ -27,7 +29,7 @@ std::optional<microseconds> parseSeconds(const std::string& word) {
             return std::nullopt;
         }
         decimals.resize(kDecimals, '0');
-        const auto fraction = parseDecimal(decimals, 999999);
+        const auto fraction = zolt_text::parseDecimal(decimals, 999999);
         if (!fraction) {
             return std::nullopt;
         }
@@ -41,10 +43,10 @@ ScenarioStep parseStep(const std::string& line, microseconds earliest) {
     const std::string word = line.substr(0, end);
     const auto time = parseSeconds(word);
     if (!time) {
-        throw std::invalid_argument("\"" + word + "\" is no time in seconds (such as 2 or 2.5)");
+        throw Error("\"" + word + "\" is not a time in seconds such as 2 or 2.5");
     }
     if (*time < earliest) {
-        throw std::invalid_argument("the time " + word + " is before that of the step above");
+        throw Error("the time " + word + " is earlier than the one above");
     }
     const std::string control = end == std::string::npos ? "" : line.substr(end);
     static_cast<void>(parseControl(control));
@@ -55,21 +57,10 @@ ScenarioStep parseStep(const std::string& line, microseconds earliest) {
 
 std::vector<ScenarioStep> parseScenario(std::string_view text, const std::string& fileName) {
     std::vector<ScenarioStep> steps;
-    microseconds latest{0};
-    unsigned lineNumber = 0;
-    for (const std::string& fullLine : splitLines(text)) {
-        ++lineNumber;
-        const std::string line(withoutComment(fullLine));
-        if (line.empty()) {
-            continue;
-        }
-        try {
-            steps.push_back(parseStep(line, latest));
-            latest = steps.back().at;
-        } catch (const std::invalid_argument& error) {
-            throw ScenarioError(fileName + ":" + std::to_string(lineNumber) + ": " + error.what());
-        }
-    }
+    forEachEntry(text, fileName, [&steps](const std::string& entry) {
+        const microseconds earliest = steps.empty() ? microseconds{0} : steps.back().at;
+        steps.push_back(parseStep(entry, earliest));
+    });
     return steps;
 }
 
@@ -85,8 +76,8 @@ ScenarioPlayer::ScenarioPlayer(std::vector<ScenarioStep> steps, Clock::time_poin
       }) {}
 
 ScenarioPlayer::~ScenarioPlayer() {
-    stop_.wake();
+    stop_.raise();
     thread_.join();
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -1,36 +1,33 @@
-// A file of timed controls, so that a demonstration or a bug report can be replayed.
 #pragma once
 
 #include <chrono>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
 
-#include "apps/zolt-sim/line/descriptor.h"
-#include "apps/zolt-sim/line/pause.h"
+#include "apps/zolt-sim/adapter/pause.h"
+#include "lib/os/event.h"
 
-namespace sim {
+namespace zolt_sim {
 
+/// One line of a scenario, a file of timed controls that replays a demonstration or a
+/// bug report.
 struct ScenarioStep {
-    std::chrono::microseconds at{0};  // since the bus was started
-    std::string control;              // already known to be written correctly
+    /// Since the start of the bus.
+    std::chrono::microseconds at{0};
+    /// A control without mistakes.
+    std::string control;
 };
 
-// what() is a complete message: "FILE:LINE: REASON".
-class ScenarioError : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
-};
-
-// `fileName` is only used in messages. Throws ScenarioError.
+/// `fileName` appears only in messages. Throws Error with "FILE:LINE: REASON".
 std::vector<ScenarioStep> parseScenario(std::string_view text, const std::string& fileName);
 
-// Plays the steps on a thread of its own; the destructor leaves out the rest.
+/// Plays the steps on a thread of its own. The destructor drops the steps that are left.
 class ScenarioPlayer {
   public:
+    /// `play` is called on that thread, with the control of each step.
     ScenarioPlayer(std::vector<ScenarioStep> steps, Clock::time_point start,
                    std::function<void(const std::string& control)> play);
     ~ScenarioPlayer();
@@ -38,8 +35,8 @@ class ScenarioPlayer {
     ScenarioPlayer& operator=(const ScenarioPlayer&) = delete;
 
   private:
-    StopEvent stop_;
+    zolt_os::Event stop_;
     std::thread thread_;
 };
 
-}  // namespace sim
+}  // namespace zolt_sim

@@ -25,9 +25,9 @@ std::size_t cardOf(std::string_view payload) {
     return digits.empty() ? 0 : std::stoul(digits, nullptr, 16);
 }
 
-sim::BusOptions optionsFor(const std::string& link,
-                           std::function<void(const std::string&)> onLine) {
-    sim::BusOptions options;
+zolt_sim::BusOptions optionsFor(const std::string& link,
+                                std::function<void(const std::string&)> onLine) {
+    zolt_sim::BusOptions options;
     options.link = link;
     options.baud = 0;
     options.keepTrace = false;

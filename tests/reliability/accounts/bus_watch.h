@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "apps/zolt-sim/line/simulated_bus.h"
+#include "apps/zolt-sim/adapter/simulated_bus.h"
 #include "tests/support/wait.h"
 
 namespace reliability {
@@ -87,7 +87,7 @@ class BusWatch {
 
     std::function<void(const std::string&)> observer_;
     bool plugged_ = true;
-    sim::SimulatedBus bus_;  // last: its thread calls onLine
+    zolt_sim::SimulatedBus bus_;  // last: its thread calls onLine
 };
 
 }  // namespace reliability

@@ -2,10 +2,12 @@
 
 #include <string>
 
-namespace sim {
+#include "apps/zolt-sim/error.h"
 
-/// What a call complains of with an Error; empty when it does not.
-template <typename Error, typename Call>
+namespace zolt_sim {
+
+/// The message of the Error that `call` throws; empty if it throws none.
+template <typename Call>
 std::string complaintOf(Call call) {
     try {
         call();
@@ -15,4 +17,4 @@ std::string complaintOf(Call call) {
     return "";
 }
 
-}  // namespace sim
+}  // namespace zolt_sim

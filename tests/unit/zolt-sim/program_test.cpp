@@ -1,212 +1,119 @@
-// The program zolt-sim as a user starts it.
+#include "apps/zolt-sim/program.h"
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
-#include <csignal>
+#include <stdexcept>
+#include <thread>
 
-#include "apps/zolt-sim/cards/bus_file.h"
+#include "apps/zolt-sim/error.h"
+#include "apps/zolt-sim/text_file.h"
+#include "lib/os/descriptor.h"
+#include "lib/os/event.h"
+#include "tests/unit/zolt-sim/complaint_of.h"
 #include "tests/unit/zolt-sim/support.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
-using test::Host;
-using test::waitUntil;
-
-class Program {
-  public:
-    Program(const test::Folder& folder, std::vector<std::string> arguments)
-        : output_(folder.file("stdout")), error_(folder.file("stderr")) {
-        std::array<int, 2> input{};
-        if (::pipe2(input.data(), O_CLOEXEC) != 0) {
+/// Runs the wired program on a thread of the test, with a pipe as its input and a file as
+/// its output.
+class ProgramTest : public ::testing::Test {
+  protected:
+    ProgramTest() {
+        std::array<int, 2> ends{};
+        if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
             throw std::runtime_error("pipe2 failed");
         }
-        const Descriptor inputReader(input[0]);
-        inputWriter_ = Descriptor(input[1]);
-        posix_spawn_file_actions_t actions;
-        ::posix_spawn_file_actions_init(&actions);
-        ::posix_spawn_file_actions_adddup2(&actions, inputReader.get(), 0);
-        const int flags = O_WRONLY | O_CREAT | O_TRUNC;
-        ::posix_spawn_file_actions_addopen(&actions, 1, output_.c_str(), flags, 0600);
-        ::posix_spawn_file_actions_addopen(&actions, 2, error_.c_str(), flags, 0600);
-        arguments.insert(arguments.begin(), ZOLT_SIM_PROGRAM);
-        std::vector<char*> pointers;
-        for (std::string& argument : arguments) {
-            pointers.push_back(argument.data());
-        }
-        pointers.push_back(nullptr);
-        if (::posix_spawn(&process_, ZOLT_SIM_PROGRAM, &actions, nullptr, pointers.data(),
-                          environ) != 0) {
-            process_ = -1;
-        }
-        ::posix_spawn_file_actions_destroy(&actions);
+        input_ = zolt_os::Descriptor(ends[0]);
+        inputWriter_ = zolt_os::Descriptor(ends[1]);
+        output_ = zolt_os::checked(
+            ::open(outputPath_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), "open");
+        options_.busFile = folder_.write("x.bus", "3 digital-input\n5 digital-output\n");
+        options_.link = folder_.file("ttyUSB0");
+        options_.baud = 0;
     }
-    ~Program() {
-        if (process_ > 0) {
-            ::kill(process_, SIGKILL);
-            ::waitpid(process_, nullptr, 0);
-        }
-    }
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
 
-    void type(const std::string& text) {
+    void run() { runProgram(options_, {input_.get(), output_.get(), stop_.get()}); }
+
+    void type(const std::string& text) const {
         ASSERT_EQ(::write(inputWriter_.get(), text.data(), text.size()),
                   static_cast<ssize_t>(text.size()));
     }
-    void endInput() { const Descriptor ended = std::move(inputWriter_); }
-    void signal(int number) const { ::kill(process_, number); }
-    std::string output() const { return readTextFile(output_); }
-    std::string error() const { return readTextFile(error_); }
 
-    // The exit status; -1 when it does not end, or not by itself.
-    int exitStatus() {
-        int status = 0;
-        if (process_ <= 0 ||
-            !waitUntil([&] { return ::waitpid(process_, &status, WNOHANG) == process_; })) {
-            return -1;
-        }
-        process_ = -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
+    std::string printed() const { return readTextFile(outputPath_); }
 
-  private:
-    std::string output_;
-    std::string error_;
-    Descriptor inputWriter_;
-    pid_t process_ = -1;
-};
-
-class ProgramTest : public ::testing::Test {
-  protected:
-    bool running() const {
-        return waitUntil([this] { return std::filesystem::exists(link_); });
-    }
-    bool gone(const std::string& path) const {
-        return !std::filesystem::exists(std::filesystem::symlink_status(path));
+    static bool exists(const std::string& path) {
+        return std::filesystem::exists(std::filesystem::symlink_status(path));
     }
 
     test::Folder folder_;
-    std::string link_ = folder_.file("ttyUSB0");
-    std::string bus_ = folder_.write("x.bus", "3 digital-input\n5 digital-output\n");
+    Options options_;
+    zolt_os::Event stop_;
+
+  private:
+    std::string outputPath_ = folder_.file("output");
+    zolt_os::Descriptor input_;
+    zolt_os::Descriptor inputWriter_;
+    zolt_os::Descriptor output_;
 };
 
-TEST_F(ProgramTest, AnswersUntilItIsTerminated) {
-    const std::string control = folder_.file("control");
-    const std::string traceFile = folder_.file("trace");
-    Program program(folder_, {"--bus", bus_, "--link", link_, "--baud", "0", "--control", control,
-                              "--trace-file", traceFile});
-    ASSERT_TRUE(running());
-    {
-        Host host(link_);
-        EXPECT_EQ(host.ask({0x20, 3, 2}), (Bytes{0x21, 3, 0, 0}));
-        EXPECT_EQ(host.ask({0x10, 5, 2, 0xFF, 0xFB}), Bytes{0x06});
-    }
-    EXPECT_TRUE(waitUntil([&] {
-        return readTextFile(traceFile).find(" bus>  04 | 21 03 00 00\n") != std::string::npos;
-    }));
-    EXPECT_TRUE(waitUntil([&] {
-        return program.output().find(" card 5 digital-output: FF FB\n") != std::string::npos;
-    }));
-    EXPECT_EQ(program.output().find("20 03 02"), std::string::npos);
-    program.signal(SIGTERM);
-    EXPECT_EQ(program.exitStatus(), 0);
-    EXPECT_TRUE(gone(link_));
-    EXPECT_TRUE(gone(control));
-    EXPECT_EQ(program.error(), "");
+TEST_F(ProgramTest, CarriesOutControlsOfItsInputUntilQuit) {
+    options_.filter = TraceFilter::kNone;
+    type("press 3 6\nshow 3\nquit\n");
+    run();
+    EXPECT_EQ(printed(), "ok\n3 digital-input: 40 00\nok\nok\n");
+    EXPECT_FALSE(exists(options_.link));
 }
 
-TEST_F(ProgramTest, TakesControlsFromItsInputAndQuits) {
-    Program program(folder_, {"--bus", bus_, "--link", link_, "--trace", "none"});
-    program.type("press 3 6\nshow 3\nnonsense\nquit\n");
-    EXPECT_EQ(program.exitStatus(), 0);
-    EXPECT_EQ(program.output(),
-              "ok\n3 digital-input: 40 00\nok\n"
-              "error: \"nonsense\" is no control (help lists them)\nok\n");
-    EXPECT_TRUE(gone(link_));
+TEST_F(ProgramTest, EndsWhenTheStopBecomesReadable) {
+    options_.controlPath = folder_.file("control");
+    std::thread program([this] { run(); });
+    EXPECT_TRUE(test::waitUntil([&] { return exists(options_.link); }));
+    EXPECT_TRUE(exists(options_.controlPath));
+    stop_.raise();
+    program.join();
+    EXPECT_FALSE(exists(options_.link));
+    EXPECT_FALSE(exists(options_.controlPath));
 }
 
-TEST_F(ProgramTest, GoesOnAfterTheEndOfItsInput) {
-    Program program(folder_, {"--bus", bus_, "--link", link_, "--baud=0"});
-    program.endInput();
-    ASSERT_TRUE(running());
-    EXPECT_EQ(Host(link_).ask({0x30}).size(), 17U);
-    program.signal(SIGINT);
-    EXPECT_EQ(program.exitStatus(), 0);
-    EXPECT_TRUE(gone(link_));
+TEST_F(ProgramTest, FiltersWhatItPrintsButNotTheTraceFile) {
+    options_.filter = TraceFilter::kNone;
+    options_.traceFile = folder_.file("trace");
+    type("press 3 6\nquit\n");
+    run();
+    EXPECT_EQ(printed(), "ok\nok\n");
+    const std::string trace = readTextFile(options_.traceFile);
+    EXPECT_NE(trace.find(" note opened as " + options_.link + "\n"), std::string::npos) << trace;
+    EXPECT_NE(trace.find(" card 3 digital-input: 40 00\n"), std::string::npos) << trace;
 }
 
-TEST_F(ProgramTest, IgnoresAnInterruptThatWasIgnoredBefore) {
-    std::signal(SIGINT, SIG_IGN);
-    Program program(folder_, {"--bus", bus_, "--link", link_, "--baud", "0"});
-    std::signal(SIGINT, SIG_DFL);
-    ASSERT_TRUE(running());
-    program.signal(SIGINT);
-    EXPECT_EQ(Host(link_).ask({0x30}).size(), 17U);
-    program.type("quit\n");
-    EXPECT_EQ(program.exitStatus(), 0);
-}
-
-TEST_F(ProgramTest, PlaysAScenario) {
-    const std::string scenario =
-        folder_.write("x.scenario", "0 press 3 6\n0 press 5 1\n0.01 show 3\n0.02 quit\n");
-    Program program(folder_, {"--bus", bus_, "--link", link_, "--scenario", scenario});
-    EXPECT_EQ(program.exitStatus(), 0);
-    const std::string output = program.output();
-    for (const char* line : {" note scenario: press 3 6\n", " card 3 digital-input: 40 00\n",
+TEST_F(ProgramTest, PutsTheScenarioAndItsAnswersIntoTheTrace) {
+    options_.scenarioFile = folder_.write("x.scenario", "0 press 5 1\n0 show 3\n0 quit\n");
+    run();
+    const std::string output = printed();
+    for (const char* line : {" note scenario: press 5 1\n",
                              " note error: address 5 is digital-output, not digital-input\n",
-                             " note 3 digital-input: 40 00\n", " note scenario: quit\n"}) {
+                             " note scenario: show 3\n", " note 3 digital-input: 00 00\n"}) {
         EXPECT_NE(output.find(line), std::string::npos) << line << output;
     }
 }
 
-TEST_F(ProgramTest, TellsWrongUse) {
-    Program program(folder_, {"--bus", bus_});
-    EXPECT_EQ(program.exitStatus(), 2);
-    EXPECT_EQ(program.error(),
-              "zolt-sim: --bus and --link are required\nzolt-sim: --help tells the options\n");
+TEST_F(ProgramTest, ThatCannotStartLeavesNothingBehind) {
+    options_.controlPath = folder_.file("control");
+    options_.traceFile = folder_.file("none/trace");
+    EXPECT_EQ(complaintOf([this] { run(); }), options_.traceFile + ": No such file or directory");
+    EXPECT_FALSE(exists(options_.controlPath));
+    EXPECT_FALSE(exists(options_.link));
 }
 
-TEST_F(ProgramTest, TellsWhyItCannotStart) {
-    const std::string badBus = folder_.write("bad.bus", "\n3 relay\n");
-    {
-        Program program(folder_, {"--bus", badBus, "--link", link_});
-        EXPECT_EQ(program.exitStatus(), 1);
-        EXPECT_EQ(program.error().find("zolt-sim: " + badBus + ":2: \"relay\" is no kind"), 0U)
-            << program.error();
-    }
-    const std::string badScenario = folder_.write("bad.scenario", "0 press\n");
-    {
-        Program program(folder_, {"--bus", bus_, "--link", link_, "--scenario", badScenario});
-        EXPECT_EQ(program.exitStatus(), 1);
-        EXPECT_EQ(program.error(), "zolt-sim: " + badScenario + ":1: use: press A N\n");
-    }
-    const std::string taken = folder_.write("taken", "precious");
-    {
-        const std::string control = folder_.file("control");
-        Program program(folder_, {"--bus", bus_, "--link", taken, "--control", control});
-        EXPECT_EQ(program.exitStatus(), 1);
-        EXPECT_EQ(program.error(),
-                  "zolt-sim: " + taken + ": exists and is no symbolic link, left as it is\n");
-        EXPECT_TRUE(gone(control));
-    }
-    EXPECT_TRUE(gone(link_));
-}
-
-TEST_F(ProgramTest, TellsItsVersionAndOptions) {
-    {
-        Program program(folder_, {"--version"});
-        EXPECT_EQ(program.exitStatus(), 0);
-        EXPECT_EQ(program.output().find("zolt-sim "), 0U);
-    }
-    Program program(folder_, {"--help"});
-    EXPECT_EQ(program.exitStatus(), 0);
-    EXPECT_NE(program.output().find("Use: zolt-sim --bus FILE --link PATH [options]\n"),
-              std::string::npos);
+TEST_F(ProgramTest, ReadsItsFilesBeforeItTouchesAnythingElse) {
+    options_.controlPath = folder_.file("none/control");
+    options_.scenarioFile = folder_.write("x.scenario", "0 press\n");
+    EXPECT_EQ(complaintOf([this] { run(); }), options_.scenarioFile + ":1: use: press A N");
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

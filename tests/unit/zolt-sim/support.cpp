@@ -9,7 +9,9 @@
 #include <cstdlib>
 #include <fstream>
 
-namespace sim::test {
+#include "lib/os/descriptor.h"
+
+namespace zolt_sim::test {
 
 Folder::Folder() {
     std::string name = (std::filesystem::temp_directory_path() / "simXXXXXX").string();
@@ -30,8 +32,8 @@ std::string Folder::write(const std::string& name, const std::string& text) cons
 }
 
 Host::Host(const std::string& link)
-    : port_(checked(::open(link.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC),
-                    link.c_str())) {}
+    : port_(zolt_os::checked(::open(link.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC),
+                             link.c_str())) {}
 
 void Host::send(const Bytes& bytes) {
     ASSERT_EQ(::write(port_.get(), bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
@@ -69,4 +71,4 @@ bool Host::hungUp() const {
     return ::poll(&event, 1, 0) > 0 && (event.revents & POLLHUP) != 0;
 }
 
-}  // namespace sim::test
+}  // namespace zolt_sim::test

@@ -9,10 +9,10 @@
 #include <thread>
 #include <vector>
 
-#include "apps/zolt-sim/line/descriptor.h"
-#include "apps/zolt-sim/text.h"
+#include "apps/zolt-sim/bytes.h"
+#include "lib/os/descriptor.h"
 
-namespace sim::test {
+namespace zolt_sim::test {
 
 // Far beyond what a loaded machine needs; only a failing test waits this long.
 inline constexpr std::chrono::seconds kDeadline{30};
@@ -59,7 +59,7 @@ class Host {
     bool hungUp() const;
 
   private:
-    Descriptor port_;
+    zolt_os::Descriptor port_;
     Bytes received_;
 };
 
@@ -73,4 +73,4 @@ bool waitForLine(Lines lines, const std::string& end) {
     });
 }
 
-}  // namespace sim::test
+}  // namespace zolt_sim::test

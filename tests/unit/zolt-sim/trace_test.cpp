@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 // The line with every digit of its time as '#'.
@@ -65,4 +65,4 @@ TEST(Trace, FiltersHaveNames) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

@@ -5,13 +5,13 @@
 #include "tests/unit/zolt-sim/complaint_of.h"
 #include "tests/unit/zolt-sim/support.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 using Content = SlotSetup::Content;
 
 std::string reasonForBus(const std::string& text) {
-    return complaintOf<BusFileError>([&] { parseBusText(text, "x.bus"); });
+    return complaintOf([&] { parseBusText(text, "x.bus"); });
 }
 
 TEST(BusFile, SaysWhatSitsWhere) {
@@ -28,7 +28,7 @@ TEST(BusFile, SaysWhatSitsWhere) {
     EXPECT_FALSE(layout.missingSilent);
 }
 
-TEST(BusFile, SaysWhoAnswersForEmptyAddresses) {
+TEST(BusFile, SaysWhetherEmptyAddressesAreAnswered) {
     EXPECT_TRUE(parseBusText("missing silent", "x.bus").missingSilent);
     EXPECT_FALSE(parseBusText("missing negative", "x.bus").missingSilent);
 }
@@ -41,12 +41,13 @@ TEST(BusFile, MayBeEmpty) {
 
 TEST(BusFile, TellsFileLineAndReason) {
     EXPECT_EQ(reasonForBus("# one\nG servo\n"),
-              "x.bus:2: \"G\" is no address (0 to F) and not \"missing\"");
+              "x.bus:2: \"G\" is neither an address (0 to F) nor \"missing\"");
     EXPECT_EQ(reasonForBus("3\n"), "x.bus:1: the kind of the card is missing");
-    EXPECT_EQ(reasonForBus("3 relay\n"),
-              "x.bus:1: \"relay\" is no kind of card (digital-output digital-input servo motor "
-              "analogue-input keymatrix lcd ir, code NN, silent)");
-    EXPECT_EQ(reasonForBus("3 servo servo\n"), "x.bus:1: too much after \"servo\"");
+    EXPECT_EQ(
+        reasonForBus("3 relay\n"),
+        "x.bus:1: unknown kind of card \"relay\" (kinds: digital-output, digital-input, servo, "
+        "motor, analogue-input, keymatrix, lcd, ir, code NN, silent)");
+    EXPECT_EQ(reasonForBus("3 servo servo\n"), "x.bus:1: too many words after \"servo\"");
     EXPECT_EQ(reasonForBus("3 servo\n\n3 lcd\n"), "x.bus:3: address 3 is given a second time");
     EXPECT_EQ(reasonForBus("3 code\n"), "x.bus:1: code takes one hexadecimal number from 01 to FF");
     EXPECT_EQ(reasonForBus("3 code 00\n"),
@@ -61,25 +62,10 @@ TEST(BusFile, IsReadFromDisk) {
     const test::Folder folder;
     EXPECT_EQ(readBusFile(folder.write("good.bus", "E lcd\n")).slots[14].code, 9);
     const std::string bad = folder.write("bad.bus", "E lcd\nE\n");
-    try {
-        readBusFile(bad);
-        FAIL() << "accepted";
-    } catch (const BusFileError& error) {
-        EXPECT_EQ(error.what(), bad + ":2: address E is given a second time");
-    }
-}
-
-TEST(BusFile, ThatCannotBeReadIsNamed) {
-    const test::Folder folder;
-    const std::string path = folder.file("none.bus");
-    try {
-        readBusFile(path);
-        FAIL() << "accepted";
-    } catch (const BusFileError& error) {
-        EXPECT_EQ(error.what(), path + ": No such file or directory");
-    }
-    EXPECT_THROW(readBusFile(folder.file("")), BusFileError);
+    EXPECT_EQ(complaintOf([&] { readBusFile(bad); }), bad + ":2: address E is given a second time");
+    const std::string none = folder.file("none.bus");
+    EXPECT_EQ(complaintOf([&] { readBusFile(none); }), none + ": No such file or directory");
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

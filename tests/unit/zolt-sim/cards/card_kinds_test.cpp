@@ -2,25 +2,44 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <utility>
+#include <vector>
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 TEST(CardKinds, HaveTheirCodesOnTheWire) {
-    const std::pair<const char*, std::uint8_t> kinds[] = {
-        {"digital-output", 3}, {"digital-input", 4}, {"servo", 5}, {"motor", 6},
-        {"analogue-input", 7}, {"keymatrix", 8},     {"lcd", 9},   {"ir", 10}};
-    for (const auto& [name, code] : kinds) {
-        EXPECT_EQ(kindCode(name), code) << name;
-        EXPECT_EQ(kindName(code), name);
-        EXPECT_TRUE(isNamedKind(code)) << name;
+    std::vector<std::pair<std::string_view, int>> kinds;
+    for (const CardKind& kind : cardKinds()) {
+        kinds.emplace_back(kind.name, kind.code);
     }
-    EXPECT_FALSE(kindCode("relay"));
-    EXPECT_FALSE(isNamedKind(2));
+    EXPECT_EQ(kinds, (std::vector<std::pair<std::string_view, int>>{{"digital-output", 3},
+                                                                    {"digital-input", 4},
+                                                                    {"servo", 5},
+                                                                    {"motor", 6},
+                                                                    {"analogue-input", 7},
+                                                                    {"keymatrix", 8},
+                                                                    {"lcd", 9},
+                                                                    {"ir", 10}}));
+}
+
+TEST(CardKinds, AreFoundByCodeAndByName) {
+    for (const CardKind& kind : cardKinds()) {
+        EXPECT_EQ(findKind(kind.code), &kind);
+        EXPECT_EQ(findKind(kind.name), &kind);
+        EXPECT_EQ(kindName(kind.code), kind.name);
+    }
+    EXPECT_EQ(findKind("relay"), nullptr);
+    EXPECT_EQ(findKind(2), nullptr);
     EXPECT_EQ(kindName(2), "code 02");
-    EXPECT_EQ(kindNames(),
+}
+
+TEST(CardKinds, AreListedByName) {
+    EXPECT_EQ(kindNames(" "),
               "digital-output digital-input servo motor analogue-input keymatrix lcd ir");
+    EXPECT_EQ(kindNamesWith(InputDevice::kSwitches), "digital-input");
+    EXPECT_EQ(kindNamesWith(InputDevice::kNone), "digital-output or servo or motor or lcd or ir");
 }
 
 TEST(CardKinds, StartAsAHostPresetsThem) {
@@ -35,12 +54,31 @@ TEST(CardKinds, StartAsAHostPresetsThem) {
     EXPECT_EQ(makeCard(0x42)->summary(), "no state");
 }
 
-TEST(CardKinds, OnlyThreeArePolled) {
-    for (std::uint8_t code = 1; code < 16; ++code) {
-        EXPECT_EQ(makeCard(code)->inputs() != nullptr, code == 4 || code == 7 || code == 8)
-            << int{code};
+TEST(CardKinds, ArePolledIfTheyHaveInputs) {
+    std::set<std::string_view> polled;
+    for (const CardKind& kind : cardKinds()) {
+        const auto card = makeCard(kind.code);
+        const Bytes* inputs = card->inputs();
+        EXPECT_EQ(inputs != nullptr, kind.inputs != InputDevice::kNone) << kind.name;
+        if (inputs != nullptr) {
+            EXPECT_EQ(inputs->size(), kind.dataBytes) << kind.name;
+            polled.insert(kind.name);
+        }
+    }
+    EXPECT_EQ(polled, (std::set<std::string_view>{"analogue-input", "digital-input", "keymatrix"}));
+    EXPECT_EQ(makeCard(0x42)->inputs(), nullptr);
+}
+
+TEST(CardKinds, TakeAsManyOutputBytesAsTheTableSays) {
+    for (const CardKind& kind : cardKinds()) {
+        if (kind.inputs != InputDevice::kNone || kind.dataBytes == 0) {
+            continue;
+        }
+        const auto card = makeCard(kind.code);
+        EXPECT_TRUE(card->output(Bytes(kind.dataBytes, 0x11))) << kind.name;
+        EXPECT_FALSE(card->output(Bytes(kind.dataBytes + 1, 0x11))) << kind.name;
     }
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

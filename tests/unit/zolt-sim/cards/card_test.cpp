@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 TEST(Card, OfAnUnknownCodeUnderstandsOnlyTheReboot) {
@@ -23,4 +23,4 @@ TEST(Card, RebootTakesNoValueAndIsNoReading) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

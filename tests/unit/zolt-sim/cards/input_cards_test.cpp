@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 TEST(InputCard, KeepsItsInputsOverAReboot) {
-    InputCard card(2);
+    InputCard card({0x00, 0x00});
     ASSERT_NE(card.inputs(), nullptr);
     *card.inputs() = {0x40, 0x01};
     EXPECT_TRUE(card.configure({0x01, 0xAB, std::nullopt}));
@@ -14,12 +14,12 @@ TEST(InputCard, KeepsItsInputsOverAReboot) {
 }
 
 TEST(InputCard, TakesNoOutput) {
-    InputCard card(2);
+    InputCard card({0x00, 0x00});
     EXPECT_FALSE(card.output({0x00, 0x00}));
 }
 
 TEST(AnalogueInputCard, TellsTheMaskThatWasSet) {
-    AnalogueInputCard card;
+    AnalogueInputCard card(Bytes(6, 0x00));
     EXPECT_EQ(card.configure({0x40, 0x01, std::nullopt})->value, 0x3F);
     const auto set = card.configure({0x01, 0x01, 0x80});
     ASSERT_TRUE(set);
@@ -32,7 +32,7 @@ TEST(AnalogueInputCard, TellsTheMaskThatWasSet) {
 }
 
 TEST(AnalogueInputCard, RebootsIntoTheStoredMask) {
-    AnalogueInputCard card;
+    AnalogueInputCard card(Bytes(6, 0x00));
     card.configure({0x01, 0x01, 0x15});
     card.configure({0x01, 0xAB, std::nullopt});
     EXPECT_EQ(card.configure({0x40, 0x01, std::nullopt})->value, 0x3F);
@@ -45,7 +45,7 @@ TEST(AnalogueInputCard, RebootsIntoTheStoredMask) {
 }
 
 TEST(AnalogueInputCard, RefusesOtherRegistersAndShapes) {
-    AnalogueInputCard card;
+    AnalogueInputCard card(Bytes(6, 0x00));
     EXPECT_FALSE(card.configure({0x01, 0x01, std::nullopt}));
     EXPECT_FALSE(card.configure({0x01, 0x02, 0x00}));
     EXPECT_FALSE(card.configure({0x40, 0x02, std::nullopt}));
@@ -54,4 +54,4 @@ TEST(AnalogueInputCard, RefusesOtherRegistersAndShapes) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 constexpr std::uint8_t kSet = 0x01;
@@ -35,7 +35,7 @@ TEST(OutputCard, RebootsIntoItsPreset) {
 }
 
 TEST(ServoCard, KeepsEndsByChannelAndEnd) {
-    ServoCard card;
+    ServoCard card(Bytes(6, 0x80));
     EXPECT_EQ(get(card, 0x21), 0x00);
     EXPECT_EQ(get(card, 0x2C), 0xFF);
     const auto result = card.configure({kSet, 0xD2, 0x80});
@@ -51,14 +51,14 @@ TEST(ServoCard, KeepsEndsByChannelAndEnd) {
 }
 
 TEST(ServoCard, KeepsEndsOverAReboot) {
-    ServoCard card;
+    ServoCard card(Bytes(6, 0x80));
     card.configure({kSet, 0xC0, 0x12});
     EXPECT_TRUE(command(card, 0xAB));
     EXPECT_EQ(get(card, 0x21), 0x12);
 }
 
 TEST(ServoCard, StoresPositionsAndGoesBackToThem) {
-    ServoCard card;
+    ServoCard card(Bytes(6, 0x80));
     card.output({1, 2, 3, 4, 5, 6});
     EXPECT_EQ(card.configure({kSet, 0x74, std::nullopt})->change,
               "positions 01 02 03 04 05 06 stored");
@@ -72,7 +72,7 @@ TEST(ServoCard, StoresPositionsAndGoesBackToThem) {
 }
 
 TEST(ServoCard, RefusesOtherRegistersAndShapes) {
-    ServoCard card;
+    ServoCard card(Bytes(6, 0x80));
     EXPECT_FALSE(card.configure({kSet, 0xC6, 0x00}));
     EXPECT_FALSE(card.configure({kSet, 0xD6, 0x00}));
     EXPECT_FALSE(card.configure({kSet, 0xC0, std::nullopt}));
@@ -84,7 +84,7 @@ TEST(ServoCard, RefusesOtherRegistersAndShapes) {
 }
 
 TEST(MotorCard, KeepsSilentRangesUntilTheRebootUnlessStored) {
-    MotorCard card;
+    MotorCard card(Bytes(4, 0x00));
     const auto result = card.configure({kSet, 0xC2, 0x10});
     ASSERT_TRUE(result);
     EXPECT_EQ(result->value, 0x10);
@@ -101,14 +101,14 @@ TEST(MotorCard, KeepsSilentRangesUntilTheRebootUnlessStored) {
 }
 
 TEST(MotorCard, StandsStillAfterAReboot) {
-    MotorCard card;
+    MotorCard card(Bytes(4, 0x00));
     EXPECT_EQ(card.output({0x10, 0x20, 0x30, 0x01}), "10 20 30 01");
     EXPECT_TRUE(command(card, 0xAB));
     EXPECT_EQ(card.summary(), "00 00 00 00");
 }
 
 TEST(MotorCard, RefusesOtherRegistersAndShapes) {
-    MotorCard card;
+    MotorCard card(Bytes(4, 0x00));
     EXPECT_FALSE(card.configure({kSet, 0xC3, 0x00}));
     EXPECT_FALSE(card.configure({kSet, 0xCD, 0x00}));
     EXPECT_FALSE(card.configure({kSet, 0xC0, std::nullopt}));
@@ -118,4 +118,4 @@ TEST(MotorCard, RefusesOtherRegistersAndShapes) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 TEST(Request, IsToldByItsFirstByte) {
@@ -36,4 +36,4 @@ TEST(Request, NamesACardInItsSecondByte) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

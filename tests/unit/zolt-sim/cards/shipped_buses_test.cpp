@@ -3,7 +3,7 @@
 #include "apps/zolt-sim/cards/bus_file.h"
 #include "apps/zolt-sim/cards/bus_model.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 Bytes discovered(const std::string& name) {
@@ -29,4 +29,4 @@ TEST(ShippedBuses, Empty) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 Bytes textFrame(std::uint8_t column, std::uint8_t row, std::string_view text) {
@@ -26,6 +26,12 @@ TEST(LcdCard, ShowsTextByColumnAndRow) {
     EXPECT_EQ(row(card, 1), "row 1 \"   Tail of the cat  \"");
     EXPECT_EQ(card.output(textFrame(0, 1, "AB")), "text at column 0 row 1 \"AB\"");
     EXPECT_EQ(row(card, 1), "row 1 \"AB Tail of the cat  \"");
+}
+
+TEST(LcdCard, WritesBytesThatDoNotPrintAsHexadecimal) {
+    LcdCard card;
+    EXPECT_EQ(card.output(textFrame(0, 0, "a \"\x07\\\xE9")),
+              "text at column 0 row 0 \"a \\x22\\x07\\x5C\\xE9\"");
 }
 
 TEST(LcdCard, CutsTextAtTheEndOfTheRow) {
@@ -122,4 +128,4 @@ TEST(IrCard, RefusesACountThatDoesNotFit) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

@@ -9,9 +9,11 @@
 #include <mutex>
 #include <thread>
 
+#include "lib/os/descriptor.h"
+#include "lib/os/event.h"
 #include "tests/unit/zolt-sim/support.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 using Lines = std::vector<std::optional<std::string>>;
@@ -34,7 +36,7 @@ TEST(ControlLines, RefusesALineThatIsTooLongAsAWhole) {
 class Client {
   public:
     explicit Client(const std::string& path)
-        : socket_(checked(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0), "socket")) {
+        : socket_(zolt_os::checked(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0), "socket")) {
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
         std::copy(path.begin(), path.end(), address.sun_path);
@@ -63,7 +65,7 @@ class Client {
     }
 
   private:
-    Descriptor socket_;
+    zolt_os::Descriptor socket_;
 };
 
 class ControlServerTest : public ::testing::Test {
@@ -73,8 +75,8 @@ class ControlServerTest : public ::testing::Test {
         if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
             throw std::runtime_error("pipe2 failed");
         }
-        inputReader_ = Descriptor(ends[0]);
-        inputWriter_ = Descriptor(ends[1]);
+        inputReader_ = zolt_os::Descriptor(ends[0]);
+        inputWriter_ = zolt_os::Descriptor(ends[1]);
         thread_ = std::thread([this] {
             ControlServer server(
                 [](const std::string& line) {
@@ -90,7 +92,7 @@ class ControlServerTest : public ::testing::Test {
         });
     }
     ~ControlServerTest() override {
-        stop_.wake();
+        stop_.raise();
         thread_.join();
     }
 
@@ -108,9 +110,9 @@ class ControlServerTest : public ::testing::Test {
     test::Folder folder_;
     std::string path_ = folder_.file("control");
     ControlSocket socket_{path_};
-    StopEvent stop_;
-    Descriptor inputReader_;
-    Descriptor inputWriter_;
+    zolt_os::Event stop_;
+    zolt_os::Descriptor inputReader_;
+    zolt_os::Descriptor inputWriter_;
     std::mutex lock_;
     std::string output_;
     std::thread thread_;
@@ -137,7 +139,7 @@ TEST_F(ControlServerTest, AnswersSeveralClientsAtOnce) {
 }
 
 TEST_F(ControlServerTest, GoesOnAfterTheEndOfTheInput) {
-    { const Descriptor ended = std::move(inputWriter_); }
+    { const zolt_os::Descriptor ended = std::move(inputWriter_); }
     Client client(path_);
     client.send("still\n");
     EXPECT_EQ(client.receive(9), "still\nok\n");
@@ -164,4 +166,4 @@ TEST_F(ControlServerTest, GivesALargeAnswerInFullToAClientThatReadsLate) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

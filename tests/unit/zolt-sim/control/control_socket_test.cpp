@@ -4,14 +4,15 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 
+#include "lib/os/descriptor.h"
 #include "tests/unit/zolt-sim/complaint_of.h"
 #include "tests/unit/zolt-sim/support.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 std::string reasonForSocket(const std::string& path) {
-    return complaintOf<std::runtime_error>([&] { const ControlSocket socket(path); });
+    return complaintOf([&] { const ControlSocket socket(path); });
 }
 
 TEST(ControlSocket, RemovesItsFile) {
@@ -29,7 +30,8 @@ TEST(ControlSocket, ReplacesOneThatNobodyListensOn) {
     const test::Folder folder;
     const std::string path = folder.file("control");
     {
-        const Descriptor left = checked(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0), "socket");
+        const zolt_os::Descriptor left =
+            zolt_os::checked(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0), "socket");
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
         std::copy(path.begin(), path.end(), address.sun_path);
@@ -51,7 +53,7 @@ TEST(ControlSocket, DoesNotTakeOneFromAnother) {
 TEST(ControlSocket, LeavesOtherFilesAlone) {
     const test::Folder folder;
     const std::string path = folder.write("control", "precious");
-    EXPECT_EQ(reasonForSocket(path), path + ": exists and is no socket, left as it is");
+    EXPECT_EQ(reasonForSocket(path), path + ": exists and is not a socket, so it is left as it is");
     EXPECT_EQ(std::filesystem::file_size(path), 8U);
 }
 
@@ -65,4 +67,4 @@ TEST(ControlSocket, TellsWhyItCannotListen) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 class ControlTest : public ::testing::Test {
@@ -89,4 +89,4 @@ TEST_F(ControlTest, AnswersInLinesWithAVerdict) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "apps/zolt-sim/line/faults.h"
+#include "apps/zolt-sim/adapter/faults.h"
 #include "tests/unit/zolt-sim/complaint_of.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 Fault parse(const std::string& text) {
@@ -11,7 +11,7 @@ Fault parse(const std::string& text) {
 }
 
 std::string reasonForFault(const std::string& text) {
-    return complaintOf<std::invalid_argument>([&] { parse(text); });
+    return complaintOf([&] { parse(text); });
 }
 
 TEST(FaultParser, KnowsEveryKind) {
@@ -50,7 +50,7 @@ TEST(FaultParser, TellsACountFromAByteMore) {
 
 TEST(FaultParser, TellsWhatIsWrong) {
     EXPECT_EQ(reasonForFault(""), "the kind of fault is missing");
-    EXPECT_EQ(reasonForFault("fire"), "\"fire\" is no kind of fault");
+    EXPECT_EQ(reasonForFault("fire"), "unknown fault \"fire\"");
     EXPECT_EQ(reasonForFault("delay"), "delay takes milliseconds, 1 to 60000");
     EXPECT_EQ(reasonForFault("delay 60001"), "delay takes milliseconds, 1 to 60000");
     EXPECT_EQ(reasonForFault("truncate 0"), "truncate takes a number of bytes, 1 to 255");
@@ -60,16 +60,16 @@ TEST(FaultParser, TellsWhatIsWrong) {
     EXPECT_EQ(reasonForFault("class"), "class takes 1, 2, 3, 4 or 6");
     EXPECT_EQ(reasonForFault("raw"), "raw takes 1 to 255 bytes of two hexadecimal digits");
     EXPECT_EQ(reasonForFault("raw 5 times"), "raw takes 1 to 255 bytes of two hexadecimal digits");
-    EXPECT_EQ(reasonForFault("raw 0102 3"), "\"3\" is not understood here");
+    EXPECT_EQ(reasonForFault("raw 0102 3"), "\"3\" is not expected here");
     EXPECT_EQ(reasonForFault("silence at"), "at takes an address");
     EXPECT_EQ(reasonForFault("silence at 10"), "at takes an address, 0 to F");
-    EXPECT_EQ(reasonForFault("silence at 1 at 2"), "\"at\" is not understood here");
+    EXPECT_EQ(reasonForFault("silence at 1 at 2"), "\"at\" is not expected here");
     EXPECT_EQ(reasonForFault("silence for lunch"),
               "for takes poll, output, discovery, check or config");
     EXPECT_EQ(reasonForFault("silence 0 times"), "times takes a number, 1 to 1000000");
     EXPECT_EQ(reasonForFault("silence once always"), "once, N times and always exclude each other");
-    EXPECT_EQ(reasonForFault("silence twice"), "\"twice\" is not understood here");
+    EXPECT_EQ(reasonForFault("silence twice"), "\"twice\" is not expected here");
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim

@@ -7,13 +7,13 @@
 #include "tests/unit/zolt-sim/complaint_of.h"
 #include "tests/unit/zolt-sim/support.h"
 
-namespace sim {
+namespace zolt_sim {
 namespace {
 
 using std::chrono::microseconds;
 
 std::string reasonForScenario(const std::string& text) {
-    return complaintOf<ScenarioError>([&] { parseScenario(text, "x.scenario"); });
+    return complaintOf([&] { parseScenario(text, "x.scenario"); });
 }
 
 TEST(Scenario, IsAListOfTimesAndControls) {
@@ -32,19 +32,20 @@ TEST(Scenario, IsAListOfTimesAndControls) {
 
 TEST(Scenario, TellsFileLineAndReason) {
     EXPECT_EQ(reasonForScenario("soon press 3 6\n"),
-              "x.scenario:1: \"soon\" is no time in seconds (such as 2 or 2.5)");
+              "x.scenario:1: \"soon\" is not a time in seconds such as 2 or 2.5");
     EXPECT_EQ(reasonForScenario("1. show\n"),
-              "x.scenario:1: \"1.\" is no time in seconds (such as 2 or 2.5)");
+              "x.scenario:1: \"1.\" is not a time in seconds such as 2 or 2.5");
     EXPECT_EQ(reasonForScenario(".5 show\n"),
-              "x.scenario:1: \".5\" is no time in seconds (such as 2 or 2.5)");
+              "x.scenario:1: \".5\" is not a time in seconds such as 2 or 2.5");
     EXPECT_EQ(reasonForScenario("1.0000001 show\n"),
-              "x.scenario:1: \"1.0000001\" is no time in seconds (such as 2 or 2.5)");
+              "x.scenario:1: \"1.0000001\" is not a time in seconds such as 2 or 2.5");
     EXPECT_EQ(reasonForScenario("-1 show\n"),
-              "x.scenario:1: \"-1\" is no time in seconds (such as 2 or 2.5)");
+              "x.scenario:1: \"-1\" is not a time in seconds such as 2 or 2.5");
     EXPECT_EQ(reasonForScenario("2 show\n\n1.9 show\n"),
-              "x.scenario:3: the time 1.9 is before that of the step above");
+              "x.scenario:3: the time 1.9 is earlier than the one above");
     EXPECT_EQ(reasonForScenario("1 press 3\n"), "x.scenario:1: use: press A N");
-    EXPECT_EQ(reasonForScenario("1\n"), "x.scenario:1: empty line (help lists the controls)");
+    EXPECT_EQ(reasonForScenario("1\n"),
+              "x.scenario:1: the line is empty (help lists the controls)");
 }
 
 TEST(ScenarioPlayer, PlaysInOrder) {
@@ -73,4 +74,4 @@ TEST(ScenarioPlayer, LeavesTheRestOutWhenItEnds) {
 }
 
 }  // namespace
-}  // namespace sim
+}  // namespace zolt_sim
