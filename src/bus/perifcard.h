@@ -7,6 +7,7 @@
 
 #include "common/byte_list.h"
 #include "thread/MutexClass.h"
+#include "thread/shared_field.h"
 
 /// Values of PERIFCARD::cardClass.
 namespace card_class {
@@ -57,8 +58,9 @@ class PERIFCARD {
     /// Serial task: 1 where the value of the same index changed in the last poll
     /// answer.
     std::array<std::atomic<std::uint8_t>, kBlocks> changed{};
-    /// The master loop's per-card switch; on after discovery of an input card.
-    std::atomic<bool> pollingOn{false};
+    /// The switch of this card's polling, which the master loop sets; discovery switches
+    /// it on for an input card.
+    SharedField<bool> pollingOn{false};
     /// Running sums of the channels, answers summed so far, and answers to sum.
     std::array<std::atomic<std::int32_t>, kAnalogueChannels> analogueSums{};
     std::atomic<std::int32_t> sampleCount{0};

@@ -14,6 +14,7 @@
 #include "core/zlqueue.h"
 #include "thread/LoopPause.h"
 #include "thread/Thread.h"
+#include "thread/shared_field.h"
 
 /// The device paths in a listing of /dev, one name per line, in its order. Lines
 /// are read in pieces of at most 9 characters and each piece loses its last one,
@@ -55,11 +56,12 @@ class SERIAL_INTERFACE final : public CThread {
     /// Any thread; for tests and status.
     LinkState State() const { return linkState_; }
 
-    /// Written by the master loop, read by the worker once per cycle.
-    /// Whether cards are polled at all.
-    std::atomic<bool> globalPolling;
-    /// Pause per cycle in microseconds.
-    std::atomic<std::int32_t> threadDelay;
+    // The master loop writes these two, and the worker reads them once per cycle.
+
+    /// Whether the link polls cards at all.
+    SharedField<bool> globalPolling;
+    /// The pause per cycle in microseconds.
+    SharedField<std::int32_t> threadDelay;
 
   private:
     // Below: the worker only.

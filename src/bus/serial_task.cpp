@@ -24,6 +24,11 @@ SERIAL_INTERFACE::SERIAL_INTERFACE(std::string devicePath, LOGGER logger, PERIFC
     for (ZLQUEUE& queue : commandQueues_) {
         queue.ReadBy(pause_);
     }
+    globalPolling.readBy(pause_);
+    threadDelay.readBy(pause_);
+    for (std::size_t address = 0; address < wire::kAddresses; ++address) {
+        cards_[address].pollingOn.readBy(pause_);
+    }
     SetThreadType(kIntervalDriven, 1);
 }
 

@@ -5,7 +5,7 @@
 #include "control/io_forms.h"
 #include "control/zolt.h"
 
-bool ZOLT::ParseOutCommand(ByteList list) {
+bool ZOLT::ParseOutCommand(const ByteList& list) {
     for (const std::string& command :
          splitCommands(Convert_QList2String(list), config_.io.inpSeparator)) {
         try {

@@ -51,7 +51,7 @@ class ZOLT final {
     void handleCaeLine();
 
     // io_output.cpp: what IO clients type
-    bool ParseOutCommand(ByteList list);
+    bool ParseOutCommand(const ByteList& list);
     /// Queues `text` for the console's client, and a prompt.
     void reportIllegalCommand(const std::string& text);
 

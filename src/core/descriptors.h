@@ -1,37 +1,10 @@
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <string>
 
 #include "core/speed.h"
-
-/// An atomic that copies like the plain value it holds, for fields of copyable
-/// records that other threads read without a lock.
-template <typename T>
-class SharedField {
-  public:
-    SharedField(T value) : value_(value) {}
-    SharedField(const SharedField& other) : value_(other.load()) {}
-    SharedField& operator=(const SharedField& other) {
-        store(other.load());
-        return *this;
-    }
-    SharedField& operator=(T value) {
-        store(value);
-        return *this;
-    }
-    ~SharedField() = default;
-
-    operator T() const { return load(); }
-    T load() const { return value_.load(); }
-    void store(T value) { value_.store(value); }
-    /// Stores `next` and returns true if the value is `expected`.
-    bool replace(T expected, T next) { return value_.compare_exchange_strong(expected, next); }
-
-  private:
-    std::atomic<T> value_;
-};
+#include "thread/shared_field.h"
 
 /// Values of INTERFACE_DESCRIPTOR::connectionState.
 namespace connection_state {
@@ -47,15 +20,15 @@ struct INTERFACE_DESCRIPTOR {
     /// "IO", "CAE" or "MON"; empty when the configuration names none.
     std::string name;
     std::int32_t port = 0;
-    /// Written by the interface's thread and CloseByCommand; read by the master
-    /// loop, for which a value one cycle old is fine.
+    /// The interface's thread and CloseByCommand write the state; the master loop reads
+    /// it.
     SharedField<std::int32_t> connectionState{connection_state::kNotListening};
     /// Appended to every line sent.
     std::string outSeparator = "\r\n";
     /// Ends every line received.
     std::string inpSeparator = "\r\n";
-    /// Pause per cycle in microseconds. Written by the master loop ("SPEED="),
-    /// read by the interface's thread once per cycle.
+    /// The pause per cycle in microseconds. The master loop writes it ("SPEED="), and
+    /// the interface's thread reads it once per cycle.
     SharedField<std::int32_t> threadDelay{kDefaultThreadDelay};
 };
 

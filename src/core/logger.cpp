@@ -17,6 +17,9 @@ constexpr std::size_t kLineLimit = 999;
 constexpr int kMessageLevel = 1;
 
 std::string timeStamp(std::time_t now) {
+    // The rules of the time zone are read anew, which localtime_r does only once: the
+    // machine's time zone may change while the daemon runs.
+    tzset();
     std::tm local{};
     localtime_r(&now, &local);
     std::array<char, 256> buffer{};

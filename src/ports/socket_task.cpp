@@ -28,6 +28,8 @@ SOCKET_INTERFACE::SOCKET_INTERFACE(INTERFACE_DESCRIPTOR settings, LOGGER logger,
                                    int mode)
     : descriptor(std::move(settings)), logger_(logger), requests_(requests), mode_(mode) {
     replyQueue.ReadBy(pause_);
+    descriptor.connectionState.readBy(pause_);
+    descriptor.threadDelay.readBy(pause_);
     SetThreadType(kIntervalDriven, 1);
     Sleep(kStartPause);
 }

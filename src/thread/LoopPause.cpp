@@ -38,6 +38,11 @@ void LoopPause::wake() {
     }
 }
 
+void LoopPause::announceChange() {
+    changed_ = true;
+    wake();
+}
+
 void LoopPause::pause(std::int32_t microseconds, int descriptor) {
     pauseWith(microseconds, Items::kCount, descriptor);
 }
@@ -53,12 +58,16 @@ void LoopPause::pauseWith(std::int32_t microseconds, Items items, int descriptor
         return;
     }
     const auto begin = std::chrono::steady_clock::now();
-    // In this order: an item that is counted later finds the loop resting.
+    // In this order: what is counted or announced later finds the loop resting.
     resting_ = true;
-    if (items_ == 0 || items == Items::kStay) {
+    if (!changed_ && (items_ == 0 || items == Items::kStay)) {
         rest(descriptor);
     }
     resting_ = false;
+    // The cycle that follows reads whatever was changed before this line.
+    if (changed_) {
+        changed_ = false;
+    }
     const auto end = begin + std::chrono::microseconds(length);
     spinFor(std::chrono::nanoseconds(end - std::chrono::steady_clock::now()).count());
 }

@@ -53,10 +53,10 @@ TEST_F(MasterAllocations, AnOutputCommandTakesItsFrame) {
               (ByteList{wire::kOutput, 14, 2, '\xFF', '\xFB'}));
 }
 
-TEST_F(MasterAllocations, AMonitorTakesACopyOfTheCommand) {
+TEST_F(MasterAllocations, AMonitorTakesTheCommandItself) {
     auto mon = daemon_.connect(daemon_.mon());
     queueLine();
-    EXPECT_EQ(masterCycle(), kTranslation + kLine);
+    EXPECT_EQ(masterCycle(), kTranslation);
     daemon_.mon().OnTask();
     EXPECT_EQ(mon.receiveUntil("\r\n\r"), "aEb1dFB\r\n\r");
 }

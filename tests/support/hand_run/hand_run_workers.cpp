@@ -11,6 +11,7 @@ namespace {
 
 std::vector<CThread*> living;
 std::function<void()> duringPause;
+std::function<void()> atNextWake;
 /// By the pause of the loop that they wait for.
 std::map<const LoopPause*, int> waiting;
 
@@ -41,7 +42,13 @@ void LoopPause::itemTaken() {
     --waiting.at(this);
 }
 
-void LoopPause::wake() {}
+void LoopPause::wake() {
+    if (const std::function<void()> action = std::exchange(atNextWake, nullptr)) {
+        action();
+    }
+}
+
+void LoopPause::announceChange() {}
 
 void LoopPause::pauseWithoutWork(std::int32_t microseconds) {
     pause(microseconds);
@@ -96,6 +103,14 @@ DuringPauses::DuringPauses(std::function<void()> action) {
 
 DuringPauses::~DuringPauses() {
     duringPause = nullptr;
+}
+
+AtNextWake::AtNextWake(std::function<void()> action) {
+    atNextWake = std::move(action);
+}
+
+AtNextWake::~AtNextWake() {
+    atNextWake = nullptr;
 }
 
 }  // namespace support

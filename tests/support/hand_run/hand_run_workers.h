@@ -27,4 +27,14 @@ class DuringPauses {
     DuringPauses& operator=(const DuringPauses&) = delete;
 };
 
+/// The next time that an item wakes some loop, `action` runs once, on the thread that
+/// has queued the item. One at a time.
+class AtNextWake {
+  public:
+    explicit AtNextWake(std::function<void()> action);
+    ~AtNextWake();
+    AtNextWake(const AtNextWake&) = delete;
+    AtNextWake& operator=(const AtNextWake&) = delete;
+};
+
 }  // namespace support

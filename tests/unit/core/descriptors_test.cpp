@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <thread>
-#include <vector>
-
 namespace {
 
 TEST(Descriptors, AnInterfaceHasItsDefaults) {
@@ -55,28 +52,6 @@ TEST(Descriptors, ACopyTakesEveryFieldAndIsItsOwn) {
         EXPECT_EQ(copy->inpSeparator, "#");
         EXPECT_EQ(copy->threadDelay, 1);
     }
-}
-
-TEST(Descriptors, ASharedFieldIsReplacedOnlyFromTheExpectedValue) {
-    SharedField<std::int32_t> field{connection_state::kAccepting};
-    EXPECT_FALSE(field.replace(connection_state::kListening, connection_state::kConnected));
-    EXPECT_EQ(field, connection_state::kAccepting);
-    EXPECT_TRUE(field.replace(connection_state::kAccepting, connection_state::kConnected));
-    EXPECT_EQ(field, connection_state::kConnected);
-}
-
-TEST(Descriptors, OfManyReplacementsOneWins) {
-    SharedField<std::int32_t> field{0};
-    std::atomic<int> winners{0};
-    std::vector<std::thread> threads;
-    for (std::int32_t id = 1; id <= 4; ++id) {
-        threads.emplace_back([&, id] { winners += field.replace(0, id) ? 1 : 0; });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_EQ(winners, 1);
-    EXPECT_NE(field, 0);
 }
 
 }  // namespace

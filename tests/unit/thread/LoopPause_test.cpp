@@ -5,55 +5,47 @@
 #include <sys/socket.h>
 
 #include <array>
-#include <ctime>
+#include <functional>
 #include <thread>
+#include <vector>
 
 #include "tests/support/unique_fd.h"
+#include "tests/support/wait.h"
+#include "tests/unit/thread/background_call.h"
+#include "tests/unit/thread/system_calls.h"
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using Lengths = std::vector<unsigned>;
 using std::chrono::microseconds;
 
-/// So long that a test does not see its end: what goes on has been woken.
+/// So long that no test sees the end of such a rest: a loop that goes on was woken.
 constexpr std::chrono::hours kForTheTest{1};
 
-/// A loop that pauses as long as it finds nothing, and what it has seen then.
-class Sleeper {
-  public:
-    explicit Sleeper(LoopPause& pause, int descriptor = -1)
-        : thread_([this, &pause, descriptor] {
-              pause.pause(1, descriptor);
-              released_ = mayEnd_.load();
-          }) {}
+/// Longer than a test waits for a call that returns, and short enough that a loop that
+/// nothing wakes does not hold up the test program for ever.
+constexpr std::chrono::seconds kTooLong{2 * support::kPatience};
 
-    void mayEnd() { mayEnd_ = true; }
-    /// Whether the pause ended after mayEnd().
-    bool endedInTime() {
-        thread_.join();
-        return released_;
-    }
+/// Whether a loop that rests goes on after `wakeUp`.
+bool endsTheRest(LoopPause& pause, const std::function<void()>& wakeUp, int descriptor = -1) {
+    const int before = system_calls::restsBegun();
+    BackgroundCall loop([&] { pause.pause(1, descriptor); });
+    const bool rests = support::waitUntil([&] { return system_calls::restsBegun() > before; });
+    wakeUp();
+    return rests && loop.returns();
+}
 
-  private:
-    std::atomic<bool> mayEnd_{false};
-    bool released_ = false;
-    std::thread thread_;
-};
-
-void letItFallAsleep() {
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+/// Whether the loop rests in its next pause, which lasts `longestRest` at most then.
+bool rests(LoopPause& pause) {
+    const int before = system_calls::restsBegun();
+    pause.pause(1);
+    return system_calls::restsBegun() > before;
 }
 
 void add(LoopPause& pause) {
     pause.itemAdded();
     pause.wake();
-}
-
-/// Processor time of the calling thread.
-std::chrono::nanoseconds processorTime() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
 }
 
 TEST(LoopPause, LastsItsTimeWithItemsAndWithout) {
@@ -70,74 +62,90 @@ TEST(LoopPause, LastsItsTimeWithItemsAndWithout) {
     }
 }
 
-TEST(LoopPause, ALongOneSleepsAndDoesNotEndWithAnItem) {
-    constexpr std::chrono::milliseconds kLong{200};
-    LoopPause pause;
-    std::thread other([&pause] {
-        letItFallAsleep();
-        add(pause);
-    });
-    const auto begin = Clock::now();
-    const auto before = processorTime();
-    pause.pause(static_cast<std::int32_t>(microseconds(kLong).count()));
-    EXPECT_LT(processorTime() - before, kLong / 2);
-    EXPECT_GE(Clock::now() - begin, kLong);
-    other.join();
-}
-
-TEST(LoopPause, AShortOneEndsWithAnItem) {
+TEST(LoopPause, ALongOneIsOneSleepWhateverThereIsToDo) {
     LoopPause pause(kForTheTest);
-    Sleeper loop(pause);
-    letItFallAsleep();
-    loop.mayEnd();
+    system_calls::RecordedSleeps sleeps;
+    pause.pause(50);
+    EXPECT_EQ(sleeps.take(), Lengths{50});
     add(pause);
-    EXPECT_TRUE(loop.endedInTime());
+    pause.announceChange();
+    pause.pause(20'000);
+    pause.pauseWithoutWork(5000);
+    EXPECT_EQ(sleeps.take(), (Lengths{20'000, 5000}));
+    pause.pause(-1);
+    EXPECT_EQ(sleeps.take(), Lengths{4'294'967'295});
 }
 
-TEST(LoopPause, AShortOneDoesNotSleepWhileThereAreItems) {
+TEST(LoopPause, AShortOneIsNoSleepOfItsLength) {
     LoopPause pause(kForTheTest);
+    system_calls::RecordedSleeps sleeps;
+    add(pause);
+    pause.pause(49);
+    pause.pause(0);
+    EXPECT_EQ(sleeps.take(), Lengths{});
+}
+
+TEST(LoopPause, AnItemEndsTheRest) {
+    LoopPause pause(kTooLong);
+    EXPECT_TRUE(endsTheRest(pause, [&] { add(pause); }));
+}
+
+TEST(LoopPause, ALoopWithItemsDoesNotRest) {
+    LoopPause pause{std::chrono::nanoseconds(1)};
     pause.itemAdded();
+    pause.itemAdded();
+    EXPECT_FALSE(rests(pause));
+    pause.itemTaken();
+    EXPECT_FALSE(rests(pause));
+    pause.itemTaken();
+    EXPECT_TRUE(rests(pause));
+}
+
+TEST(LoopPause, ALoopThatHasTakenItsItemsIsWokenByTheNext) {
+    LoopPause pause(kTooLong);
     pause.itemAdded();
     pause.pause(1);
     pause.itemTaken();
-    pause.pause(1);
+    EXPECT_TRUE(endsTheRest(pause, [&] { add(pause); }));
 }
 
-TEST(LoopPause, AShortOneSleepsAgainWhenTheItemsAreTaken) {
-    LoopPause pause(kForTheTest);
-    pause.itemAdded();
-    pause.pause(1);
-    pause.itemTaken();
-    Sleeper loop(pause);
-    letItFallAsleep();
-    loop.mayEnd();
-    add(pause);
-    EXPECT_TRUE(loop.endedInTime());
+TEST(LoopPause, AChangeEndsTheRest) {
+    LoopPause pause(kTooLong);
+    EXPECT_TRUE(endsTheRest(pause, [&] { pause.announceChange(); }));
+    EXPECT_TRUE(endsTheRest(pause, [&] { pause.announceChange(); })) << "and the next one";
 }
 
-TEST(LoopPause, AShortOneSleepsBesideItemsThatStay) {
-    constexpr std::chrono::milliseconds kLongest{20};
-    LoopPause pause(kLongest);
+TEST(LoopPause, AfterAChangeTheLoopRunsOneCycleBeforeItRests) {
+    LoopPause pause{std::chrono::nanoseconds(1)};
+    EXPECT_TRUE(rests(pause));
+    pause.announceChange();
+    pause.announceChange();
+    EXPECT_FALSE(rests(pause));
+    EXPECT_TRUE(rests(pause));
+}
+
+TEST(LoopPause, AChangeAlsoEndsTheRestOfALoopThatCannotTakeItsItems) {
+    LoopPause pause{std::chrono::nanoseconds(1)};
     pause.itemAdded();
-    const auto begin = Clock::now();
+    const int before = system_calls::restsBegun();
+    pause.announceChange();
     pause.pauseWithoutWork(1);
-    EXPECT_GE(Clock::now() - begin, kLongest);
+    EXPECT_EQ(system_calls::restsBegun(), before);
+    pause.pauseWithoutWork(1);
+    EXPECT_EQ(system_calls::restsBegun(), before + 1);
 }
 
-TEST(LoopPause, AShortOneEndsWithWhatTheDescriptorBrings) {
+TEST(LoopPause, TheDescriptorsBytesEndTheRest) {
     std::array<int, 2> ends{};
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()), 0);
     const support::UniqueFd loopEnd(ends[0]);
     const support::UniqueFd farEnd(ends[1]);
-    LoopPause pause(kForTheTest);
-    Sleeper loop(pause, loopEnd.get());
-    letItFallAsleep();
-    loop.mayEnd();
-    ASSERT_EQ(send(farEnd.get(), "x", 1, 0), 1);
-    EXPECT_TRUE(loop.endedInTime());
+    LoopPause pause(kTooLong);
+    EXPECT_TRUE(endsTheRest(
+        pause, [&] { EXPECT_EQ(send(farEnd.get(), "x", 1, 0), 1); }, loopEnd.get()));
 }
 
-TEST(LoopPause, AShortOneEndsWithoutWorkAfterTheLongestRest) {
+TEST(LoopPause, TheRestLastsItsLongestTimeWhenNothingHappens) {
     LoopPause pause(std::chrono::milliseconds(20));
     const auto begin = Clock::now();
     pause.pause(1);
@@ -152,7 +160,9 @@ TEST(LoopPause, NoItemIsMissedBetweenTwoLoops) {
     std::atomic<int> returned{0};
     std::thread other([&] {
         for (int taken = 0; taken < kRounds; ++taken) {
-            while (sent == taken) there.pause(1);
+            while (sent == taken) {
+                there.pause(1);
+            }
             there.itemTaken();
             add(back);
             ++returned;
@@ -161,21 +171,49 @@ TEST(LoopPause, NoItemIsMissedBetweenTwoLoops) {
     for (int taken = 0; taken < kRounds; ++taken) {
         add(there);
         ++sent;
-        while (returned == taken) back.pause(1);
+        while (returned == taken) {
+            back.pause(1);
+        }
         back.itemTaken();
     }
     other.join();
     EXPECT_EQ(returned, kRounds);
 }
 
-TEST(LoopPause, DoesNotSleepWhereNothingCouldWakeIt) {
+TEST(LoopPause, NoChangeIsMissedBetweenTwoLoops) {
+    constexpr int kRounds = 2000;
+    LoopPause there(kForTheTest);
+    LoopPause back(kForTheTest);
+    std::atomic<int> sent{0};
+    std::atomic<int> returned{0};
+    std::thread other([&] {
+        for (int seen = 0; seen < kRounds; ++seen) {
+            while (sent == seen) {
+                there.pause(1);
+            }
+            ++returned;
+            back.announceChange();
+        }
+    });
+    for (int seen = 0; seen < kRounds; ++seen) {
+        ++sent;
+        there.announceChange();
+        while (returned == seen) {
+            back.pause(1);
+        }
+    }
+    other.join();
+    EXPECT_EQ(returned, kRounds);
+}
+
+TEST(LoopPause, ALoopThatNothingCouldWakeDoesNotRest) {
     rlimit old{};
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &old), 0);
     const rlimit none{0, old.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
     LoopPause pause(kForTheTest);
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &old), 0);
-    pause.pause(1);
+    EXPECT_FALSE(rests(pause));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "tests/unit/thread/system_calls.h"
 
+#include <poll.h>
 #include <pthread.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <ctime>
@@ -20,6 +22,12 @@ std::atomic<int> waitCount{0};
 constexpr long kNoPause = -1;
 std::atomic<long> countedPause{kNoPause};
 std::atomic<int> pauseCount{0};
+
+std::atomic<int> restCount{0};
+
+std::mutex sleepsMutex;
+bool sleepsRecorded = false;
+std::vector<unsigned> sleeps;
 
 std::mutex signalActionMutex;
 std::function<void()> signalAction;
@@ -50,6 +58,8 @@ int __real_pthread_create(pthread_t* handle, const pthread_attr_t* attributes,
 int __real_pthread_cond_wait(pthread_cond_t* condition, pthread_mutex_t* mutex);
 int __real_pthread_cond_signal(pthread_cond_t* condition);
 int __real_nanosleep(const timespec* request, timespec* rest);
+int __real_ppoll(pollfd* items, nfds_t count, const timespec* longest, const sigset_t* signals);
+int __real_usleep(useconds_t microseconds);
 // The linker's names for spinFor(long).
 void __real__Z7spinForl(long nanoseconds);
 void __wrap__Z7spinForl(long nanoseconds);
@@ -96,6 +106,22 @@ int __wrap_nanosleep(const timespec* request, timespec* rest) {
     return __real_nanosleep(request, rest);
 }
 
+int __wrap_ppoll(pollfd* items, nfds_t count, const timespec* longest, const sigset_t* signals) {
+    ++restCount;
+    return __real_ppoll(items, count, longest, signals);
+}
+
+int __wrap_usleep(useconds_t microseconds) {
+    {
+        const std::lock_guard guard(sleepsMutex);
+        if (sleepsRecorded) {
+            sleeps.push_back(microseconds);
+            return 0;
+        }
+    }
+    return __real_usleep(microseconds);
+}
+
 void __wrap__Z7spinForl(long nanoseconds) {
     countPause(nanoseconds);
     __real__Z7spinForl(nanoseconds);
@@ -140,6 +166,26 @@ PauseCount::~PauseCount() {
 
 int PauseCount::value() const {
     return pauseCount;
+}
+
+int restsBegun() {
+    return restCount;
+}
+
+RecordedSleeps::RecordedSleeps() {
+    const std::lock_guard guard(sleepsMutex);
+    sleepsRecorded = true;
+}
+
+RecordedSleeps::~RecordedSleeps() {
+    const std::lock_guard guard(sleepsMutex);
+    sleepsRecorded = false;
+    sleeps.clear();
+}
+
+std::vector<unsigned> RecordedSleeps::take() {
+    const std::lock_guard guard(sleepsMutex);
+    return std::exchange(sleeps, {});
 }
 
 void beforeNextSignal(std::function<void()> action) {

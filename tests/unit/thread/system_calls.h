@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 /// The linker leads the system calls of the code under test through
 /// system_calls.cpp, so that a test can hold, refuse or count them. Without one
@@ -43,6 +44,21 @@ class PauseCount {
     PauseCount(const PauseCount&) = delete;
     PauseCount& operator=(const PauseCount&) = delete;
     int value() const;
+};
+
+/// How many sleeps for work have begun in this process so far.
+int restsBegun();
+
+/// Writes down the sleeps in microseconds that any thread asks for while it lives. They
+/// take no time then.
+class RecordedSleeps {
+  public:
+    RecordedSleeps();
+    ~RecordedSleeps();
+    RecordedSleeps(const RecordedSleeps&) = delete;
+    RecordedSleeps& operator=(const RecordedSleeps&) = delete;
+    /// The lengths since the last take(), in order.
+    std::vector<unsigned> take();
 };
 
 /// Runs `action` once, where the next condition variable is about to be
