@@ -1,7 +1,7 @@
 // Not of allocations, but of the same daemon without threads: when the master loop asks
 // whether a monitor is connected.
 #include "tests/allocations/allocation_test.h"
-#include "tests/support/hand_run_workers.h"
+#include "tests/support/hand_run/hand_run_workers.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "ports/socket_interface.h"
 #include "tests/ports/own_sockets.h"
 #include "tests/ports/system_faults.h"
+#include "tests/support/doubles/long_rests.h"
 #include "tests/support/doubles/recorded_pauses.h"
 #include "tests/support/tcp/tcp_client.h"
 #include "tests/support/temporary_log.h"
@@ -51,6 +53,18 @@ class InterfaceFixture : public testing::Test {
         interface_->OnTask();
         EXPECT_EQ(state(), connection_state::kConnected);
         return client;
+    }
+
+    /// From the next cycle on, the interface rests when it has nothing to do.
+    void goFullSpeed() {
+        interface_->descriptor.threadDelay = 1;
+        // The change of the speed itself keeps the interface from resting once.
+        interface_->OnTask();
+    }
+
+    /// Whether `wakeUp` ends the rest of the interface's next cycle.
+    bool restEndsWith(const std::function<void()>& wakeUp) {
+        return support::LongRests().endsWith([this] { interface_->OnTask(); }, wakeUp);
     }
 
     /// Runs cycles until the interface has left `from`, at most ten.

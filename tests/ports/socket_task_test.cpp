@@ -35,7 +35,7 @@ TEST_F(Client, APacketIsOneRequestSeparatorsIncluded) {
 
 TEST_F(Client, AtFullSpeedAnInterfaceWithNothingToDoRests) {
     TcpClient client = connected();
-    interface_->descriptor.threadDelay = 1;
+    goFullSpeed();
     const auto begin = std::chrono::steady_clock::now();
     interface_->OnTask();
     EXPECT_GE(std::chrono::steady_clock::now() - begin, LoopPause::kLongestRest);
@@ -43,7 +43,7 @@ TEST_F(Client, AtFullSpeedAnInterfaceWithNothingToDoRests) {
 
 TEST_F(Client, AtFullSpeedAnInterfaceWithoutAClientRestsBesideItsReplies) {
     build();
-    interface_->descriptor.threadDelay = 1;
+    goFullSpeed();
     reply("for the next client");
     const auto begin = std::chrono::steady_clock::now();
     interface_->OnTask();
@@ -53,17 +53,25 @@ TEST_F(Client, AtFullSpeedAnInterfaceWithoutAClientRestsBesideItsReplies) {
 TEST_F(Client, AtFullSpeedARestOverlooksNothing) {
     TcpClient client = connected();
     EXPECT_EQ(client.receiveUntil("\r\n\r"), kBanner);
-    interface_->descriptor.threadDelay = 1;
-    faults_.pollWithoutEnd();
-    // A rest that overlooks what is there would last for ever.
-    client.send("HELP\r\n");
-    interface_->OnTask();
+    goFullSpeed();
+    EXPECT_TRUE(restEndsWith([&] { client.send("HELP\r\n"); }));
     EXPECT_EQ(requested(), Texts{"HELP\r\n"});
-    reply("no\r\n");
-    interface_->OnTask();
+    EXPECT_TRUE(restEndsWith([&] { reply("no\r\n"); }));
     EXPECT_EQ(client.receiveUntil("\r\n\r"), "no\r\n\r");
-    client.reset();
-    interface_->OnTask();
+    EXPECT_TRUE(restEndsWith([&] { client.reset(); }));
+    EXPECT_EQ(state(), connection_state::kClosed);
+}
+
+TEST_F(Client, AtFullSpeedANewSpeedEndsTheRest) {
+    const TcpClient client = connected();
+    goFullSpeed();
+    EXPECT_TRUE(restEndsWith([&] { interface_->descriptor.threadDelay = 5000; }));
+}
+
+TEST_F(Client, AtFullSpeedANewConnectionStateEndsTheRest) {
+    build();
+    goFullSpeed();
+    EXPECT_TRUE(restEndsWith([&] { interface_->CloseByCommand(); }));
     EXPECT_EQ(state(), connection_state::kClosed);
 }
 

@@ -1,6 +1,5 @@
 #include "tests/ports/system_faults.h"
 
-#include <poll.h>
 #include <sys/select.h>
 #include <sys/socket.h>
 
@@ -31,9 +30,6 @@ int __wrap_accept4(int fd, sockaddr* address, socklen_t* size, int flags);
 int __real_select(int count, fd_set* in, fd_set* out, fd_set* except, timeval* wait);
 int __wrap_select(int count, fd_set* in, fd_set* out, fd_set* except, timeval* wait);
 
-int __real_ppoll(pollfd* items, nfds_t count, const timespec* wait, const sigset_t* signals);
-int __wrap_ppoll(pollfd* items, nfds_t count, const timespec* wait, const sigset_t* signals);
-
 int __wrap_socket(int domain, int type, int protocol) {
     return SystemFaults::refused(Call::kSocket) ? -1 : __real_socket(domain, type, protocol);
 }
@@ -59,10 +55,6 @@ int __wrap_accept4(int fd, sockaddr* address, socklen_t* size, int flags) {
 int __wrap_select(int count, fd_set* in, fd_set* out, fd_set* except, timeval* wait) {
     return SystemFaults::refused(Call::kSelect) ? -1 : __real_select(count, in, out, except, wait);
 }
-
-int __wrap_ppoll(pollfd* items, nfds_t count, const timespec* wait, const sigset_t* signals) {
-    return __real_ppoll(items, count, SystemFaults::pollsWithoutEnd() ? nullptr : wait, signals);
-}
 }
 
 SystemFaults::SystemFaults() {
@@ -82,11 +74,6 @@ void SystemFaults::fail(Call call, int error, int times) {
 void SystemFaults::beforeNext(Call call, std::function<void()> action) {
     const std::lock_guard guard(lock_);
     plans_[call].action = std::move(action);
-}
-
-bool SystemFaults::pollsWithoutEnd() {
-    const SystemFaults* faults = currentFaults;
-    return faults != nullptr && faults->endless_;
 }
 
 bool SystemFaults::refused(Call call) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -23,11 +22,7 @@ class SystemFaults {
     /// Runs just before the next such call goes to the system, on its thread.
     void beforeNext(Call call, std::function<void()> action);
 
-    /// From now on ppoll returns only when there is something.
-    void pollWithoutEnd() { endless_ = true; }
-
     // For the wrapped calls.
-    static bool pollsWithoutEnd();
     // True when the call is to fail, with errno set.
     static bool refused(Call call);
 
@@ -40,7 +35,6 @@ class SystemFaults {
 
     bool refuse(Call call);
 
-    std::atomic<bool> endless_{false};
     std::mutex lock_;
     std::map<Call, Plan> plans_;
 };

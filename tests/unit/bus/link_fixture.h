@@ -4,11 +4,13 @@
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "bus/serial_interface.h"
+#include "tests/support/doubles/long_rests.h"
 #include "tests/support/doubles/recorded_pauses.h"
 #include "tests/support/temporary_log.h"
 #include "tests/support/text/bytes.h"
@@ -46,6 +48,18 @@ class LinkFixture : public testing::Test {
         ASSERT_EQ(link_->State(), SERIAL_INTERFACE::LinkState::kReady);
         line_.takeWrites();
         logStart_ = log_.lines().size();
+    }
+
+    /// From the next cycle on, the link rests when it has nothing to do.
+    void goFullSpeed() {
+        link_->threadDelay = 1;
+        // The change of the speed itself keeps the link from resting once.
+        link_->OnTask();
+    }
+
+    /// Whether `wakeUp` ends the rest of the link's next cycle.
+    bool restEndsWith(const std::function<void()>& wakeUp) {
+        return support::LongRests().endsWith([this] { link_->OnTask(); }, wakeUp);
     }
 
     void queue(std::size_t index, const std::string& frame) {

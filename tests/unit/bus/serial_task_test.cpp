@@ -41,11 +41,48 @@ TEST_F(SerialTask, AtFullSpeedALinkRestsBesideFramesThatItCannotSend) {
     // A port that is given and has no controller is not asked again.
     build(line_.path());
     ASSERT_EQ(link_->State(), LinkState::kUnderTest);
-    link_->threadDelay = 1;
+    goFullSpeed();
     queue(5, "10 05 01");
     const auto begin = std::chrono::steady_clock::now();
     link_->OnTask();
     EXPECT_GE(std::chrono::steady_clock::now() - begin, LoopPause::kLongestRest);
+}
+
+TEST_F(SerialTask, AtFullSpeedAFrameEndsTheRest) {
+    connect();
+    goFullSpeed();
+    line_.answer(kAcknowledgement);
+    EXPECT_TRUE(restEndsWith([&] { queue(5, "10 05 01"); }));
+    EXPECT_EQ(line_.takeWrites(), Texts{"03 10 05 01"});
+}
+
+TEST_F(SerialTask, AtFullSpeedPollingThatIsSwitchedOnEndsTheRest) {
+    connect();
+    insertCard(3, card_kind::kDigitalInput);
+    goFullSpeed();
+    EXPECT_TRUE(restEndsWith([&] { link_->globalPolling = true; }));
+    EXPECT_EQ(takeFrames(link_->CommandQueue(3)), Texts{"20 03 02"}) << "in the same cycle";
+}
+
+TEST_F(SerialTask, AtFullSpeedPollingThatIsSwitchedOffEndsTheRest) {
+    connect(true);
+    goFullSpeed();
+    EXPECT_TRUE(restEndsWith([&] { link_->globalPolling = false; }));
+}
+
+TEST_F(SerialTask, AtFullSpeedACardsSwitchEndsTheRest) {
+    connect(true);
+    insertCard(3, card_kind::kDigitalInput);
+    cards_[3].pollingOn = false;
+    goFullSpeed();
+    EXPECT_TRUE(restEndsWith([&] { cards_[3].pollingOn = true; }));
+    EXPECT_EQ(takeFrames(link_->CommandQueue(3)), Texts{"20 03 02"}) << "in the same cycle";
+}
+
+TEST_F(SerialTask, AtFullSpeedANewSpeedEndsTheRest) {
+    connect();
+    goFullSpeed();
+    EXPECT_TRUE(restEndsWith([&] { link_->threadDelay = 5000; }));
 }
 
 TEST_F(SerialTask, AnEmptyFrameUsesUpItsQueuesTurn) {

@@ -48,6 +48,14 @@ TEST_F(Logger, ALineHasTimeTagAndText) {
     EXPECT_EQ(content(), std::string(kStamp) + " [INF] zolt is started\n");
 }
 
+TEST_F(Logger, TheTimeFollowsAChangedTimeZone) {
+    const system_calls::FixedClock clock(kNow);
+    logger_.Info("a");
+    setenv("TZ", "<-03>3", 1);
+    logger_.Info("b");
+    EXPECT_EQ(content(), "2001-02-03 04:05:06 [INF] a\n2001-02-02 23:05:06 [INF] b\n");
+}
+
 TEST_F(Logger, TheTimeIsTheRealOne) {
     const time_t before = time(nullptr);
     logger_.Info("zolt is started");

@@ -162,6 +162,7 @@ TEST(LoopPause, NoItemIsMissedBetweenTwoLoops) {
         for (int taken = 0; taken < kRounds; ++taken) {
             while (sent == taken) {
                 there.pause(1);
+                std::this_thread::yield();
             }
             there.itemTaken();
             add(back);
@@ -173,6 +174,7 @@ TEST(LoopPause, NoItemIsMissedBetweenTwoLoops) {
         ++sent;
         while (returned == taken) {
             back.pause(1);
+            std::this_thread::yield();
         }
         back.itemTaken();
     }
@@ -190,6 +192,7 @@ TEST(LoopPause, NoChangeIsMissedBetweenTwoLoops) {
         for (int seen = 0; seen < kRounds; ++seen) {
             while (sent == seen) {
                 there.pause(1);
+                std::this_thread::yield();
             }
             ++returned;
             back.announceChange();
@@ -200,6 +203,7 @@ TEST(LoopPause, NoChangeIsMissedBetweenTwoLoops) {
         there.announceChange();
         while (returned == seen) {
             back.pause(1);
+            std::this_thread::yield();
         }
     }
     other.join();
