@@ -28,7 +28,7 @@ isBooted() {
         booted systemctl is-active -q multi-user.target 2>/dev/null
 }
 
-# booted COMMAND...: runs it inside, as root.
+# booted COMMAND...: runs the command in the booted Debian, as root.
 booted() {
     # $init is a number and a blank.
     # shellcheck disable=SC2086
@@ -36,7 +36,7 @@ booted() {
         env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"
 }
 
-# Its end takes all processes inside with it; the groups go when they are empty.
+# The end of process 1 ends all processes inside; a group can be removed when it is empty.
 shutDown() {
     status=$?
     set +e

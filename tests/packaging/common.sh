@@ -20,13 +20,13 @@ waitFor() {
     done
 }
 
-# inTree COMMAND...: runs it in the Debian tree, as its root.
+# inTree COMMAND...: runs the command in the Debian tree, as its root.
 inTree() {
     chroot "$tree" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 \
         DEBIAN_FRONTEND=noninteractive "$@"
 }
 
-# quietly COMMAND...: its output is shown only when it fails.
+# quietly COMMAND...: runs the command and shows its output only when it fails.
 quietly() {
     "$@" >"$work/output" 2>&1 </dev/null || {
         cat "$work/output" >&2
@@ -34,8 +34,8 @@ quietly() {
     }
 }
 
-# makeTree NAME PACKAGE...: fills $tree with a minimal Debian 12 and the packages,
-# from what an earlier run has kept: the whole, or the minimal one.
+# makeTree NAME PACKAGE...: fills $tree with a minimal Debian 12 and the packages. It
+# starts from what an earlier run has kept: the whole tree, or the minimal one.
 makeTree() {
     name=$1
     shift
@@ -72,7 +72,7 @@ mountArchives() {
     mount --bind "$cache/archives" "$tree/var/cache/apt/archives"
 }
 
-# mountSystem: what programs in the tree need of the kernel, seen by them alone.
+# mountSystem: mounts what programs in the tree need of the kernel, for them alone.
 mountSystem() {
     mount -t proc proc "$tree/proc"
     mount -t tmpfs -o mode=755 tmpfs "$tree/dev"

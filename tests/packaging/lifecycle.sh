@@ -13,8 +13,8 @@ log=$tree/var/log/zolt/zolt.log
 isThere() { [ -e "$tree$1" ] || fail "$1 is not there"; }
 isGone() { [ ! -e "$tree$1" ] || fail "$1 is still there"; }
 
-# Every file except the records of dpkg and apt, and what adduser writes besides
-# the files that are there anyway.
+# Lists every file except the records of dpkg and apt, and except what adduser writes
+# besides the files that exist anyway.
 listFiles() {
     inTree find / -xdev \( -path /proc -o -path /dev -o -path /packages -o -path /tmp \
         -o -path /var/cache -o -path /var/lib/apt -o -path /var/lib/dpkg \

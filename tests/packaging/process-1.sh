@@ -1,6 +1,6 @@
 #!/bin/sh
-# process-1.sh TREE: becomes the tree's systemd. Runs as process 1 of new
-# namespaces; what it mounts is seen there alone.
+# process-1.sh TREE: becomes the tree's systemd. The script runs as process 1 of
+# new namespaces, and its mounts are seen there alone.
 set -eu
 tree=$1
 here=$(cd "$(dirname "$0")" && pwd)
@@ -15,8 +15,8 @@ mount -t sysfs -o ro sysfs "$tree/sys"
 mount -t cgroup2 cgroup2 "$tree/sys/fs/cgroup"
 mount -t tmpfs -o mode=755 tmpfs "$tree/run"
 ip link set lo up
-# Not chroot: the kernel lets no process that is in one make a user namespace,
-# and services do that.
+# chroot will not do: the kernel lets no process in a chroot make a user namespace,
+# and services make some.
 cd "$tree"
 pivot_root . .
 umount -l .

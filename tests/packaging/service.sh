@@ -19,8 +19,8 @@ isState() { [ "$(property ActiveState)" = "$1" ]; }
 logSays() { grep -q -- "$1" "$log"; }
 journalSays() { booted journalctl -b -q -o cat -u zolt | grep -q -- "$1"; }
 
-# limit FILE PROPERTY: what the kernel holds the service's control group to; where
-# this machine gives the group no such controller, what systemd would set.
+# limit FILE PROPERTY: the limit of the service's control group in the kernel, or what
+# systemd would set where this machine gives the group no such controller.
 limit() {
     booted cat "/sys/fs/cgroup/system.slice/zolt.service/$1" 2>/dev/null || property "$2"
 }
@@ -85,7 +85,7 @@ booted rm /dev/ttyUSB0
 rm "$dropIns/device.conf"
 
 step "it finds the simulated bus and answers on its ports; no system call is refused"
-# As installed, a refused system call is an error like others; here it kills.
+# The installed unit makes a refused system call an error like others; here the call kills.
 printf '[Service]\nSystemCallErrorNumber=\n' >"$dropIns/strict.conf"
 booted systemd-run -q --unit=zolt-sim zolt-sim --bus /usr/share/zolt-sim/buses/all-kinds.bus \
     --link /dev/ttyUSB0 --trace none --trace-file /tmp/trace
@@ -157,7 +157,7 @@ rule=$tree/lib/udev/rules.d/60-zolt.rules
 udevTest
 grep -q '60-zolt.rules' "$work/udev" || fail "udev did not read the rule"
 grep '60-zolt.rules:' "$work/udev" && fail "udev complains"
-# There is no adapter here; another terminal stands for it.
+# There is no adapter here; another terminal replaces it.
 sed 's/ttyUSB\[0-9\]\*/tty0/' "$rule" >"$tree/etc/udev/rules.d/61-stand-in.rules"
 udevTest
 for word in 'GROUP 20' 'MODE 0660'; do
@@ -171,7 +171,7 @@ quietly booted apt-get -y remove zolt
 booted test ! -e /run/zolt || fail "it was not stopped"
 quietly booted apt-get -y purge zolt
 booted systemctl daemon-reload
-# What this test has made, and the other two packages, stay.
+# What this test has made stays, and so do the other two packages.
 booted dpkg -L zolt-sim zolt-tools | sort >"$work/others"
 booted find /etc /var /run /lib/systemd /usr -name '*zolt*' | sort | comm -23 - "$work/others" |
     grep -v -e '^/etc/systemd/system/zolt\.service\.d$' -e 'zolt-sim\.service$' \
