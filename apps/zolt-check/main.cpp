@@ -1,4 +1,4 @@
-// zolt-check: says what the daemon would do with a configuration.
+// zolt-check: reports what the daemon would do with a configuration.
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <csignal>
@@ -8,16 +8,16 @@
 #include <new>
 #include <string>
 
-#include "apps/zolt-check/check.h"
+#include "apps/zolt-check/checks/file_check.h"
 #include "apps/zolt-check/report.h"
 
 namespace {
 
 constexpr int kFailed = 2;
 
-/// The exit status: `status`, or kFailed when the text cannot be written.
+/// Prints the text and returns the exit status: `status`, or kFailed if writing failed.
 int print(const std::string& text, int status) {
-    // A reader that has left is told like any other failure.
+    // Without the signal, a reader that has gone shows as EPIPE, like any other failure.
     std::signal(SIGPIPE, SIG_IGN);
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() ||
         std::fflush(stdout) != 0) {
@@ -29,9 +29,9 @@ int print(const std::string& text, int status) {
 
 int run(int argc, char** argv) {
     std::string file = "/etc/zolt/zoltconf.xml";
-    check::ReportOptions options;
+    zolt_check::ReportOptions options;
     CLI::App program(
-        "Says what zolt would do with a configuration: the settings that result, and\n"
+        "Reports what zolt would do with a configuration: the resulting settings, and\n"
         "every mistake or surprise with its place.\n",
         "zolt-check");
     program.add_option("FILE", file, "the configuration")->capture_default_str();
@@ -49,13 +49,13 @@ int run(int argc, char** argv) {
     } catch (const CLI::CallForVersion& version) {
         return print(std::string(version.what()) + "\n", 0);
     } catch (const CLI::ParseError& error) {
-        std::fprintf(stderr, "zolt-check: %s\nzolt-check: --help tells the options\n",
+        std::fprintf(stderr, "zolt-check: %s\nzolt-check: see --help for the options\n",
                      error.what());
         return kFailed;
     }
-    const check::Result result = check::checkFile(file);
-    return print(check::report(file, result, options),
-                 check::exitStatus(result, options.errorsOnly));
+    const zolt_check::CheckedFile result = zolt_check::checkFile(file);
+    return print(zolt_check::report(file, result, options),
+                 zolt_check::exitStatus(result, options.errorsOnly));
 }
 
 }  // namespace

@@ -4,11 +4,11 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 
-#include "apps/zolt-check/port.h"
-#include "apps/zolt-check/wording.h"
+#include "apps/zolt-check/checks/port_setting.h"
+#include "apps/zolt-check/findings/wording.h"
 #include "core/config_schema.h"
 
-namespace check {
+namespace zolt_check {
 namespace {
 
 using Json = nlohmann::ordered_json;
@@ -44,9 +44,9 @@ std::string portText(const INTERFACE_DESCRIPTOR& interface) {
 }
 
 std::string interfaceText(const INTERFACE_DESCRIPTOR& interface) {
-    return portText(interface) + ", lines end in " + shownSeparator(interface.inpSeparator) +
-           " from clients and " + shownSeparator(interface.outSeparator) + " to them, " +
-           pace(interface.threadDelay);
+    return portText(interface) + ", lines from clients end in " +
+           shownSeparator(interface.inpSeparator) + ", lines to clients in " +
+           shownSeparator(interface.outSeparator) + ", " + pace(interface.threadDelay);
 }
 
 std::string settingsText(const CONFIG_DESCRIPTOR& config) {
@@ -69,7 +69,7 @@ std::string findingLine(const std::string& path, const Finding& finding) {
            finding.text + "\n";
 }
 
-std::string verdict(const std::string& path, const Result& result) {
+std::string verdict(const std::string& path, const CheckedFile& result) {
     if (!result.starts()) {
         return path + ": zolt would not start\n";
     }
@@ -117,7 +117,7 @@ Json findingJson(const Finding& finding) {
     return json;
 }
 
-std::string jsonReport(const std::string& path, const Result& result,
+std::string jsonReport(const std::string& path, const CheckedFile& result,
                        const ReportOptions& options) {
     constexpr int kIndent = 2;
     Json json;
@@ -130,20 +130,21 @@ std::string jsonReport(const std::string& path, const Result& result,
     for (const Finding& finding : result.findings) {
         json["findings"].push_back(findingJson(finding));
     }
-    // Bytes that are no UTF-8 must not keep the rest from being told.
+    // One byte that is not UTF-8 must not prevent the whole report.
     return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 }  // namespace
 
-int exitStatus(const Result& result, bool errorsOnly) {
+int exitStatus(const CheckedFile& result, bool errorsOnly) {
     if (!result.starts()) {
         return kDoesNotStart;
     }
     return result.findings.empty() || errorsOnly ? kClean : kWarnings;
 }
 
-std::string report(const std::string& path, const Result& result, const ReportOptions& options) {
+std::string report(const std::string& path, const CheckedFile& result,
+                   const ReportOptions& options) {
     if (options.json) {
         return jsonReport(path, result, options);
     }
@@ -157,4 +158,4 @@ std::string report(const std::string& path, const Result& result, const ReportOp
     return options.quiet ? text : text + verdict(path, result);
 }
 
-}  // namespace check
+}  // namespace zolt_check

@@ -1,24 +1,25 @@
-// What the program prints.
 #pragma once
 
 #include <string>
 
-#include "apps/zolt-check/check.h"
+#include "apps/zolt-check/checks/file_check.h"
 
-namespace check {
+namespace zolt_check {
 
+/// The options of the command line that change the report.
 struct ReportOptions {
     bool json = false;
-    /// No settings and no verdict, only findings.
+    /// Only findings: no settings and no verdict.
     bool quiet = false;
-    /// Warnings leave the status at 0.
+    /// Warnings leave the exit status at 0.
     bool errorsOnly = false;
 };
 
-/// 0 clean, 1 warnings, 2 the daemon would not start.
-int exitStatus(const Result& result, bool errorsOnly);
+/// 0: the file is clean; 1: there are warnings; 2: the daemon would not start.
+int exitStatus(const CheckedFile& result, bool errorsOnly);
 
-/// The whole output for the file at `path`, with its last line end.
-std::string report(const std::string& path, const Result& result, const ReportOptions& options);
+/// The complete output for the file at `path`, in whole lines.
+std::string report(const std::string& path, const CheckedFile& result,
+                   const ReportOptions& options);
 
-}  // namespace check
+}  // namespace zolt_check

@@ -9,7 +9,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "apps/zolt-check/check.h"
+#include "apps/zolt-check/checks/file_check.h"
 #include "apps/zolt-check/report.h"
 #include "core/config_reader.h"
 #include "fuzz/support/target.h"
@@ -62,18 +62,20 @@ void requireConfig(const CONFIG_DESCRIPTOR& config) {
     fuzz::require(config.spare.name.empty(), "nothing sets the fourth interface");
 }
 
-void requireCheck(const check::Result& result) {
-    const bool error = std::any_of(
-        result.findings.begin(), result.findings.end(),
-        [](const check::Finding& finding) { return finding.severity == check::Severity::kError; });
+void requireCheck(const zolt_check::CheckedFile& result) {
+    const bool error = std::any_of(result.findings.begin(), result.findings.end(),
+                                   [](const zolt_check::Finding& finding) {
+                                       return finding.severity == zolt_check::Severity::kError;
+                                   });
     fuzz::require(error != result.starts(), "an error is what keeps the daemon from starting");
-    fuzz::require((check::exitStatus(result, true) == 2) == error, "status 2 tells an error");
+    fuzz::require((zolt_check::exitStatus(result, true) == 2) == error, "status 2 tells an error");
     for (const bool quiet : {false, true}) {
-        const std::string text = check::report("zoltconf.xml", result, {.quiet = quiet});
+        const std::string text = zolt_check::report("zoltconf.xml", result, {.quiet = quiet});
         fuzz::require(text.empty() || text.back() == '\n', "a report is whole lines");
     }
-    fuzz::require(nlohmann::json::accept(check::report("zoltconf.xml", result, {.json = true})),
-                  "a report in JSON is JSON");
+    fuzz::require(
+        nlohmann::json::accept(zolt_check::report("zoltconf.xml", result, {.json = true})),
+        "a report in JSON is JSON");
 }
 
 }  // namespace
@@ -83,7 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     file.hold(fuzz::textOf(data, size, kMostBytes));
     const CONFIG_DESCRIPTOR config = readConfigFile(file.path());
     requireConfig(config);
-    const check::Result result = check::checkFile(file.path());
+    const zolt_check::CheckedFile result = zolt_check::checkFile(file.path());
     fuzz::require(result.config.errorText == config.errorText, "both read the same");
     requireCheck(result);
     return 0;

@@ -16,24 +16,24 @@ class Program : public CheckProgramTest {
   protected:
     const std::string warned_ = "<ZOLTConfig>\n<Sped/>\n" + clean_.substr(clean_.find("  <Debug"));
     static constexpr const char* kWarning =
-        "/run/zolt-test/x.xml:2:2: warning: unknown element \"Sped\" is not read (did you mean "
+        "/run/zolt-test/x.xml:2:2: warning: unknown element \"Sped\" is ignored (did you mean "
         "\"Speed\"?)\n";
     static constexpr const char* kError1 =
-        "/run/zolt-test/x.xml:1:38: error: Port 80 is below 1025: zolt does not start, and reads "
-        "nothing behind it; no log says so, for no log file is named above\n";
+        "/run/zolt-test/x.xml:1:38: error: Port 80 is below 1025: zolt does not start and reads "
+        "nothing after it; no log reports this, because no log file is set above this line\n";
 
     void expectWrongUse(const std::vector<std::string>& arguments, const std::string& reason) {
         EXPECT_EQ(run(arguments), "status 2");
         EXPECT_EQ(output(), "");
-        EXPECT_EQ(error(), "zolt-check: " + reason + "\nzolt-check: --help tells the options\n");
+        EXPECT_EQ(error(), "zolt-check: " + reason + "\nzolt-check: see --help for the options\n");
     }
 };
 
 TEST_F(Program, ACleanFile) {
     EXPECT_EQ(run({write(clean_)}), "status 0");
     const std::string interface =
-        ", lines end in \"\\r\\n\" from clients and \"\\r\\n\" to them, 2525 microseconds per "
-        "cycle (50 %)\n";
+        ", lines from clients end in \"\\r\\n\", lines to clients in \"\\r\\n\", 2525 microseconds "
+        "per cycle (50 %)\n";
     EXPECT_EQ(output(),
               "log file   /run/zolt-test/zolt.log\n"
               "log level  1\n"
@@ -92,7 +92,7 @@ TEST_F(Program, Json) {
     EXPECT_EQ(json.at("settings").at("interfaces").at("IO").at("listensOn"), 5002);
     EXPECT_EQ(json.at("findings"),
               Json::parse(R"json([{"severity": "warning", "line": 2, "column": 2,
-        "text": "unknown element \"Sped\" is not read (did you mean \"Speed\"?)"}])json"));
+        "text": "unknown element \"Sped\" is ignored (did you mean \"Speed\"?)"}])json"));
     EXPECT_EQ(run({"--json", "--errors-only", write(warned_)}), "status 0");
     EXPECT_EQ(Json::parse(output()).at("status"), 0);
     EXPECT_EQ(run({"--json", "--quiet", write(refused_)}), "status 2");
@@ -102,8 +102,8 @@ TEST_F(Program, Json) {
 TEST_F(Program, TheDaemonsFileIsTheDefault) {
     EXPECT_EQ(run({"--quiet"}), "status 2");
     EXPECT_EQ(output(),
-              "/etc/zolt/zoltconf.xml:1:1: error: it cannot be read: No such file or directory; "
-              "zolt does not start\n");
+              "/etc/zolt/zoltconf.xml:1:1: error: the file cannot be read: No such file or "
+              "directory; zolt does not start\n");
     support::writeConfiguration(clean_);
     EXPECT_EQ(run({"--quiet"}), "status 0");
     EXPECT_EQ(output(), "");
@@ -159,9 +159,9 @@ TEST_F(Program, StandardInputAsFile) {
 
 TEST_F(Program, AFolder) {
     EXPECT_EQ(run({"--quiet", "/run/zolt-test"}), "status 2");
-    EXPECT_EQ(
-        output(),
-        "/run/zolt-test:1:1: error: it cannot be read: Is a directory; zolt does not start\n");
+    EXPECT_EQ(output(),
+              "/run/zolt-test:1:1: error: the file cannot be read: Is a directory; zolt does not "
+              "start\n");
 }
 
 TEST_F(Program, TheSystemLogStaysSilent) {

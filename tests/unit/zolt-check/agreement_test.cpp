@@ -12,10 +12,10 @@ namespace {
 class Agreement : public CheckFixture {
   protected:
     void expectAgreement(const std::string& text) {
-        const check::Result result = checkText(text);
+        const zolt_check::CheckedFile result = checkText(text);
         const bool error = std::any_of(result.findings.begin(), result.findings.end(),
-                                       [](const check::Finding& finding) {
-                                           return finding.severity == check::Severity::kError;
+                                       [](const zolt_check::Finding& finding) {
+                                           return finding.severity == zolt_check::Severity::kError;
                                        });
         const CONFIG_DESCRIPTOR read = readConfigFile(path_);
         EXPECT_EQ(error, read.errorText != CONFIG_DESCRIPTOR::kNoError) << text;

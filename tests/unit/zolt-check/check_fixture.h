@@ -5,27 +5,27 @@
 #include <string>
 #include <vector>
 
-#include "apps/zolt-check/check.h"
+#include "apps/zolt-check/checks/file_check.h"
 #include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
 
-/// Checks texts as configuration files. Findings come as lines without the
-/// file's name: "2:8: warning: text".
+/// Checks texts as configuration files. A finding is a line without the name of the
+/// file: "2:8: warning: text".
 class CheckFixture : public testing::Test {
   protected:
     using Lines = std::vector<std::string>;
 
-    check::Result checkText(const std::string& text) {
+    zolt_check::CheckedFile checkText(const std::string& text) {
         support::writeFile(path_, text);
-        return check::checkFile(path_);
+        return zolt_check::checkFile(path_);
     }
 
-    static Lines linesOf(const check::Result& result) {
+    static Lines linesOf(const zolt_check::CheckedFile& result) {
         Lines lines;
-        for (const check::Finding& finding : result.findings) {
+        for (const zolt_check::Finding& finding : result.findings) {
             lines.push_back(
                 std::to_string(finding.place.line) + ":" + std::to_string(finding.place.column) +
-                (finding.severity == check::Severity::kError ? ": error: " : ": warning: ") +
+                (finding.severity == zolt_check::Severity::kError ? ": error: " : ": warning: ") +
                 finding.text);
         }
         return lines;
@@ -33,13 +33,14 @@ class CheckFixture : public testing::Test {
 
     Lines findings(const std::string& text) { return linesOf(checkText(text)); }
 
-    /// With these children of the root from line 2 on, and nothing wrong behind.
+    /// The findings of a file that has these children of the root from line 2 on and no
+    /// mistake after them.
     Lines inRoot(const std::string& children) {
         return findings("<ZOLTConfig>\n" + children + "\n<Interfaces>" + kCae + kIo + kMon +
                         "</Interfaces></ZOLTConfig>");
     }
 
-    /// With these entries from line 3 on, alone.
+    /// The findings of a file that has only these entries, from line 3 on.
     Lines entries(const std::string& entries) {
         return findings("<ZOLTConfig><Debuglog File=\"/dev/null\"/>\n<Interfaces>\n" + entries +
                         "\n</Interfaces></ZOLTConfig>");

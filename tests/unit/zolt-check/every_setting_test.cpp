@@ -7,7 +7,7 @@
 #include <array>
 #include <string>
 
-#include "apps/zolt-check/check.h"
+#include "apps/zolt-check/checks/file_check.h"
 #include "apps/zolt-check/report.h"
 #include "core/config_schema.h"
 #include "tests/support/files.h"
@@ -21,32 +21,33 @@ constexpr std::array kValues{"1", "TRUE", "0", "2", "101", "no word of ours", "/
 class EverySetting : public testing::Test {
   protected:
     /// A file with one attribute of one child of the root.
-    check::Result withSetting(const std::string& element, const std::string& attribute,
-                              const std::string& value) {
+    zolt_check::CheckedFile withSetting(const std::string& element, const std::string& attribute,
+                                        const std::string& value) {
         return checkText("<" + element + " " + attribute + "=\"" + value + "\"/>", "");
     }
     /// A file in which the entry of CAE has one more attribute.
-    check::Result withEntryAttribute(const std::string& attribute, const std::string& value) {
+    zolt_check::CheckedFile withEntryAttribute(const std::string& attribute,
+                                               const std::string& value) {
         return checkText("", attribute + "=\"" + value + "\"");
     }
-    check::Result plain() { return checkText("", ""); }
+    zolt_check::CheckedFile plain() { return checkText("", ""); }
 
-    static std::string text(const check::Result& result) {
-        return check::report("file", {result.config, {}}, {});
+    static std::string text(const zolt_check::CheckedFile& result) {
+        return zolt_check::report("file", {result.config, {}}, {});
     }
-    static std::string json(const check::Result& result) {
-        return check::report("file", {result.config, {}}, {.json = true});
+    static std::string json(const zolt_check::CheckedFile& result) {
+        return zolt_check::report("file", {result.config, {}}, {.json = true});
     }
 
   private:
-    check::Result checkText(const std::string& setting, const std::string& attribute) {
+    zolt_check::CheckedFile checkText(const std::string& setting, const std::string& attribute) {
         const std::string port = attribute.starts_with("Port=") ? "" : R"( Port="4001")";
         const std::string name = attribute.starts_with("Name=") ? "" : R"( Name="CAE")";
         support::writeFile(path_, "<ZOLTConfig>" + setting + "<Interfaces><I" + name + port + " " +
                                       attribute +
                                       R"(/><I Name="IO" Port="4002"/>)"
                                       R"(<I Name="MON" Port="4003"/></Interfaces></ZOLTConfig>)");
-        return check::checkFile(path_);
+        return zolt_check::checkFile(path_);
     }
 
     TemporaryFolder folder_;

@@ -6,20 +6,20 @@
 
 namespace {
 
-using check::ReportOptions;
+using zolt_check::ReportOptions;
 using Json = nlohmann::json;
 
 class Report : public CheckFixture {
   protected:
     std::string text(const std::string& file, const ReportOptions& options = {}) {
-        return check::report("x.xml", checkText(file), options);
+        return zolt_check::report("x.xml", checkText(file), options);
     }
     Json json(const std::string& file, ReportOptions options = {}) {
         options.json = true;
         return Json::parse(text(file, options));
     }
     int status(const std::string& file, bool errorsOnly = false) {
-        return check::exitStatus(checkText(file), errorsOnly);
+        return zolt_check::exitStatus(checkText(file), errorsOnly);
     }
 
     const std::string clean_ =
@@ -33,7 +33,8 @@ class Report : public CheckFixture {
 
 TEST_F(Report, OfACleanFile) {
     const std::string pace = "5000 microseconds per cycle (1 %)\n";
-    const std::string lines = R"(, lines end in "\r\n" from clients and "\r\n" to them, )" + pace;
+    const std::string lines =
+        R"(, lines from clients end in "\r\n", lines to clients in "\r\n", )" + pace;
     EXPECT_EQ(text(clean_),
               "log file   none\n"
               "log level  0\n"
@@ -49,22 +50,19 @@ TEST_F(Report, OfACleanFile) {
 
 TEST_F(Report, OfAFileWithWarnings) {
     const std::string findings =
-        "x.xml:1:40: warning: Loglevel 3 writes nothing and uses up one open file per message: "
-        "use 0 or 1\n"
-        "x.xml:2:82: warning: interface \"MON\" is missing: it listens on a port that the system "
-        "picks, and welcomes nobody\n"
-        "x.xml:3:15: warning: Port 70000 is above 65535: only its low 16 bits count, which is "
-        "port 4464\n";
+        "x.xml:1:40: warning: Loglevel 3 writes nothing and uses up one open file per message: use "
+        "0 or 1\nx.xml:2:82: warning: interface \"MON\" is missing: it listens on a port that the "
+        "system picks and sends no banner\nx.xml:3:15: warning: Port 70000 is above 65535: zolt "
+        "uses its low 16 bits, port 4464\n";
     const std::string pace = "2525 microseconds per cycle (50 %)\n";
-    const std::string lines = R"(, lines end in "\r\n" from clients and "\r\n" to them, )";
+    const std::string lines = R"(, lines from clients end in "\r\n", lines to clients in "\r\n", )";
     EXPECT_EQ(text(warned_),
               "log file   /dev/null\n"
               "log level  3\n"
               "speed      " +
                   pace +
-                  "polling    on\n"
-                  "discovery  on\n"
-                  "CAE        port 4464, lines end in \"\\n\" from clients and \"\\r\" to them, " +
+                  "polling    on\ndiscovery  on\nCAE        port 4464, lines from clients end in "
+                  "\"\\n\", lines to clients in \"\\r\", " +
                   pace + "IO         port 4002" + lines + pace +
                   "MON        a port that the system picks" + lines +
                   "5000 microseconds per cycle (1 %)\n" + findings +
@@ -91,7 +89,8 @@ TEST_F(Report, OfASpeedOutOfRange) {
         const std::string shown = text(file);
         EXPECT_NE(shown.find("\nspeed      " + std::string(row.shown) + "\n"), std::string::npos)
             << shown;
-        EXPECT_NE(shown.find("to them, " + std::string(row.shown) + "\nIO "), std::string::npos)
+        EXPECT_NE(shown.find("lines to clients in \"\\r\\n\", " + std::string(row.shown) + "\nIO "),
+                  std::string::npos)
             << shown;
         const Json settings = json(file).at("settings");
         for (const Json& part : {settings, settings.at("interfaces").at("CAE")}) {
@@ -108,9 +107,8 @@ TEST_F(Report, CountsOneWarning) {
 
 TEST_F(Report, OfAFileThatIsRefused) {
     EXPECT_EQ(text(refused_),
-              "x.xml:1:13: error: it is not well-formed: Start-end tags mismatch; zolt does not "
-              "start\n"
-              "x.xml: zolt would not start\n");
+              "x.xml:1:13: error: the file is not well-formed: Start-end tags mismatch; zolt does "
+              "not start\nx.xml: zolt would not start\n");
 }
 
 TEST_F(Report, AsJson) {
@@ -136,7 +134,7 @@ TEST_F(Report, AsJson) {
 TEST_F(Report, AsJsonOfAFileThatIsRefused) {
     EXPECT_EQ(json(refused_), Json::parse(R"({"file": "x.xml", "status": 2, "settings": null,
         "findings": [{"severity": "error", "line": 1, "column": 13, "text":
-        "it is not well-formed: Start-end tags mismatch; zolt does not start"}]})"));
+        "the file is not well-formed: Start-end tags mismatch; zolt does not start"}]})"));
 }
 
 TEST_F(Report, AsJsonWithoutSettings) {
