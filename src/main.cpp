@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kPidFile = "/var/run/zolt/zolt.pid";
 
-/// -1 while running, else the number of the last signal received.
+/// ZOLT::kNoSignal, or the number of the last signal received.
 int* pSignalFlag = nullptr;
 
 static_assert(std::atomic_ref<int>::is_always_lock_free, "a signal handler stores into it");
@@ -54,7 +54,7 @@ int main() {
     pidFile << ITOA(getpid());
     pidFile.close();
 
-    pSignalFlag = new int(-1);
+    pSignalFlag = new int(ZOLT::kNoSignal);
     std::signal(SIGINT, SIGhandler);
     std::signal(SIGTERM, SIGhandler);
     // A client that is gone, or a closed standard output, is no reason to end.

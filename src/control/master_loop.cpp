@@ -12,9 +12,7 @@
 
 namespace {
 
-constexpr int kRunning = -1;
-
-/// Between two tries to start a worker for which there was no thread.
+/// The time between two tries to start a worker for which there was no thread.
 constexpr std::chrono::seconds kWorkerStartPause{1};
 
 bool isConnected(const SOCKET_INTERFACE& interface) {
@@ -41,9 +39,9 @@ void ZOLT::MasterThread() {
 }
 
 bool ZOLT::stopRequested() {
-    // Read anew each time: a second signal may come while the first is handled.
+    // Each call reads the flag: a second signal may come while the first is handled.
     const auto flag = [this] { return std::atomic_ref<int>(*signalFlag_).load(); };
-    if (flag() == kRunning) {
+    if (flag() == kNoSignal) {
         return false;
     }
     for (SOCKET_INTERFACE* interface : {cae_.get(), io_.get(), mon_.get()}) {

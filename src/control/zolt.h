@@ -23,7 +23,10 @@
 /// share through queues and atomics.
 class ZOLT final {
   public:
-    /// `signalFlag` holds -1 until a signal handler, in any thread, stores the
+    /// The value of the signal flag as long as no signal has come.
+    static constexpr int kNoSignal = -1;
+
+    /// `signalFlag` holds kNoSignal until a signal handler, in any thread, stores the
     /// signal's number there; it outlives this object.
     ZOLT(LOGGER logger, int* signalFlag);
     /// Stops the workers. The daemon ends through exit() instead, which leaves

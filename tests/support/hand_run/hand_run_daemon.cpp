@@ -22,7 +22,7 @@ std::FILE* __wrap_popen(const char* /*command*/, const char* mode) {
 namespace support {
 namespace {
 
-/// The port that a socket listens on, 0 for any other descriptor.
+/// The port that a listening socket has, 0 for any other descriptor.
 std::uint16_t listeningPort(int descriptor) {
     int listens = 0;
     socklen_t size = sizeof listens;
@@ -35,8 +35,8 @@ std::uint16_t listeningPort(int descriptor) {
     return ntohs(address.sin_port);
 }
 
-/// The ports of this process in the order in which they were opened: the system
-/// gives out the lowest number that is free.
+/// The ports that this process listens on, in the order of their opening: a new
+/// descriptor has the lowest number that is free.
 std::array<std::uint16_t, 3> listeningPorts() {
     std::array<std::uint16_t, 3> ports{};
     std::size_t found = 0;
@@ -64,7 +64,7 @@ HandRunDaemon::HandRunDaemon(const std::array<char, wire::kAddresses>& kinds)
 }
 
 void HandRunDaemon::runMaster(const std::function<bool()>& betweenCycles) {
-    signalFlag_ = -1;
+    signalFlag_ = ZOLT::kNoSignal;
     const DuringPauses pauses([&] {
         if (!betweenCycles()) signalFlag_ = SIGTERM;
     });

@@ -14,22 +14,22 @@ namespace support {
 
 /// The daemon without threads and without files, on ports of the system's choice
 /// and on a QuickBus. Its master loop and its workers run cycle by cycle on the
-/// thread of the test. Needs hand_run_workers.cpp and fake_serial_port.cpp, and popen led
-/// here by the linker (--wrap=popen), so that the link finds a port on every
-/// machine. One at a time.
+/// thread of the test. A program that uses it links hand_run_workers.cpp and
+/// fake_serial_port.cpp, and lets the linker replace popen (--wrap=popen), so that the
+/// link finds a port on every machine. Only one may exist at a time.
 class HandRunDaemon {
   public:
-    /// `kinds` are those of the cards, by address; the link has found them. They
-    /// are not polled yet.
+    /// `kinds` has the kind of the card at each address. The link has found the
+    /// cards, but does not poll them yet.
     explicit HandRunDaemon(const std::array<char, wire::kAddresses>& kinds);
 
-    /// Runs the master loop; `betweenCycles` is called ahead of each cycle and
-    /// ends the loop with false.
+    /// Runs the master loop; `betweenCycles` is called before each cycle and
+    /// ends the loop by returning false.
     void runMaster(const std::function<bool()>& betweenCycles);
-    /// What one cycle of the master loop takes from the heap.
+    /// Runs one cycle of the master loop; returns what it takes from the heap.
     Allocations masterCycle();
 
-    /// A client that its interface has accepted.
+    /// Connects a client; its interface has accepted it.
     TcpClient connect(SOCKET_INTERFACE& interface) const;
 
     SOCKET_INTERFACE& cae() const { return *cae_; }
@@ -40,13 +40,13 @@ class HandRunDaemon {
     QuickBus bus;
 
   private:
-    int signalFlag_ = -1;
+    int signalFlag_ = ZOLT::kNoSignal;
     ZOLT zolt_;
     SOCKET_INTERFACE* cae_ = nullptr;
     SOCKET_INTERFACE* io_ = nullptr;
     SOCKET_INTERFACE* mon_ = nullptr;
     SERIAL_INTERFACE* serial_ = nullptr;
-    /// Of CAE, IO and MON.
+    /// The ports of CAE, IO and MON.
     std::array<std::uint16_t, 3> ports_{};
 };
 

@@ -12,7 +12,7 @@ namespace {
 std::vector<CThread*> living;
 std::function<void()> duringPause;
 std::function<void()> atNextWake;
-/// By the pause of the loop that they wait for.
+/// The number of waiting items, by the pause of the loop that will take them.
 std::map<const LoopPause*, int> waiting;
 
 }  // namespace

@@ -7,18 +7,18 @@
 
 namespace support {
 
-/// Whatever links hand_run_workers.cpp in gets workers without threads, whose
+/// A program that links hand_run_workers.cpp in has workers without threads, whose
 /// cycles the test runs itself, and pauses that take no time.
 
-/// The workers that live, oldest first.
+/// All workers that exist, oldest first.
 const std::vector<CThread*>& workers();
 
-/// The items that keep some loop from resting.
+/// How many items keep a loop from resting.
 int waitingItems();
 
-/// While one lives, the pause at the start of a cycle is a call of `action`: the
-/// one way to act between two cycles of a loop that does not return. Pauses of
-/// cycles that the action runs itself are none. One at a time.
+/// While a DuringPauses exists, the pause at the start of a cycle calls `action`: the
+/// one way to act between two cycles of a loop that does not return. Cycles that the
+/// action itself runs have no pause. Only one may exist at a time.
 class DuringPauses {
   public:
     explicit DuringPauses(std::function<void()> action);
@@ -28,7 +28,7 @@ class DuringPauses {
 };
 
 /// The next time that an item wakes some loop, `action` runs once, on the thread that
-/// has queued the item. One at a time.
+/// has queued the item. Only one may exist at a time.
 class AtNextWake {
   public:
     explicit AtNextWake(std::function<void()> action);
