@@ -95,6 +95,7 @@ class EveryKind : public DaemonTest, public ::testing::WithParamInterface<zolt_s
         const std::optional<Order> order = orderFor(GetParam());
         ASSERT_TRUE(order) << "this test knows no command of zoltctl for the kind";
         outputOf(order->command);
+        ASSERT_FALSE(HasFailure());
         std::string shown;
         EXPECT_TRUE(support::waitUntil([&] {
             shown = sim_->control("show 3").at(0);
