@@ -3,10 +3,10 @@
 #include <fcntl.h>
 #include <signal.h>
 
+#include "lib/os/descriptor.h"
 #include "tests/support/files.h"
 #include "tests/support/process/child_process.h"
 #include "tests/support/process/private_view.h"
-#include "tests/support/unique_fd.h"
 
 namespace bench {
 namespace {
@@ -18,7 +18,7 @@ std::filesystem::path errorFile() {
 }  // namespace
 
 ChildProgram::ChildProgram(const std::vector<std::string>& command, const Placement& placement) {
-    const support::UniqueFd errors(
+    const zolt_os::Descriptor errors(
         ::open(errorFile().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644));
     support::StandardStreams streams;
     streams.error = errors.get();

@@ -18,8 +18,8 @@
 #include "bench/system/machine.h"
 #include "bench/system/noise_watch.h"
 #include "bench/system/trial.h"
+#include "lib/os/descriptor.h"
 #include "tests/support/process/private_view.h"
-#include "tests/support/unique_fd.h"
 
 namespace bench {
 namespace {
@@ -141,7 +141,7 @@ class Run {
 // The gateway opens a port only on a machine with an address besides 127.0.0.1; this
 // one is reserved for examples.
 void addNetworkAddress() {
-    const support::UniqueFd socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    const zolt_os::Descriptor socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     ifreq request{};
     std::strncpy(request.ifr_name, "lo:1", IFNAMSIZ - 1);
     sockaddr_in address{};

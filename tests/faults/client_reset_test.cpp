@@ -7,8 +7,8 @@
 #include <map>
 #include <thread>
 
+#include "lib/os/descriptor.h"
 #include "tests/faults/fault_test.h"
-#include "tests/support/unique_fd.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ enum class Attempt { kConnected, kRefused, kUnanswered };
 /// One try to connect that waits for nothing, and a reset at once when it
 /// succeeds. A port whose backlog is full leaves it unanswered.
 Attempt connectAndReset(std::uint16_t port) {
-    const support::UniqueFd socket(
+    const zolt_os::Descriptor socket(
         ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     const linger atOnce{1, 0};
     ::setsockopt(socket.get(), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);

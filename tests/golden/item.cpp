@@ -4,6 +4,7 @@
 #include <array>
 #include <stdexcept>
 
+#include "lib/text/escape.h"
 #include "tests/support/text/text_escape.h"
 
 namespace golden {
@@ -24,7 +25,7 @@ std::string unquote(std::string_view text) {
     if (text.size() < 2 || text.front() != '"' || text.back() != '"') {
         throw std::invalid_argument("bytes stand between quotation marks");
     }
-    return support::unescapeBytes(text.substr(1, text.size() - 2));
+    return zolt_text::unescape(text.substr(1, text.size() - 2));
 }
 
 }  // namespace
@@ -71,7 +72,7 @@ Item readItem(std::string_view text) {
     const auto start = std::min(text.find_first_not_of(' ', channelEnd), text.size());
     const std::string_view rest = text.substr(start);
     if (!isByteChannel(item.channel)) {
-        item.text = support::unescapeBytes(rest);
+        item.text = zolt_text::unescape(rest);
         return item;
     }
     if (item.repeats) throw std::invalid_argument("only lines may repeat");

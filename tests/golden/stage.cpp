@@ -7,11 +7,11 @@
 #include <stdexcept>
 #include <thread>
 
+#include "lib/text/escape.h"
 #include "tests/golden/boot.h"
 #include "tests/golden/dialogue_settings.h"
 #include "tests/golden/log_lines.h"
 #include "tests/support/process/private_view.h"
-#include "tests/support/text/text_escape.h"
 #include "tests/support/wait.h"
 
 namespace golden {
@@ -131,7 +131,7 @@ void Stage::send(const std::string& argument) {
         throw std::runtime_error("expected: send CLIENT \"BYTES\"");
     }
     const std::string name = argument.substr(0, blank);
-    client(name).connection.send(support::unescapeBytes(bytes.substr(1, bytes.size() - 2)));
+    client(name).connection.send(zolt_text::unescape(bytes.substr(1, bytes.size() - 2)));
     lastSender_ = name;
 }
 

@@ -8,8 +8,8 @@
 #include <cerrno>
 #include <chrono>
 
+#include "lib/os/descriptor.h"
 #include "tests/ports/interface_fixture.h"
-#include "tests/support/unique_fd.h"
 
 namespace {
 
@@ -184,7 +184,7 @@ TEST_F(Client, AHighDescriptorNumberWorksLikeAnyOther) {
     if (limit.rlim_max < FD_SETSIZE + 50) GTEST_SKIP() << "too few descriptors allowed";
     limit.rlim_cur = FD_SETSIZE + 50;
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
-    std::vector<support::UniqueFd> fillers;
+    std::vector<zolt_os::Descriptor> fillers;
     do {
         fillers.emplace_back(::open("/dev/null", O_RDONLY | O_CLOEXEC));
         ASSERT_TRUE(fillers.back().valid());

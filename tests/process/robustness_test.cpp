@@ -7,9 +7,9 @@
 #include <optional>
 #include <string>
 
+#include "lib/os/descriptor.h"
 #include "tests/process/process_test.h"
 #include "tests/support/tcp/tcp_client.h"
-#include "tests/support/unique_fd.h"
 
 namespace {
 
@@ -45,14 +45,14 @@ TEST_F(Robustness, ClosedStandardOutputDoesNotStopIt) {
 TEST_F(Robustness, BrokenStandardOutputDoesNotStopIt) {
     std::array<int, 2> ends{};
     ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
-    const support::UniqueFd writeEnd(ends[1]);
+    const zolt_os::Descriptor writeEnd(ends[1]);
     ::close(ends[0]);
     start(writeEnd.get());
     expectCutCommandReported();
 }
 
 TEST_F(Robustness, BusyPortIsLoggedAndTheOtherInterfacesWork) {
-    const support::UniqueFd occupant(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const zolt_os::Descriptor occupant(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(support::kCaePort);

@@ -141,14 +141,14 @@ TEST_F(Program, OutputThatCannotBeWritten) {
 TEST_F(Program, AReaderThatHasLeft) {
     std::array<int, 2> ends{};
     ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
-    const support::UniqueFd writeEnd(ends[1]);
+    const zolt_os::Descriptor writeEnd(ends[1]);
     ::close(ends[0]);
     EXPECT_EQ(run({write(clean_)}, "/proc/self/fd/" + std::to_string(writeEnd.get())), "status 2");
     EXPECT_EQ(error(), "zolt-check: cannot write the output: Broken pipe\n");
 }
 
 TEST_F(Program, StandardInputAsFile) {
-    const support::UniqueFd input(::open(write(warned_).c_str(), O_RDONLY));
+    const zolt_os::Descriptor input(::open(write(warned_).c_str(), O_RDONLY));
     support::StandardStreams streams;
     streams.input = input.get();
     const auto end =

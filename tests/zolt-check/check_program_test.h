@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "lib/os/descriptor.h"
 #include "tests/support/files.h"
 #include "tests/support/process/child_process.h"
 #include "tests/support/process/daemon_settings.h"
 #include "tests/support/process/private_view.h"
-#include "tests/support/unique_fd.h"
 
 /// Runs zolt-check in a private view, with an empty work folder.
 class CheckProgramTest : public testing::Test {
@@ -23,8 +23,9 @@ class CheckProgramTest : public testing::Test {
     /// goes to a file, or to `target`.
     std::string run(std::vector<std::string> arguments, const std::string& target = kOutput) {
         arguments.insert(arguments.begin(), ZOLT_CHECK_PROGRAM);
-        const support::UniqueFd output(::open(target.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600));
-        const support::UniqueFd error(::open(kError, O_WRONLY | O_CREAT | O_TRUNC, 0600));
+        const zolt_os::Descriptor output(
+            ::open(target.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600));
+        const zolt_os::Descriptor error(::open(kError, O_WRONLY | O_CREAT | O_TRUNC, 0600));
         support::StandardStreams streams;
         streams.output = output.get();
         streams.error = error.get();

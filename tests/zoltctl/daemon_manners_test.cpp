@@ -135,7 +135,7 @@ TEST_F(Manners, AnotherPortOfTheDaemonIsNoConsole) {
 
 TEST_F(Manners, AnOutputThatCannotBeWritten) {
     start();
-    const support::UniqueFd full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
+    const zolt_os::Descriptor full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
     expectOutcome(run({"version"}, {.output = full.get()}), 8, "",
                   "zoltctl: cannot write the output: No space left on device");
 }

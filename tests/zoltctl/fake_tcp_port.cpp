@@ -16,8 +16,8 @@
 namespace ctl_test {
 namespace {
 
-support::UniqueFd listenOnLoopback(std::uint16_t port) {
-    support::UniqueFd socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+zolt_os::Descriptor listenOnLoopback(std::uint16_t port) {
+    zolt_os::Descriptor socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const int yes = 1;
     ::setsockopt(socket.get(), SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     sockaddr_in address{};
@@ -130,7 +130,8 @@ FakeTcpPort::~FakeTcpPort() {
 
 void FakeTcpPort::serve(const std::vector<Script>& scripts) {
     for (const auto& script : scripts) {
-        const support::UniqueFd client(::accept4(listening_.get(), nullptr, nullptr, SOCK_CLOEXEC));
+        const zolt_os::Descriptor client(
+            ::accept4(listening_.get(), nullptr, nullptr, SOCK_CLOEXEC));
         if (!client.valid()) return;
         const int yes = 1;
         ::setsockopt(client.get(), IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);

@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 
 namespace ctl_test {
 
@@ -75,7 +75,7 @@ class FakeTcpPort {
   private:
     void serve(const std::vector<Script>& scripts);
 
-    support::UniqueFd listening_;
+    zolt_os::Descriptor listening_;
     std::mutex lock_;
     int served_ = -1;
     bool ending_ = false;

@@ -17,14 +17,14 @@ class Output : public FakeTest {
         return ctl_test::run(arguments, {.environment = {"ZOLT_LINE_END=crlf"}, .output = output});
     }
 
-    static std::array<support::UniqueFd, 2> makePipe() {
+    static std::array<zolt_os::Descriptor, 2> makePipe() {
         std::array<int, 2> ends{};
         EXPECT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
-        return {support::UniqueFd(ends[0]), support::UniqueFd(ends[1])};
+        return {zolt_os::Descriptor(ends[0]), zolt_os::Descriptor(ends[1])};
     }
 
     // Fills a pipe, so that who writes into it has to wait for its reader.
-    static void fill(const support::UniqueFd& writeEnd) {
+    static void fill(const zolt_os::Descriptor& writeEnd) {
         ::fcntl(writeEnd.get(), F_SETFL, O_NONBLOCK);
         const std::string bytes(4096, 'x');
         while (::write(writeEnd.get(), bytes.data(), bytes.size()) > 0) {
@@ -38,7 +38,7 @@ class Output : public FakeTest {
 };
 
 TEST_F(Output, AFullDiskIsTold) {
-    const support::UniqueFd full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
+    const zolt_os::Descriptor full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
     const std::string error = "zoltctl: cannot write the output: No space left on device";
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"version"}, {"--json", "version"}, {"raw", "cae", "DRVVER"}}) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 
 namespace ctl_test {
 
@@ -23,8 +23,8 @@ class Terminal {
     void hangUp() { outer_.reset(); }
 
   private:
-    support::UniqueFd outer_;
-    support::UniqueFd inner_;
+    zolt_os::Descriptor outer_;
+    zolt_os::Descriptor inner_;
     std::string screen_;
     std::string::size_type seen_ = 0;
 };

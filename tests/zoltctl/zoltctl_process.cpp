@@ -38,8 +38,8 @@ std::vector<std::string> commandLine(const std::vector<std::string>& arguments,
     return joined(std::move(command), arguments);
 }
 
-support::UniqueFd openFile(const std::string& path, int mode) {
-    support::UniqueFd file(::open(path.c_str(), mode | O_CLOEXEC, 0600));
+zolt_os::Descriptor openFile(const std::string& path, int mode) {
+    zolt_os::Descriptor file(::open(path.c_str(), mode | O_CLOEXEC, 0600));
     if (!file.valid()) throw std::system_error(errno, std::generic_category(), path);
     return file;
 }
@@ -69,7 +69,7 @@ ZoltctlProcess::ZoltctlProcess(const std::vector<std::string>& arguments,
         throw std::system_error(errno, std::generic_category(), "pipe");
     }
     output_.reset(ends[0]);
-    const support::UniqueFd writeEnd(ends[1]);
+    const zolt_os::Descriptor writeEnd(ends[1]);
     ::fcntl(output_.get(), F_SETFL, O_NONBLOCK);
 
     support::StandardStreams streams;

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 #include "tests/support/wait.h"
 
 namespace ctl_test {
@@ -66,7 +66,7 @@ class ZoltctlProcess {
   private:
     pid_t process_ = -1;
     std::optional<int> endStatus_;
-    support::UniqueFd output_;
+    zolt_os::Descriptor output_;
     std::string errorFile_;
 };
 

@@ -1,6 +1,6 @@
 #include "tests/reliability/accounts/input_cards.h"
 
-#include "tests/support/text/hex.h"
+#include "lib/text/hexadecimal.h"
 
 namespace reliability {
 namespace {
@@ -15,22 +15,23 @@ constexpr std::size_t kAhead = 200;
 }  // namespace
 
 std::string reportText(unsigned address, std::size_t block, unsigned value) {
-    return "a" + support::hex(address, 1) + "b" + support::hex(block, 1) + "d" +
-           support::hex(value, 2);
+    return "a" + zolt_text::hexNumber(address, 1) + "b" + zolt_text::hexNumber(block, 1) + "d" +
+           zolt_text::hexNumber(value, 2);
 }
 
 std::vector<std::string> InputCard::change(BusWatch& bus) {
     value_ = (value_ + 1) & 0xFF;
-    const std::string address = support::hex(address_, 1);
+    const std::string address = zolt_text::hexNumber(address_, 1);
     if (kind_ == Kind::kKeyMatrix) {
-        bus.control("key " + address + " " + support::hex(value_, 2));
+        bus.control("key " + address + " " + zolt_text::hexNumber(value_, 2));
         return {reportText(address_, 0, value_)};
     }
     std::vector<std::string> reports;
     for (unsigned block = 0; block < 2; ++block) {
         // The second block runs apart from the first, to tell the two from each other.
         const unsigned value = (value_ + block * 0x80) & 0xFF;
-        bus.control("set " + address + " " + std::to_string(block) + " " + support::hex(value, 2));
+        bus.control("set " + address + " " + std::to_string(block) + " " +
+                    zolt_text::hexNumber(value, 2));
         reports.push_back(reportText(address_, block, value));
     }
     return reports;
@@ -54,9 +55,9 @@ std::vector<std::string> AnalogueScript::refill() {
 }
 
 void AnalogueScript::queueReading(const std::string& times) {
-    std::string answer = "fault answer 21 " + support::hex(address_, 2);
-    for (const unsigned value : channels_) answer += " " + support::hex(value, 2);
-    bus_.control(answer + " at " + support::hex(address_, 1) + " for poll " + times);
+    std::string answer = "fault answer 21 " + zolt_text::hexNumber(address_, 2);
+    for (const unsigned value : channels_) answer += " " + zolt_text::hexNumber(value, 2);
+    bus_.control(answer + " at " + zolt_text::hexNumber(address_, 1) + " for poll " + times);
 }
 
 }  // namespace reliability

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 
 namespace reliability {
 
@@ -59,7 +59,7 @@ class NonBlockingClient {
 
     std::uint16_t port_;
     std::function<void(const std::string&)> observer_;
-    support::UniqueFd socket_;
+    zolt_os::Descriptor socket_;
     bool wanted_ = false;
     bool connecting_ = false;
     bool smallWindow_ = false;

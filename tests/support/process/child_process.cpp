@@ -58,8 +58,9 @@ bool isChildRunning(const std::string& stat, const std::string& name, pid_t pare
 
 }  // namespace
 
-UniqueFd createOutputFile(const std::filesystem::path& path) {
-    UniqueFd file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0644));
+zolt_os::Descriptor createOutputFile(const std::filesystem::path& path) {
+    zolt_os::Descriptor file(
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0644));
     if (!file.valid()) throw std::runtime_error("cannot write " + path.string());
     return file;
 }

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 #include "tests/support/wait.h"
 
 namespace support {
@@ -25,7 +25,7 @@ struct StandardStreams {
 
 /// A new file for such a stream, which is appended to; throws std::runtime_error when it
 /// cannot be written.
-UniqueFd createOutputFile(const std::filesystem::path& path);
+zolt_os::Descriptor createOutputFile(const std::filesystem::path& path);
 
 /// How a process ended, in words: "status 0", "signal 9".
 std::string describeWaitStatus(int waitStatus);

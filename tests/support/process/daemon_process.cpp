@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "lib/os/descriptor.h"
 #include "tests/support/process/daemon_settings.h"
 #include "tests/support/process/private_view.h"
-#include "tests/support/unique_fd.h"
 
 namespace support {
 namespace {
@@ -50,8 +50,8 @@ DaemonProcess::~DaemonProcess() {
 }
 
 std::string DaemonProcess::start(std::optional<int> output) {
-    const UniqueFd outputFile = createOutputFile(standardOutputFile());
-    const UniqueFd errors = createOutputFile(standardErrorFile());
+    const zolt_os::Descriptor outputFile = createOutputFile(standardOutputFile());
+    const zolt_os::Descriptor errors = createOutputFile(standardErrorFile());
     StandardStreams streams;
     streams.output = output.value_or(outputFile.get());
     streams.error = errors.get();

@@ -13,14 +13,14 @@
 #include <system_error>
 #include <vector>
 
+#include "lib/os/descriptor.h"
 #include "tests/support/process/child_process.h"
-#include "tests/support/unique_fd.h"
 
 namespace support {
 namespace {
 
 void bringUpLoopback() {
-    const UniqueFd socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    const zolt_os::Descriptor socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     ifreq request{};
     std::strncpy(request.ifr_name, "lo", IFNAMSIZ - 1);
     if (::ioctl(socket.get(), SIOCGIFFLAGS, &request) != 0) {

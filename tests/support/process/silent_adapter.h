@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 
 namespace support {
 
@@ -20,8 +20,8 @@ class SilentAdapter {
 
   private:
     std::filesystem::path link_;
-    UniqueFd controller_;
-    UniqueFd terminal_;
+    zolt_os::Descriptor controller_;
+    zolt_os::Descriptor terminal_;
 };
 
 }  // namespace support

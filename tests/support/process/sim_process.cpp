@@ -39,7 +39,7 @@ SimProcess::SimProcess(const Options& options)
     const auto busFile = workFolder() / "sim.bus";
     writeFile(busFile, options.bus);
     std::filesystem::remove(traceFile_);
-    const UniqueFd errors = createOutputFile(errorFile_);
+    const zolt_os::Descriptor errors = createOutputFile(errorFile_);
     StandardStreams streams;
     streams.error = errors.get();
     std::vector<std::string> command{options.program,
@@ -71,7 +71,7 @@ SimProcess::~SimProcess() {
 
 void SimProcess::connectControl() {
     if (control_.valid()) return;
-    UniqueFd socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    zolt_os::Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     std::strncpy(address.sun_path, controlPath().c_str(), sizeof address.sun_path - 1);

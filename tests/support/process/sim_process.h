@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "lib/os/descriptor.h"
 #include "tests/support/files.h"
-#include "tests/support/unique_fd.h"
 
 namespace support {
 
@@ -62,7 +62,7 @@ class SimProcess {
     std::filesystem::path errorFile_;
     FileTail trace_;
     pid_t process_ = -1;
-    UniqueFd control_;
+    zolt_os::Descriptor control_;
     std::string controlInput_;
 };
 

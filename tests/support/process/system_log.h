@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 
 namespace support {
 
@@ -21,7 +21,7 @@ class SystemLog {
     std::vector<std::string> readNew();
 
   private:
-    UniqueFd socket_;
+    zolt_os::Descriptor socket_;
 };
 
 }  // namespace support

@@ -29,7 +29,7 @@ bool endsWith(const std::string& text, const std::string& end) {
 }  // namespace
 
 std::optional<TcpClient> TcpClient::tryConnect(std::uint16_t port) {
-    UniqueFd socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    zolt_os::Descriptor socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);

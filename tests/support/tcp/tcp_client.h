@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 #include "tests/support/wait.h"
 
 namespace support {
@@ -43,9 +43,9 @@ class TcpClient {
     void vanish() const;
 
   private:
-    explicit TcpClient(UniqueFd socket) : socket_(std::move(socket)) {}
+    explicit TcpClient(zolt_os::Descriptor socket) : socket_(std::move(socket)) {}
 
-    UniqueFd socket_;
+    zolt_os::Descriptor socket_;
     bool closedByPeer_ = false;
 };
 

@@ -5,16 +5,12 @@
 
 namespace support {
 
-/// Writes bytes in readable form: printable ASCII as it stands, the others as
-/// \r, \n, \t or \xHH, a backslash as \\ and a quotation mark as \".
+/// Writes bytes for a text in quotation marks: as zolt_text::escape(), with a quotation
+/// mark as \". zolt_text::unescape() reads both forms back.
 std::string escapeBytes(std::string_view bytes);
 
-/// As escapeBytes, for text that stands alone on its line: quotation marks stay,
-/// and a blank at the end, which nobody would see, is written as \x20.
+/// Writes bytes for a text that is alone on its line: as zolt_text::escape(), with a blank
+/// at the end as \x20, so that a reader sees it.
 std::string escapeLine(std::string_view text);
-
-/// The reverse of both; throws std::invalid_argument on an unknown or
-/// incomplete escape.
-std::string unescapeBytes(std::string_view text);
 
 }  // namespace support

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 
 /// The cards' end of a serial line, worked by a script: a pseudo-terminal on
 /// which the answer to a request lies ready just before the host's read call
@@ -62,10 +62,10 @@ class ScriptedLine {
   private:
     void deliver(const std::string& text);
 
-    support::UniqueFd controller_;
+    zolt_os::Descriptor controller_;
     /// Held open, so that the line keeps its mode and its bytes while the host
     /// closes and opens its own end.
-    support::UniqueFd terminal_;
+    zolt_os::Descriptor terminal_;
     std::string path_;
     mutable std::mutex lock_;
     std::queue<std::vector<Piece>> script_;

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "core/logger.h"
+#include "lib/os/descriptor.h"
 #include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
-#include "tests/support/unique_fd.h"
 
 namespace {
 
@@ -128,7 +128,7 @@ TEST_F(LoggerFile, IsSkippedSilentlyWhenItCannotBeOpened) {
 TEST_F(LoggerFile, MayBeAPipeThatNobodyReads) {
     ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
     logger_.Info("nobody listens");
-    const support::UniqueFd reader(open(path_.c_str(), O_RDONLY | O_NONBLOCK));
+    const zolt_os::Descriptor reader(open(path_.c_str(), O_RDONLY | O_NONBLOCK));
     ASSERT_TRUE(reader.valid());
     for (int i = 0; i < 200; ++i) {
         logger_.Info(std::string(900, 'x'));

@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/support/unique_fd.h"
+#include "lib/os/descriptor.h"
 #include "tests/support/wait.h"
 #include "tests/unit/thread/background_call.h"
 #include "tests/unit/thread/system_calls.h"
@@ -138,8 +138,8 @@ TEST(LoopPause, AChangeAlsoEndsTheRestOfALoopThatCannotTakeItsItems) {
 TEST(LoopPause, TheDescriptorsBytesEndTheRest) {
     std::array<int, 2> ends{};
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()), 0);
-    const support::UniqueFd loopEnd(ends[0]);
-    const support::UniqueFd farEnd(ends[1]);
+    const zolt_os::Descriptor loopEnd(ends[0]);
+    const zolt_os::Descriptor farEnd(ends[1]);
     LoopPause pause(kTooLong);
     EXPECT_TRUE(endsTheRest(
         pause, [&] { EXPECT_EQ(send(farEnd.get(), "x", 1, 0), 1); }, loopEnd.get()));
