@@ -62,6 +62,12 @@ INSTANTIATE_TEST_SUITE_P(CardKinds, KnownKind,
                                          Kind{9, "ALPHANUMERIC LCD CONTROLLER", 0, 21, "", ""},
                                          Kind{10, "IR REMOTE CONTROLLER", 0, 1, "", ""}));
 
+TEST(CardKinds, HaveACaseEachAmongTheTestsOfKnownKinds) {
+    std::string codes;
+    for (const CardKind& kind : cardKinds()) codes.push_back(kind.code);
+    EXPECT_EQ(hexText(codes), "00 03 04 05 06 07 08 09 0A");
+}
+
 TEST(CardKinds, EveryOtherCodeIsUnidentifiedAndKept) {
     for (int code = 1; code < 256; ++code) {
         if (code >= 3 && code <= 10) continue;

@@ -22,8 +22,8 @@ const std::vector<std::string>& examples() {
 class ConsoleRobustness : public testing::TestWithParam<std::string> {
   protected:
     ConsoleRobustness() {
-        for (char kind = card_kind::kDigitalOutput; kind <= card_kind::kInfrared; ++kind) {
-            host_.addCard(static_cast<std::size_t>(kind), kind);
+        for (const CardKind& kind : cardKinds()) {
+            host_.addCard(static_cast<std::size_t>(kind.code), kind.code);
         }
         host_.answerWith("51 00 00 80");
     }

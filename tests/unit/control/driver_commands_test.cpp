@@ -35,10 +35,8 @@ TEST(DriverCommandTable, IsInTestOrder) {
 class DriverCommands : public ConsoleFixture {
   protected:
     DriverCommands() {
-        for (const char kind : {card_kind::kDigitalOutput, card_kind::kDigitalInput,
-                                card_kind::kServo, card_kind::kMotor, card_kind::kAnalogueInput,
-                                card_kind::kKeyMatrix, card_kind::kLcd, card_kind::kInfrared}) {
-            host_.addCard(static_cast<std::size_t>(kind), kind);
+        for (const CardKind& kind : cardKinds()) {
+            host_.addCard(static_cast<std::size_t>(kind.code), kind.code);
         }
         host_.addCard(11, 11);
     }
