@@ -65,6 +65,12 @@ TEST_P(EveryConsoleCommand, IsShownInADialogueOfTheDocuments) {
         << "docs/clients.md";
 }
 
+TEST_P(EveryConsoleCommand, IsCompletedByTheConsoleOfZoltctl) {
+    EXPECT_NE(sourceFile("apps/zoltctl/console/console_words.cpp").find("\"" + GetParam().keyword),
+              std::string::npos)
+        << "apps/zoltctl/console/console_words.cpp";
+}
+
 TEST_P(EveryConsoleCommand, IsAWordOfTheFuzzer) {
     EXPECT_NE(sourceFile("fuzz/dictionaries/console_lines.dict")
                   .find("\n\"" + GetParam().keyword + "\"\n"),
