@@ -72,6 +72,7 @@ Section throughput() {
 std::string restText(const std::string& bus, const std::string& speed) {
     const std::string where = bus == "none"    ? "no adapter"
                               : bus == "empty" ? "empty bus"
+                              : bus == "quiet" ? "16 cards, polling switched off"
                                                : "16 polled cards";
     return where + ", " + (speed == "full" ? "100 %" : "default speed");
 }
@@ -83,6 +84,8 @@ Section rest() {
             const std::string key = std::string("rest.") + bus + "." + speed;
             section.figures.push_back({key + ".cpu", restText(bus, speed), "%", 2});
         }
+        section.figures.push_back(
+            {std::string("rest.quiet.") + speed + ".cpu", restText("quiet", speed), "%", 2});
         const std::string key = std::string("rest.sixteen.") + speed;
         section.figures.push_back(
             {key + ".busywait", "  of which the busy wait, by the bare loop", "%", 2});
@@ -106,7 +109,8 @@ Section start() {
     return {"Start",
             {{"start.served", "to the first served client", "s", 2},
              {"start.discovered", "to the discovered bus", "s", 2},
-             {"link.losses", "link losses, all in all", "", 0, true}}};
+             {"link.losses", "link losses, all in all", "", 0, true},
+             {"answers.missed", "  of which although the answer was there in time", "", 0, true}}};
 }
 
 }  // namespace

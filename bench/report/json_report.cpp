@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <set>
-#include <stdexcept>
 
 #include "bench/report/figures.h"
 #include "bench/report/statistics.h"
@@ -36,7 +35,7 @@ std::set<std::string> totals() {
     return keys;
 }
 
-// A result is kept and passed on: where the programs lay is the machine's affair.
+// A result is kept and passed on, so the folders of this machine stay out of it.
 std::vector<Contestant> withoutFolders(std::vector<Contestant> contestants) {
     for (Contestant& contestant : contestants) {
         contestant.program = std::filesystem::path(contestant.program).filename().string();
@@ -81,6 +80,7 @@ std::string toJson(const Report& report) {
     json["rounds"] = report.rounds;
     json["seconds"] = report.seconds;
     json["brokenOff"] = report.brokenOff;
+    if (!report.crowd.empty()) json["crowd"] = report.crowd;
     json["machine"] = nlohmann::json(report.machine);
     json["noise"] = nlohmann::json(report.noise);
     json["lateness"] = nlohmann::json(report.lateness);
@@ -89,33 +89,6 @@ std::string toJson(const Report& report) {
     json["targets"] = verdictsOf(report);
     json["figures"] = figuresOf(report.results);
     return json.dump(1, ' ') + "\n";
-}
-
-Report fromJson(const std::string& text) {
-    try {
-        const auto json = nlohmann::json::parse(text);
-        Report report;
-        json.at("date").get_to(report.date);
-        json.at("rounds").get_to(report.rounds);
-        json.at("seconds").get_to(report.seconds);
-        json.at("brokenOff").get_to(report.brokenOff);
-        json.at("machine").get_to(report.machine);
-        json.at("noise").get_to(report.noise);
-        json.at("lateness").get_to(report.lateness);
-        json.at("linkLosses").get_to(report.linkLosses);
-        json.at("contestants").get_to(report.contestants);
-        for (const auto& [figure, byContestant] : json.at("figures").items()) {
-            for (const auto& [contestant, values] : byContestant.items()) {
-                for (const double value : values.at("rounds")) {
-                    report.results.add(figure, contestant, value);
-                }
-            }
-        }
-        return report;
-    } catch (const nlohmann::json::exception& error) {
-        throw std::runtime_error(std::string("this is no result of a measurement: ") +
-                                 error.what());
-    }
 }
 
 }  // namespace bench

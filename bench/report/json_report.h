@@ -10,7 +10,4 @@ namespace bench {
 /// and without the folders of the programs.
 std::string toJson(const Report& report);
 
-/// Reads what toJson wrote; throws std::runtime_error when it is something else.
-Report fromJson(const std::string& text);
-
 }  // namespace bench

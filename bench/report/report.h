@@ -63,6 +63,8 @@ struct Report {
     Noise noise;
     Lateness lateness;
     std::vector<LinkLoss> linkLosses;
+    /// What the contestants shared the machine with, in words; empty in a usual run.
+    std::string crowd;
     /// Why the run ended before its last round; empty when it did not.
     std::string brokenOff;
     std::vector<Contestant> contestants;

@@ -41,6 +41,7 @@ void writeMachine(std::ostream& out, const Report& report) {
     if (!report.brokenOff.empty()) {
         out << "BROKEN OFF, so what follows is incomplete: " << report.brokenOff << "\n";
     }
+    if (!report.crowd.empty()) out << "a busy machine: " << report.crowd << "\n";
     out << "machine: " << machine.processors << " x " << machine.processor << ", " << machine.kernel
         << "\n"
         << "places: " << machine.placement << "\n"

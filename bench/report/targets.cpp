@@ -8,8 +8,7 @@ namespace bench {
 namespace {
 
 enum class Measure { kValue, kRatioToBareLoop, kRatioToTunedGateway, kTotal };
-// kWithin: so far from nothing at most, on either side, as far below it would be a
-// mistake of the measurement.
+// kWithin: abs(value) <= limit; far below 0 would be a fault of the measurement.
 enum class Bound { kAtLeast, kAtMost, kUnder, kWithin };
 
 struct Target {
@@ -94,6 +93,8 @@ std::string limitText(const Target& target) {
 
 std::vector<Verdict> verdicts(const Report& report) {
     std::vector<Verdict> all;
+    // The targets are those of a machine with nothing else to do.
+    if (!report.crowd.empty()) return all;
     for (const std::string& label : report.labelsOf(Role::kDaemon)) {
         for (const Target& target : kTargets) {
             const auto value = valueOf(report, target, label);

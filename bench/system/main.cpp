@@ -7,7 +7,7 @@
 
 #include "bench/report/json_report.h"
 #include "bench/report/table.h"
-#include "bench/system/gateway.h"
+#include "bench/system/contestants/gateway.h"
 #include "bench/system/run.h"
 #include "tests/support/files.h"
 #include "tests/support/process/daemon_process.h"
@@ -19,6 +19,7 @@ struct Options {
     unsigned rounds = 0;
     std::vector<std::string> daemons;
     std::string json;
+    bench::Crowd crowd;
 };
 
 // "NAME=PATH" or "PATH", which is named as its file; a name has no slash.
@@ -39,6 +40,7 @@ std::vector<bench::Contestant> contestantsFor(const Options& options) {
         all.push_back({"zolt", bench::Role::kDaemon, support::DaemonProcess::defaultProgram()});
     }
     all.push_back({"bare loop", bench::Role::kBareLoop, ZOLT_BARE_LOOP});
+    if (options.crowd.any()) return all;
     all.push_back({"ser2net tuned", bench::Role::kTunedGateway, bench::kGatewayProgram});
     all.push_back({"ser2net as shipped", bench::Role::kShippedGateway, bench::kGatewayProgram});
     return all;
@@ -63,7 +65,7 @@ int measure(const Options& options) {
                   << "\"; give them names by --daemon NAME=PATH\n";
         return 2;
     }
-    const bench::Report report = bench::run(contestants, effort, std::cerr);
+    const bench::Report report = bench::run(contestants, effort, options.crowd, std::cerr);
     std::cout << bench::table(report) << std::flush;
     if (!options.json.empty()) support::writeFile(options.json, bench::toJson(report));
     if (report.brokenOff.empty()) return 0;
@@ -80,6 +82,9 @@ int main(int argc, char** argv) {
     app.add_option("--rounds", options.rounds, "how many rounds")->check(CLI::Range(1U, 100U));
     app.add_option("--daemon", options.daemons, "the daemon, [NAME=]PATH; may come several times")
         ->allow_extra_args(false);
+    app.add_flag("--one-core", options.crowd.oneProcessor, "everything on one processor");
+    app.add_option("--beside", options.crowd.neighbours, "beside so many busy processes")
+        ->check(CLI::Range(1U, 100U));
     app.add_option("--json", options.json, "where the values go")->take_last();
     try {
         app.parse(argc, argv);

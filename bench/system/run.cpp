@@ -5,7 +5,6 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <array>
 #include <cstring>
 #include <exception>
 #include <map>
@@ -13,11 +12,12 @@
 #include <ostream>
 #include <string>
 
-#include "bench/system/expect.h"
-#include "bench/system/failure.h"
-#include "bench/system/machine.h"
-#include "bench/system/noise_watch.h"
-#include "bench/system/trial.h"
+#include "bench/system/basics/clock.h"
+#include "bench/system/basics/failure.h"
+#include "bench/system/machine/machine.h"
+#include "bench/system/machine/neighbours.h"
+#include "bench/system/machine/noise_watch.h"
+#include "bench/system/trials/trial.h"
 #include "lib/os/descriptor.h"
 #include "tests/support/process/private_view.h"
 
@@ -31,9 +31,15 @@ constexpr int kAttempts = 5;
 
 class Run {
   public:
-    Run(const std::vector<Contestant>& contestants, const Effort& effort, std::ostream& progress)
-        : effort_(effort), progress_(progress) {
+    Run(const std::vector<Contestant>& contestants, const Effort& effort, const Crowd& crowd,
+        std::ostream& progress)
+        : effort_(effort),
+          stretches_(crowd.any() ? kCrowdedStretches : kUsualStretches),
+          progress_(progress),
+          placement_(crowd),
+          neighbours_(crowd.neighbours) {
         report_.contestants = contestants;
+        report_.crowd = crowd.describe();
     }
 
     Report play() {
@@ -61,12 +67,14 @@ class Run {
         const char* name;
         void (Trial::*perform)();
     };
-    static constexpr std::array kStretches{Stretch{"inputs", &Trial::inputs},
-                                           Stretch{"commands", &Trial::commands},
-                                           Stretch{"rest", &Trial::rest}};
+    using Stretches = std::vector<Stretch>;
+    static inline const Stretches kUsualStretches{
+        {"inputs", &Trial::inputs}, {"commands", &Trial::commands}, {"rest", &Trial::rest}};
+    static inline const Stretches kCrowdedStretches{{"inputs", &Trial::crowdedInputs},
+                                                    {"commands", &Trial::crowdedCommands}};
 
     void playRound(unsigned round) {
-        for (const Stretch& stretch : kStretches) {
+        for (const Stretch& stretch : stretches_) {
             progress_ << "round " << round << " of " << effort_.rounds << ": " << stretch.name
                       << std::endl;
             for (const Contestant& contestant : report_.contestants) {
@@ -121,15 +129,21 @@ class Run {
             add("commands.sent", tally.commandsSent);
             add("commands.lost", tally.commandsLost);
             if (role != Role::kDaemon) continue;
-            add("reports.lost", tally.reportsLost);
             add("link.losses", tally.linkLosses);
+            if (report_.crowd.empty()) {
+                add("reports.lost", tally.reportsLost);
+            } else {
+                add("answers.missed", tally.answersMissed);
+            }
         }
         tallies_.clear();
     }
 
     const Effort& effort_;
+    const Stretches& stretches_;
     std::ostream& progress_;
     const Placement placement_;
+    const Neighbours neighbours_;
     RandomTimes random_;
     NoiseWatch noise_;
     Histogram lateness_;
@@ -155,7 +169,7 @@ void addNetworkAddress() {
 
 }  // namespace
 
-Report run(const std::vector<Contestant>& contestants, const Effort& effort,
+Report run(const std::vector<Contestant>& contestants, const Effort& effort, const Crowd& crowd,
            std::ostream& progress) {
     if (::getpid() != 1) {
         throw Failure("start it by 'tools/private-view --isolate', in namespaces of its own");
@@ -166,7 +180,7 @@ Report run(const std::vector<Contestant>& contestants, const Effort& effort,
     support::enterTestBed();
     ::sched_setaffinity(0, sizeof all, &all);
     addNetworkAddress();
-    return Run(contestants, effort, progress).play();
+    return Run(contestants, effort, crowd, progress).play();
 }
 
 }  // namespace bench

@@ -37,6 +37,13 @@ TEST(Table, SaysThatNoLinkWasLost) {
     EXPECT_THAT(table(report), HasSubstr("at worst 0.40\nlink losses: none\nslave: "));
 }
 
+TEST(Table, NamesTheCrowdOfABusyMachine) {
+    Report report = sampleReport();
+    EXPECT_THAT(table(report), Not(HasSubstr("a busy machine")));
+    report.crowd = "one processor for everything";
+    EXPECT_THAT(table(report), HasSubstr("a busy machine: one processor for everything\n"));
+}
+
 TEST(Table, SaysWhyItWasBrokenOff) {
     Report report = sampleReport();
     EXPECT_THAT(table(report), Not(HasSubstr("BROKEN OFF")));
@@ -59,7 +66,7 @@ TEST(Table, AddsUpWhatIsCountedOverTheWholeRun) {
                           "           2           -           -           -\n"));
 }
 
-TEST(Table, LeavesOutWhatNobodyMeasured) {
+TEST(Table, LeavesOutWhatWasNotMeasured) {
     const std::string text = table(sampleReport());
     EXPECT_THAT(text, Not(HasSubstr("8 polled cards\n")));
     EXPECT_THAT(text, Not(HasSubstr("Start")));

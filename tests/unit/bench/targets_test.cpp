@@ -22,6 +22,12 @@ TEST(Verdicts, AreOnlyOnWhatWasMeasured) {
     EXPECT_TRUE(verdicts(Report()).empty());
 }
 
+TEST(Verdicts, AreNotMadeOnABusyMachine) {
+    Report report = sampleReport();
+    report.crowd = "all processors, 5 busy processes beside";
+    EXPECT_TRUE(verdicts(report).empty());
+}
+
 TEST(Verdicts, CompareWithTheBareLoop) {
     const Verdict verdict = verdictOn(sampleReport(), "full scans of 16 polled cards");
     EXPECT_EQ(verdict.daemon, "zolt");

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "bench/system/basics/tally.h"
+#include "bench/system/cards/slave.h"
+#include "tests/support/process/daemon_process.h"
+#include "tests/support/tcp/tcp_client.h"
+
+namespace bench {
+
+/// Adds to a tally how often the link is lost while it lives, by the daemon's log.
+class LinkWatch {
+  public:
+    explicit LinkWatch(Tally& tally);
+    ~LinkWatch();
+    LinkWatch(const LinkWatch&) = delete;
+    LinkWatch& operator=(const LinkWatch&) = delete;
+
+  private:
+    Tally& tally_;
+};
+
+/// A daemon with a client on IO and one on the console, from its start to its end.
+class DaemonSession {
+  public:
+    /// Returns when both are served and the bus of the slave, if there is one, is
+    /// discovered. Without `percent` the configuration names no speed. Throws Failure.
+    /// At its end, and when this throws, the lost links are in `tally`.
+    DaemonSession(const std::string& program, std::optional<int> percent, const Slave* slave,
+                  const Placement& placement, Tally& tally);
+
+    support::TcpClient& io() { return *io_; }
+    pid_t number() const { return daemon_.number(); }
+
+    /// A command of the console; throws Failure unless the answer is this line.
+    void ask(const std::string& command, const std::string& line);
+    void setSpeed(int percent);
+    /// Polls the cards from address 0 on, and no other of the sixteen.
+    void setPolled(unsigned cards);
+    void setPolling(bool on);
+
+    /// Ends it; throws Failure when it does not end as it should.
+    void stop();
+
+    /// Processor seconds of its children and of theirs, once it has been stopped.
+    double childSeconds() const { return childSeconds_; }
+
+    /// Seconds from its start.
+    double untilServed() const { return served_; }
+    double untilDiscovered() const { return discovered_; }
+
+  private:
+    void connectClients(Time begin);
+    void awaitDiscovery(Time begin, const Slave& slave);
+
+    LinkWatch linkWatch_;  // first: reads the log when the daemon has ended
+    support::DaemonProcess daemon_;
+    std::optional<support::TcpClient> io_;
+    std::optional<support::TcpClient> cae_;
+    double served_ = 0;
+    double discovered_ = 0;
+    double reapedBefore_ = 0;
+    double childSeconds_ = 0;
+};
+
+}  // namespace bench

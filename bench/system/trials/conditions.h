@@ -1,0 +1,21 @@
+#pragma once
+
+#include "bench/system/cards/slave.h"
+
+namespace bench {
+
+/// Percent. A daemon whose configuration names no speed has the default one.
+inline constexpr int kFullSpeed = 100;
+inline constexpr int kDefaultSpeed = 1;
+
+/// In seconds. The longest cycle of the bus that is measured here: fifteen polls on the wire
+/// and a command; and the cycle of a quiet bus: a command and a bit.
+inline constexpr double kFullCycle = 0.0033;
+inline constexpr double kQuietCycle = 0.0005;
+
+/// Waits for the first poll; throws Failure when none comes.
+void awaitPolls(const Slave& slave);
+/// Waits for polling to have ended; throws Failure when it goes on.
+void awaitQuiet(const Slave& slave);
+
+}  // namespace bench
