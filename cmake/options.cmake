@@ -14,6 +14,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
 
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  # Checks who holds which lock: src/thread/annotations.h, docs/threads.md.
+  target_compile_options(zolt_options INTERFACE -Wthread-safety)
+endif()
+
 # What makes a memory error hard to exploit, in every build; tools/check-hardening
 # holds the programs to it.
 include(CheckPIESupported)

@@ -29,7 +29,7 @@ class PERIFCARD {
 
     /// Back to an empty slot; the address and the sample count stay. Called by
     /// the master loop before it sends a discovery request.
-    void clearPerifCard();
+    void clearPerifCard() ZOLT_EXCLUDES(pollFrameLock_);
 
     /// Master loop: forgets the PIO answer, so that an old one cannot pass for
     /// the answer to the next request.
@@ -40,9 +40,9 @@ class PERIFCARD {
     /// belong to it.
     char PIOAnswer(std::size_t index) const;
 
-    /// The poll frame is a list, so it alone has a lock of its own.
-    ByteList PollFrame();
-    void AppendToPollFrame(const ByteList& bytes);
+    /// The poll frame is a list, so it alone of all fields has a lock.
+    ByteList PollFrame() ZOLT_EXCLUDES(pollFrameLock_);
+    void AppendToPollFrame(const ByteList& bytes) ZOLT_EXCLUDES(pollFrameLock_);
 
     std::atomic<std::int32_t> cardClass{card_class::kNone};
     /// Data bytes the card carries; the third byte of its poll frame.
@@ -68,6 +68,6 @@ class PERIFCARD {
 
   private:
     std::array<std::atomic<char>, 16> pioAnswer_{};
-    ByteList pollFrame_;
     CMutexClass pollFrameLock_;
+    ByteList pollFrame_ ZOLT_GUARDED_BY(pollFrameLock_);
 };

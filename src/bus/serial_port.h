@@ -8,27 +8,27 @@
 
 #include "thread/MutexClass.h"
 
-/// The port's descriptor. The serial task owns it; the master loop may close it
-/// at shutdown. Every call holds a small lock, so none ever works on a number
-/// that has been closed and given to another file; reads and writes do not
-/// block. On a closed port calls fail with EBADF.
+/// The port's descriptor. The serial task owns it; the master loop may close it when the
+/// daemon stops. Every call holds a small lock, so that none works on a number that has been
+/// closed and given to another file. Reads and writes do not block. On a closed port calls
+/// fail with EBADF.
 class SerialPort {
   public:
     ~SerialPort() { Close(); }
 
-    /// Closes what is open, then opens `path` for non-blocking traffic. False when
-    /// the system refuses.
-    bool Open(const std::string& path);
+    /// Closes what is open, then opens `path` for non-blocking traffic. False when the
+    /// system refuses.
+    bool Open(const std::string& path) ZOLT_EXCLUDES(lock_);
     /// 0, or the errno of tcsetattr.
-    int Apply(const termios& settings);
+    int Apply(const termios& settings) ZOLT_EXCLUDES(lock_);
     /// As read(2) and write(2).
-    ssize_t Read(char* buffer, std::size_t size);
-    ssize_t Write(const char* bytes, std::size_t size);
-    void Close();
+    ssize_t Read(char* buffer, std::size_t size) ZOLT_EXCLUDES(lock_);
+    ssize_t Write(const char* bytes, std::size_t size) ZOLT_EXCLUDES(lock_);
+    void Close() ZOLT_EXCLUDES(lock_);
 
   private:
-    void closeLocked();
+    void closeLocked() ZOLT_REQUIRES(lock_);
 
     CMutexClass lock_;
-    int descriptor_ = -1;
+    int descriptor_ ZOLT_GUARDED_BY(lock_) = -1;
 };

@@ -13,12 +13,12 @@ namespace {
 /// The longest line, its line feed included; the text is cut to fit.
 constexpr std::size_t kLineLimit = 999;
 
-/// Of the daemon's own messages.
+/// The level of all the daemon's own messages.
 constexpr int kMessageLevel = 1;
 
 std::string timeStamp(std::time_t now) {
-    // The rules of the time zone are read anew, which localtime_r does only once: the
-    // machine's time zone may change while the daemon runs.
+    // The machine's time zone may change while the daemon runs, and localtime_r alone reads
+    // the zone's rules only once.
     tzset();
     std::tm local{};
     localtime_r(&now, &local);
@@ -40,19 +40,20 @@ LOGGER& LOGGER::operator=(const LOGGER& other) {
     return *this;
 }
 
-void LOGGER::copyLockState(const LOGGER& other) {
+// Whether the copy is locked is known only when it is made, so the compiler cannot follow.
+void LOGGER::copyLockState(const LOGGER& other) ZOLT_UNCHECKED {
     if (other.lock_.HeldByCaller()) {
         lock_.Lock();
     }
 }
 
 void LOGGER::logPieces(const char* tag, std::initializer_list<std::string_view> pieces) {
-    // No file has this name.
+    // Logging is off.
     if (fileName.empty()) {
         return;
     }
     std::string text;
-    // A message that is not written still opens the file, see LOG.
+    // A message that is not written still opens the file: see LOG().
     if (kMessageLevel >= level) {
         for (const std::string_view piece : pieces) {
             text += piece;
@@ -64,19 +65,19 @@ void LOGGER::logPieces(const char* tag, std::initializer_list<std::string_view> 
 void LOGGER::LOG(std::string tag, std::string text, int messageLevel) {
     const std::time_t now = std::time(nullptr);
     MutexGuard guard(lock_);
-    // Non-blocking, so that a pipe that nobody reads cannot stop the caller.
+    // Non-blocking, so that a pipe without a reader cannot stop the caller.
     const int file = open(fileName.c_str(),
                           O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
     if (file == -1) {
         return;
     }
     if (messageLevel < level) {
-        return;  // the file stays open, see the class comment
+        return;  // the file stays open: see LOG()
     }
     std::string line = timeStamp(now) + " [" + tag + "] " + text;
     line.resize(std::min(line.size(), kLineLimit - 1));
     line += '\n';
-    // A full disk loses this line; there is nobody to tell.
+    // A full disk loses this line, and there is no other place to report that.
     [[maybe_unused]] const ssize_t written = write(file, line.data(), line.size());
     close(file);
 }

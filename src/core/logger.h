@@ -7,27 +7,29 @@
 
 #include "thread/MutexClass.h"
 
-/// Writes the debug log: one line per call, "TIME [TAG] TEXT" in local time,
-/// appended to the file in one write. The file is opened and closed for every
-/// line, so that it can be rotated or deleted at any time.
+/// Writes the debug log: one line per call, "TIME [TAG] TEXT" in the machine's local time,
+/// appended to the file in one write. The logger opens and closes the file for every line,
+/// so that the file can be rotated or deleted at any time.
 ///
-/// Every thread object holds a copy of its own, with a lock of its own; lines of
-/// different copies are not ordered. Level and file name are set before the
-/// copies are made and before any thread logs.
+/// Every thread object holds a copy of its own, with a lock of its own; lines of different
+/// copies are not ordered.
+/// REQUIRES: level and file name are set before the copies are made and before any thread
+/// logs.
 class LOGGER {
   public:
     LOGGER() = default;
+    /// A copy of a logger that the caller holds locked is locked itself.
     LOGGER(const LOGGER& other);
     LOGGER& operator=(const LOGGER& other);
     ~LOGGER() = default;
 
-    /// Any thread. A file that cannot be opened is skipped without a word. A
-    /// message below the threshold is not written, but its file stays open: one
-    /// descriptor per filtered message, kept as a known cost.
+    /// Any thread may call this. A file that cannot be opened is skipped without a word. A
+    /// message below the level is not written, but its file stays open: one descriptor per
+    /// filtered message, kept as a known cost.
     void LOG(std::string tag, std::string text, int messageLevel);
-    /// The two tags of the daemon, "INF" and "ERR", at its one level, 1. A message
-    /// is given in pieces, texts all of them, which are joined only when there is
-    /// a file to write it to.
+    /// These two write with the tags of the daemon, "INF" and "ERR", at its one level, 1. The
+    /// pieces of a message are texts; they are joined only when there is a file to write the
+    /// message to.
     template <typename... Pieces>
     void Info(const Pieces&... pieces) {
         logPieces("INF", {std::string_view(pieces)...});
@@ -37,15 +39,16 @@ class LOGGER {
         logPieces("ERR", {std::string_view(pieces)...});
     }
 
-    /// Messages of at least this level are written: 0 and 1 write all of the
-    /// daemon's, 2 and more none.
+    /// Messages of at least this level are written: 0 and 1 write all messages of the daemon,
+    /// 2 and more none.
     std::int32_t level = 0;
-    /// Path of the log file; empty writes nothing anywhere.
+    /// The path of the log file; with an empty one, nothing is written anywhere.
     std::string fileName;
 
   private:
     void copyLockState(const LOGGER& other);
     void logPieces(const char* tag, std::initializer_list<std::string_view> pieces);
 
+    /// Keeps the calls on this object apart from the opening of the file to its closing.
     CMutexClass lock_;
 };

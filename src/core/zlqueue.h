@@ -7,26 +7,26 @@
 #include "thread/LoopPause.h"
 #include "thread/MutexClass.h"
 
-/// The channel between the daemon's threads: an unbounded first-in, first-out
-/// queue of byte lists. Any number of threads may write; each queue has one
-/// reader. The queue owns its items.
+/// The channel between the daemon's threads: an unbounded first-in, first-out queue of byte
+/// lists. Any number of threads may write; each queue has one reader. The queue owns its
+/// items.
 class ZLQUEUE {
   public:
-    /// Names the loop that reads the queue, whose short pauses are to end when there
-    /// is an item. Before another thread knows the queue; the pause outlives every use
-    /// of it.
+    /// Names the loop that reads the queue: an item then ends the loop's rest.
+    /// REQUIRES: no other thread uses the queue yet, and `reader` outlives every use of it.
     void ReadBy(LoopPause& reader) { reader_ = &reader; }
 
-    void ToQueue(ByteList item);
-    bool IsEmpty();
-    /// The oldest item, or an empty list when there is none. An item may itself
-    /// be empty: a reader that has to tell the two apart uses TakeNext().
-    ByteList DeQueue();
+    void ToQueue(ByteList item) ZOLT_EXCLUDES(lock_);
+    bool IsEmpty() ZOLT_EXCLUDES(lock_);
+    /// The oldest item, or an empty list when there is none. An item may itself be empty: a
+    /// reader that has to tell the two apart uses TakeNext().
+    ByteList DeQueue() ZOLT_EXCLUDES(lock_);
     /// The oldest item, or nothing when there is none.
-    std::optional<ByteList> TakeNext();
+    std::optional<ByteList> TakeNext() ZOLT_EXCLUDES(lock_);
 
   private:
+    /// Set before other threads use the queue, and only read from then on.
     LoopPause* reader_ = nullptr;
     CMutexClass lock_;
-    std::deque<ByteList> items_;
+    std::deque<ByteList> items_ ZOLT_GUARDED_BY(lock_);
 };

@@ -11,49 +11,48 @@
 #include "thread/LoopPause.h"
 #include "thread/Thread.h"
 
-/// One TCP listener with one client at a time: a worker that carries bytes
-/// between its client and two queues and interprets none of them. Every read is
-/// one item of the request queue; every item of the reply queue is written, one
-/// per cycle. Owned by ZOLT.
+/// One TCP listener with one client at a time: a worker that carries bytes between its
+/// client and two queues and interprets none of them. Every read is one item of the request
+/// queue; every item of the reply queue is written, one per cycle. Owned by ZOLT.
 ///
-/// The listening socket is closed together with the client and comes back about
-/// four seconds later; replies left over go to the next client.
+/// The listening socket is closed together with the client and comes back about four seconds
+/// later; replies left over go to the next client.
 class SOCKET_INTERFACE final : public CThread {
   public:
-    /// `requests` takes what clients send and outlives this object; `mode` is
-    /// framing::kText or kBinary. The worker runs when the constructor returns.
+    /// `requests` takes what clients send and outlives this object. The worker runs when the
+    /// constructor returns.
     SOCKET_INTERFACE(INTERFACE_DESCRIPTOR settings, LOGGER logger, ZLQUEUE* requests, int mode);
     ~SOCKET_INTERFACE();
-    /// Ends the connection and the worker; may take the worker's pauses, some
-    /// seconds. The object is only good for destruction afterwards.
-    void End();
+    /// Ends the connection and the worker, which may take the worker's pauses, some seconds.
+    /// The object is only good for destruction afterwards.
+    void End() ZOLT_EXCLUDES(lock_);
 
-    /// Opens the listening socket; true when it listens. Once by the owner after
-    /// construction, later by the worker. An interface that does not listen at
-    /// first never does.
-    bool Init();
+    /// Opens the listening socket; true when it listens. The owner calls this once after
+    /// construction, the worker later. An interface that does not listen at first never
+    /// does.
+    bool Init() ZOLT_EXCLUDES(lock_);
 
     using CThread::OnTask;
-    /// One cycle; runs on the worker. Always true.
+    /// Runs one cycle on the worker. Always true.
     bool OnTask() override;
 
-    /// Master loop: ends the client connection. Only shuts the sockets down,
-    /// which the client sees and which wakes the worker from accept and write;
-    /// the worker closes them, so that no number is reused under it.
-    void CloseByCommand();
+    /// The master loop ends the client connection. This only shuts the sockets down, which
+    /// the client sees and which wakes the worker from accept and write; the worker closes
+    /// them, so that no number is reused under it.
+    void CloseByCommand() ZOLT_EXCLUDES(lock_);
 
-    /// Master loop: logs the signal.
+    /// The master loop has a signal logged.
     void mf_SIGhandler(int signal);
 
-    /// The interface's own copy: the live connection state and the pause.
+    /// The interface's own copy, with the live connection state and the pause.
     INTERFACE_DESCRIPTOR descriptor;
-    /// Items for the client; written by the master loop.
+    /// The items for the client; the master loop writes them.
     ZLQUEUE replyQueue;
 
   private:
     enum class Readable { kNo, kYes, kError };
 
-    // Log lines around the interface's name.
+    // These two write log lines with the interface's name in them.
     template <typename... Pieces>
     void info(const char* before, const Pieces&... after) {
         logger_.Info(before, descriptor.name, after...);
@@ -63,35 +62,40 @@ class SOCKET_INTERFACE final : public CThread {
         logger_.Error(before, descriptor.name, after...);
     }
     bool connected() const;
+    int clientSocket() ZOLT_EXCLUDES(lock_);
 
     // socket_listen.cpp: from listening to a client, and back
-    void acceptClient();
+    void acceptClient() ZOLT_EXCLUDES(lock_);
     void queueBanner();
-    void reopen();
-    void closeSockets();
-    /// Under the lock.
-    void shutDownSockets() const;
+    void reopen() ZOLT_EXCLUDES(lock_);
+    void closeSockets() ZOLT_EXCLUDES(lock_);
+    void shutDownSockets() const ZOLT_REQUIRES(lock_);
 
-    // socket_task.cpp: the cycle with a client
-    void serveClient();
-    Readable clientReadable() const;
-    bool readFromClient();
-    void loseClient();
-    void writeToClient(bool clientLost);
+    // socket_task.cpp: the cycle with a client, whose socket is -1 after a failed accept
+    void serveClient(int client) ZOLT_EXCLUDES(lock_);
+    static Readable readable(int client);
+    bool readFrom(int client);
+    void loseClient() ZOLT_EXCLUDES(lock_);
+    /// Writes to the socket that the worker has then: -1 once the client is lost.
+    void writeToClient(bool clientLost) ZOLT_EXCLUDES(lock_);
     void park();
 
-    LoopPause pause_;
+    // Set by the constructor; each object guards itself.
+
     LOGGER logger_;
-    ZLQUEUE* requests_;
+    ZLQUEUE* const requests_;
     const int mode_;
-    /// Cycles spent closed. CloseByCommand sets it back.
+    LoopPause pause_;
+    /// The number of cycles in a row in which the interface was closed. CloseByCommand sets
+    /// it back.
     std::atomic<int> reopenCounter_{0};
-    /// Guards what CloseByCommand and the worker both touch: the two numbers
-    /// below, the states they go with, and taking a reply out. Never held while
-    /// a socket call may block. It has no count: a function that holds it calls
-    /// none that takes it.
+
+    /// CloseByCommand and the worker both touch the two sockets, the connection states that
+    /// go with them, and the replies that are taken out. No thread holds this lock while a
+    /// socket call may block.
     CMutexClass lock_;
-    /// Closed and set to -1 by the worker alone.
-    int listeningSocket_ = -1;
-    int clientSocket_ = -1;
+
+    /// The worker alone closes the sockets and sets them to -1.
+    int listeningSocket_ ZOLT_GUARDED_BY(lock_) = -1;
+    int clientSocket_ ZOLT_GUARDED_BY(lock_) = -1;
 };

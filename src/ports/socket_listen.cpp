@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Clients that may wait while one is served.
+/// The number of clients that may wait while one is served.
 constexpr int kBacklog = 1;
 
 struct SocketOption {
@@ -22,8 +22,8 @@ struct SocketOption {
 
 /// A client whose machine has vanished frees the interface within two minutes,
 /// and each reply goes out at once. The user timeout also ends a client that
-/// takes nothing for that long while replies wait for it. It decides in place of
-/// the number of probes, so it ends with the last of them.
+/// takes nothing for that long while replies wait for it. TCP_USER_TIMEOUT overrides
+/// TCP_KEEPCNT, so it equals 60 + 3 x 15 s.
 constexpr std::array kClientOptions{
     SocketOption{SOL_SOCKET, SO_KEEPALIVE, 1},
     SocketOption{IPPROTO_TCP, TCP_KEEPIDLE, 60},   // seconds
@@ -105,15 +105,15 @@ void SOCKET_INTERFACE::acceptClient() {
             setOption(client, option);
         }
     }
-    // One locked region: a command that closes the interface comes before all of
-    // it, or after.
+    // One locked region: a command that closes the interface comes before all of this, or
+    // after all of it.
     MutexGuard guard(lock_);
     clientSocket_ = client;
     if (descriptor.connectionState != connection_state::kAccepting) {
         return;  // the command that closed the interface also ended the wait
     }
-    // The port as it stands in the address, not in host order: operators know
-    // the log's numbers that way.
+    // The port as it is in the address, not in host order: operators know the log's
+    // numbers that way.
     info("client is connected on ", " interface from ", inet_ntoa(peer.sin_addr), ":",
          ITOA(peer.sin_port));
     queueBanner();

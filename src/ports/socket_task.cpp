@@ -13,13 +13,13 @@
 
 namespace {
 
-/// Lets the worker reach its first cycle before the owner goes on: 5 ms.
+/// The pause in which the worker reaches its first cycle before the owner goes on: 5 ms.
 constexpr unsigned kStartPause = 50000;
 
-/// A parked interface looks after its stop this often: 0.5 ms.
+/// How often a parked interface checks whether it has been stopped: every 0.5 ms.
 constexpr unsigned kParkPause = 5000;
 
-/// How long a cycle waits for its client.
+/// The time for which a cycle waits for its client.
 constexpr long kWaitMicroseconds = 1;
 
 }  // namespace
@@ -51,7 +51,7 @@ void SOCKET_INTERFACE::End() {
 
 bool SOCKET_INTERFACE::OnTask() {
     if (connected()) {
-        pause_.pause(descriptor.threadDelay, clientSocket_);
+        pause_.pause(descriptor.threadDelay, clientSocket());
     } else {
         pause_.pauseWithoutWork(descriptor.threadDelay);
     }
@@ -59,7 +59,7 @@ bool SOCKET_INTERFACE::OnTask() {
         acceptClient();
     }
     if (connected()) {
-        serveClient();
+        serveClient(clientSocket());
     }
     if (descriptor.connectionState == connection_state::kClosed) {
         reopen();
@@ -75,16 +75,22 @@ bool SOCKET_INTERFACE::connected() const {
     return descriptor.connectionState == connection_state::kConnected;
 }
 
-void SOCKET_INTERFACE::serveClient() {
+int SOCKET_INTERFACE::clientSocket() {
+    MutexGuard guard(lock_);
+    return clientSocket_;
+}
+
+void SOCKET_INTERFACE::serveClient(int client) {
     bool lost = false;
-    switch (clientReadable()) {
+    switch (readable(client)) {
         case Readable::kError:
             error("socket select error on ", " interface");
-            // After a failed accept there is no client that could go away.
-            lost = clientSocket_ == -1;
+            // No client will ever leave after a failed accept, so it counts as lost, which
+            // reopens the port.
+            lost = client == -1;
             break;
         case Readable::kYes:
-            lost = !readFromClient();
+            lost = !readFrom(client);
             break;
         case Readable::kNo:
             break;
@@ -95,32 +101,32 @@ void SOCKET_INTERFACE::serveClient() {
     writeToClient(lost);
 }
 
-SOCKET_INTERFACE::Readable SOCKET_INTERFACE::clientReadable() const {
-    if (clientSocket_ < 0) {
+SOCKET_INTERFACE::Readable SOCKET_INTERFACE::readable(int client) {
+    if (client < 0) {
         return Readable::kError;
     }
-    if (clientSocket_ >= FD_SETSIZE) {
-        // A number that no select set can hold.
-        pollfd client{clientSocket_, POLLIN, 0};
+    if (client >= FD_SETSIZE) {
+        // No select set can hold this number.
+        pollfd item{client, POLLIN, 0};
         const timespec wait{0, kWaitMicroseconds * 1000};
-        const int ready = ppoll(&client, 1, &wait, nullptr);
+        const int ready = ppoll(&item, 1, &wait, nullptr);
         return ready == -1 ? Readable::kError : ready == 0 ? Readable::kNo : Readable::kYes;
     }
     fd_set readSet;
     FD_ZERO(&readSet);
-    FD_SET(clientSocket_, &readSet);
+    FD_SET(client, &readSet);
     fd_set writeSet = readSet;
     fd_set exceptionSet = readSet;
     timeval wait{0, kWaitMicroseconds};
-    if (select(clientSocket_ + 1, &readSet, &writeSet, &exceptionSet, &wait) == -1) {
+    if (select(client + 1, &readSet, &writeSet, &exceptionSet, &wait) == -1) {
         return Readable::kError;
     }
-    return FD_ISSET(clientSocket_, &readSet) ? Readable::kYes : Readable::kNo;
+    return FD_ISSET(client, &readSet) ? Readable::kYes : Readable::kNo;
 }
 
-bool SOCKET_INTERFACE::readFromClient() {
+bool SOCKET_INTERFACE::readFrom(int client) {
     std::array<char, framing::kReadSize + 1> buffer{};
-    if (read(clientSocket_, buffer.data(), framing::kReadSize) > 0) {
+    if (read(client, buffer.data(), framing::kReadSize) > 0) {
         requests_->ToQueue(framing::received(mode_, buffer.data()));
         return true;
     }
@@ -141,6 +147,7 @@ void SOCKET_INTERFACE::loseClient() {
 
 void SOCKET_INTERFACE::writeToClient(bool clientLost) {
     std::string bytes;
+    int client = -1;
     {
         MutexGuard guard(lock_);
         // A close by command in this cycle: what is queued from now on is for
@@ -153,10 +160,10 @@ void SOCKET_INTERFACE::writeToClient(bool clientLost) {
             return;
         }
         bytes = framing::toSend(mode_, *item);
+        client = clientSocket_;
     }
     for (std::size_t sent = 0; sent < bytes.size();) {
-        const ssize_t count =
-            send(clientSocket_, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
+        const ssize_t count = send(client, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
         if (count < 0) {
             error("socket write error on ", " interface");
             return;

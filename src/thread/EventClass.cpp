@@ -1,7 +1,6 @@
 #include "thread/EventClass.h"
 
 CEventClass::CEventClass() : created_(true) {
-    pthread_mutex_init(&mutex_, nullptr);
     pthread_cond_init(&condition_, nullptr);
     pthread_cond_init(&bracketClosed_, nullptr);
 }
@@ -9,21 +8,20 @@ CEventClass::CEventClass() : created_(true) {
 CEventClass::~CEventClass() {
     pthread_cond_destroy(&bracketClosed_);
     pthread_cond_destroy(&condition_);
-    pthread_mutex_destroy(&mutex_);
 }
 
 void CEventClass::Set() {
-    pthread_mutex_lock(&mutex_);
+    mutex_.lock();
     while (bracketOpen_) {
-        pthread_cond_wait(&bracketClosed_, &mutex_);
+        mutex_.waitFor(bracketClosed_);
     }
     latchAndSignal();
 }
 
 bool CEventClass::TrySet() {
-    pthread_mutex_lock(&mutex_);
+    mutex_.lock();
     if (bracketOpen_) {
-        pthread_mutex_unlock(&mutex_);
+        mutex_.unlock();
         return false;
     }
     latchAndSignal();
@@ -32,24 +30,24 @@ bool CEventClass::TrySet() {
 
 void CEventClass::latchAndSignal() {
     latched_ = true;
-    pthread_mutex_unlock(&mutex_);
+    mutex_.unlock();
     pthread_cond_signal(&condition_);
 }
 
 bool CEventClass::Wait() {
-    pthread_mutex_lock(&mutex_);
+    mutex_.lock();
     while (!latched_) {
-        pthread_cond_wait(&condition_, &mutex_);
+        mutex_.waitFor(condition_);
     }
     latched_ = false;
     bracketOpen_ = true;
-    pthread_mutex_unlock(&mutex_);
+    mutex_.unlock();
     return true;
 }
 
 void CEventClass::Reset() {
-    pthread_mutex_lock(&mutex_);
+    mutex_.lock();
     bracketOpen_ = false;
-    pthread_mutex_unlock(&mutex_);
+    mutex_.unlock();
     pthread_cond_broadcast(&bracketClosed_);
 }

@@ -2,47 +2,48 @@
 
 #include <pthread.h>
 
-/// A wake-up for one waiting thread. Wait() and Reset() bracket the waiter's
-/// work: between them it holds the event, so a Set() from another thread blocks
-/// until the work is done. A Set() that comes before the Wait() is kept, and
-/// only a Set() ends a Wait().
+#include "thread/annotations.h"
+#include "thread/condition_mutex.h"
+
+/// A wake-up for one waiting thread. Wait() and Reset() bracket the waiter's work: between
+/// them the waiter holds the event, so a Set() from another thread blocks until the work is
+/// done. The event keeps a Set() that comes before the Wait(), and only a Set() ends a
+/// Wait().
 class CEventClass {
   public:
     CEventClass();
-    /// No thread may be inside a call. A bracket may still be open (a kernel
-    /// that ended in its cycle).
+    /// A bracket may still be open: a kernel that ends in its cycle leaves one.
+    /// REQUIRES: no thread is inside a call.
     ~CEventClass();
     CEventClass(const CEventClass&) = delete;
     CEventClass& operator=(const CEventClass&) = delete;
 
     /// Waits for an open bracket to close, then wakes one waiter.
-    void Set();
-    /// Like Set(), but returns false at once instead of blocking while a
-    /// bracket is open.
-    bool TrySet();
+    void Set() ZOLT_EXCLUDES(mutex_);
+    /// The same, but returns false at once instead of blocking while a bracket is open.
+    bool TrySet() ZOLT_EXCLUDES(mutex_);
     /// Returns true after a Set(), with the bracket open.
-    bool Wait();
+    bool Wait() ZOLT_EXCLUDES(mutex_);
     /// Closes the bracket that Wait() opened.
-    void Reset();
+    void Reset() ZOLT_EXCLUDES(mutex_);
 
     bool Created() const { return created_; }
 
   private:
-    /// The caller holds mutex_, which is free afterwards.
-    void latchAndSignal();
+    /// Gives the mutex back, too.
+    void latchAndSignal() ZOLT_RELEASES(mutex_);
 
-    /// For the thread in Wait().
+    /// The thread in Wait() waits for this condition.
     pthread_cond_t condition_{};
-    pthread_mutex_t mutex_{};
-    bool created_;
-    /// For threads in Set() while a bracket is open.
+    ConditionMutex mutex_;
+    const bool created_;
+    /// Threads in Set() wait for this condition while a bracket is open.
     pthread_cond_t bracketClosed_{};
-    /// Guarded by mutex_: a Set() that no Wait() has consumed. Without it the
-    /// wake-up of a worker that is still on its way into Wait() would be lost.
-    bool latched_ = false;
-    /// Guarded by mutex_: a Wait() has returned and its Reset() has not come. A
-    /// mark and not a mutex that stays locked: a kernel that ends in its cycle
-    /// leaves its bracket open, and a mutex whose owner is gone can be neither
-    /// unlocked nor destroyed.
-    bool bracketOpen_ = false;
+    /// There was a Set() that no Wait() has consumed. Without this mark, the wake-up of a
+    /// worker that is still on its way into Wait() would be lost.
+    bool latched_ ZOLT_GUARDED_BY(mutex_) = false;
+    /// A Wait() has returned and its Reset() has not come. This is a mark and not a mutex
+    /// that stays locked: a kernel that ends in its cycle leaves its bracket open, and a
+    /// mutex whose owner is gone can be neither unlocked nor destroyed.
+    bool bracketOpen_ ZOLT_GUARDED_BY(mutex_) = false;
 };

@@ -4,11 +4,12 @@
 
 #include <atomic>
 
-/// A mutex that remembers its owner. Re-entrant without a count, on purpose: a
-/// nested Lock() by the owner does nothing and the first Unlock() frees the
-/// mutex for good, so keep locked regions flat. Any thread may call any
-/// operation.
-class CMutexClass {
+#include "thread/annotations.h"
+
+/// A mutex that remembers its owner. It is re-entrant without a count, on purpose: a nested
+/// Lock() by the owner does nothing, and the first Unlock() frees the mutex for good, so
+/// keep locked regions flat. Any thread may call any operation.
+class ZOLT_LOCK CMutexClass {
   public:
     CMutexClass();
     /// Locks and unlocks first, so that a holder finishes.
@@ -16,26 +17,26 @@ class CMutexClass {
     CMutexClass(const CMutexClass&) = delete;
     CMutexClass& operator=(const CMutexClass&) = delete;
 
-    void Lock();
+    void Lock() ZOLT_ACQUIRES();
     /// Does nothing when the caller is not the owner.
-    void Unlock();
+    void Unlock() ZOLT_RELEASES();
 
     bool Created() const { return created_; }
     bool HeldByCaller() const { return owner_.load() == pthread_self(); }
 
   private:
     pthread_mutex_t mutex_{};
-    /// The holder, 0 when free. Read without the mutex: only the holder can
-    /// find itself here.
+    /// The holder, 0 when the mutex is free. Threads read it without the mutex: only the
+    /// holder can find itself here.
     std::atomic<pthread_t> owner_{0};
-    bool created_;
+    const bool created_;
 };
 
 /// Holds a CMutexClass for a scope.
-class MutexGuard {
+class ZOLT_LOCK_HOLDER MutexGuard {
   public:
-    explicit MutexGuard(CMutexClass& mutex) : mutex_(mutex) { mutex_.Lock(); }
-    ~MutexGuard() { mutex_.Unlock(); }
+    explicit MutexGuard(CMutexClass& mutex) ZOLT_ACQUIRES(mutex) : mutex_(mutex) { mutex_.Lock(); }
+    ~MutexGuard() ZOLT_RELEASES() { mutex_.Unlock(); }
     MutexGuard(const MutexGuard&) = delete;
     MutexGuard& operator=(const MutexGuard&) = delete;
 

@@ -9,9 +9,6 @@ namespace {
 
 constexpr std::uint32_t kQueueCapacity = 100;
 
-/// Between two tries to wake a kernel that is in a cycle: 10 microseconds.
-constexpr unsigned kWakeRetryPause = 100;
-
 /// An idle time below this, a microsecond, is spent on the processor.
 constexpr std::uint32_t kShortIdle = 10;
 
@@ -25,16 +22,6 @@ void idle(std::uint32_t steps) {
 }
 
 }  // namespace
-
-int CTask::State() {
-    MutexGuard guard(lock_);
-    return state_;
-}
-
-void CTask::SetState(int state) {
-    MutexGuard guard(lock_);
-    state_ = state;
-}
 
 CThread::CThread()
     : queue_(new (std::nothrow) void*[kQueueCapacity]),
@@ -108,7 +95,7 @@ void CThread::Stop() {
             Sleep(idleTime_);
         } while (kernel_ == Kernel::kStarted);
     }
-    setState(thread_state::kDown);
+    setState(KernelState::kDown);
 }
 
 bool CThread::PingThread(long timeout) {
@@ -140,7 +127,7 @@ void CThread::SetStackSize(std::uint32_t bytes) {
     stackSize_ = bytes;
 }
 
-int CThread::ThreadState() {
+KernelState CThread::ThreadState() {
     MutexGuard guard(lock_);
     return state_;
 }
@@ -150,80 +137,11 @@ std::uint32_t CThread::ErrorFlags() {
     return errors_;
 }
 
-std::uint32_t CThread::GetEventsPending() {
-    MutexGuard guard(lock_);
-    return pending_;
-}
-
-bool CThread::takesEvents() {
-    if (type_ == kEventDriven) {
-        return true;
-    }
-    MutexGuard guard(lock_);
-    fault(thread_error::kIllegalEvent);
-    return false;
-}
-
-bool CThread::Event(void* event) {
-    if (!takesEvents() || !Push(event)) {
-        return false;
-    }
-    wakeKernel();
-    return true;
-}
-
-bool CThread::Event(CTask* task) {
-    if (!takesEvents()) {
-        return false;
-    }
-    {
-        // One locked region: a kernel that is in a cycle could otherwise take and
-        // complete the task before it is marked as queued.
-        MutexGuard guard(lock_);
-        task->SetThreadId(threadId_);
-        if (!store(task)) {
-            return false;
-        }
-        task->SetState(CTask::kQueued);
-    }
-    wakeKernel();
-    return true;
-}
-
-bool CThread::Push(void* event) {
-    if (event == nullptr) {
-        return true;
-    }
-    MutexGuard guard(lock_);
-    return store(event);
-}
-
-bool CThread::store(void* event) {
-    if (pending_ + 1 >= capacity_) {
-        return false;
-    }
-    queue_[pending_++] = event;
-    return true;
-}
-
-bool CThread::Pop() {
-    MutexGuard guard(lock_);
-    if (pending_ > 0) {
-        current_ = queue_[--pending_];
-    }
-    return true;
-}
-
-bool CThread::Empty() {
-    MutexGuard guard(lock_);
-    return pending_ == 0;
-}
-
 bool CThread::OnTask(void* event) {
     auto* task = static_cast<CTask*>(event);
-    task->SetState(CTask::kRunning);
-    const bool result = task->Task();
-    task->SetState(CTask::kCompleted);
+    task->setState(CTask::State::kRunning);
+    const bool result = task->task();
+    task->setState(CTask::State::kCompleted);
     return result;
 }
 
@@ -235,7 +153,7 @@ bool CThread::OnTask() {
 bool CThread::KernelProcess() {
     {
         MutexGuard guard(lock_);
-        state_ = running_ ? thread_state::kBusy : thread_state::kShuttingDown;
+        state_ = running_ ? KernelState::kBusy : KernelState::kShuttingDown;
         if (!running_) {
             return false;
         }
@@ -246,12 +164,12 @@ bool CThread::KernelProcess() {
     } else {
         while (goOn && !Empty()) {
             Pop();
-            goOn = OnTask(current_);
+            goOn = OnTask(current());
         }
         MutexGuard guard(lock_);
         current_ = nullptr;
     }
-    setState(goOn ? thread_state::kWaiting : thread_state::kShuttingDown);
+    setState(goOn ? KernelState::kWaiting : KernelState::kShuttingDown);
     return goOn;
 }
 
@@ -259,7 +177,7 @@ void* CThread::_THKERNEL(void* thread) {
     auto& self = *static_cast<CThread*>(thread);
     {
         MutexGuard guard(self.lock_);
-        self.state_ = thread_state::kWaiting;
+        self.state_ = KernelState::kWaiting;
         self.running_ = true;
         self.threadId_ = static_cast<std::uint32_t>(pthread_self());
         self.kernel_ = Kernel::kStarted;
@@ -280,29 +198,18 @@ void* CThread::_THKERNEL(void* thread) {
         }
     }
     MutexGuard guard(self.lock_);
-    self.state_ = thread_state::kDown;
+    self.state_ = KernelState::kDown;
     self.running_ = false;
     self.kernel_ = Kernel::kEnded;
     return nullptr;
 }
 
-void CThread::wakeKernel() {
-    // An ended event-driven kernel has left the event's bracket open, so a
-    // blocking Set() would never return.
-    while (!event_.TrySet()) {
-        if (kernel_ == Kernel::kEnded) {
-            return;
-        }
-        Sleep(kWakeRetryPause);
-    }
-}
-
-void CThread::setState(int state) {
+void CThread::setState(KernelState state) {
     MutexGuard guard(lock_);
     state_ = state;
 }
 
 void CThread::fault(std::uint32_t errorFlag) {
     errors_ |= errorFlag;
-    state_ = thread_state::kFault;
+    state_ = KernelState::kFault;
 }

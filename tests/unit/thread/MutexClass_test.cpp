@@ -89,6 +89,7 @@ TEST(MutexClass, ItsEndWaitsForTheHolder) {
     std::construct_at(mutex.get());
 }
 
+// Asserts by its survival: a destructor that waited for the holder would wait for ever.
 TEST(MutexClass, ItsHolderMayEndIt) {
     CMutexClass mutex;
     mutex.Lock();

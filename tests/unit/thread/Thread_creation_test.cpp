@@ -34,7 +34,7 @@ TEST(ThreadCreation, ARefusedKernelIsReportedAndTriedAgainByStart) {
     std::optional<system_calls::RefusedKernels> refused(EPERM);
     Worker worker;
     EXPECT_EQ(worker.ErrorFlags(), thread_error::kThreadCreation);
-    EXPECT_EQ(worker.ThreadState(), thread_state::kFault);
+    EXPECT_EQ(worker.ThreadState(), KernelState::kFault);
     EXPECT_FALSE(worker.Start());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), refusalLine(EPERM) + refusalLine(EPERM));
     refused.reset();
@@ -55,7 +55,7 @@ TEST(ThreadCreation, AThreadWithoutKernelStopsAtOnce) {
     EXPECT_TRUE(worker.wake());
     EXPECT_TRUE(worker.Event(&event));
     worker.Stop();
-    EXPECT_EQ(worker.ThreadState(), thread_state::kDown);
+    EXPECT_EQ(worker.ThreadState(), KernelState::kDown);
 }
 
 TEST(ThreadCreation, AThreadWithoutQueueHasNoKernel) {
@@ -64,7 +64,7 @@ TEST(ThreadCreation, AThreadWithoutQueueHasNoKernel) {
     Worker worker;
     memoryRefused = false;
     EXPECT_EQ(worker.ErrorFlags(), thread_error::kQueueMemory);
-    EXPECT_EQ(worker.ThreadState(), thread_state::kFault);
+    EXPECT_EQ(worker.ThreadState(), KernelState::kFault);
     EXPECT_EQ(system_calls::kernelsCreated(), kernels);
     EXPECT_FALSE(worker.PingThread(1000));
     int event = 0;
@@ -124,7 +124,7 @@ void exitAfterARefusalByTheSystem() {
     const rlimit limit{kAddressSpace, kAddressSpace};
     setrlimit(RLIMIT_AS, &limit);
     worker.SetStackSize(kHugeStack);
-    const bool refused = !worker.Start() && worker.ThreadState() == thread_state::kFault &&
+    const bool refused = !worker.Start() && worker.ThreadState() == KernelState::kFault &&
                          (worker.ErrorFlags() & thread_error::kThreadCreation) != 0;
     worker.SetStackSize(0);
     const bool started =

@@ -71,7 +71,7 @@ TEST_F(ThreadEvents, EventsAreHandledNewestFirstInOneCycleOfTheirOwn) {
     worker.Push(event(1));
     EXPECT_TRUE(worker.Event(event(2)));
     EXPECT_TRUE(worker.handles(3));
-    EXPECT_TRUE(worker.reachesState(thread_state::kWaiting));
+    EXPECT_TRUE(worker.reachesState(KernelState::kWaiting));
     worker.Stop();
     EXPECT_EQ(worker.handled(), (std::vector<void*>{event(2), event(1), event(0)}));
     EXPECT_EQ(worker.cycles(), 0);
@@ -89,7 +89,7 @@ TEST_F(ThreadEvents, AnEventPostedDuringACycleIsHandledAfterIt) {
     EXPECT_TRUE(post.staysBlocked());
     // The poster waits without keeping the object locked.
     EXPECT_EQ(worker.GetEventsPending(), 1U);
-    EXPECT_EQ(worker.ThreadState(), thread_state::kBusy);
+    EXPECT_EQ(worker.ThreadState(), KernelState::kBusy);
     EXPECT_TRUE(worker.handled().empty());
     hold.release();
     EXPECT_TRUE(post.returns());
@@ -120,7 +120,7 @@ TEST_F(ThreadEvents, AnEventThatGivesFalseEndsTheKernelBeforeTheOthers) {
     worker.Event(event(2));
     EXPECT_TRUE(
         support::waitUntil([&] { return worker.handled().size() == 1 && !worker.Running(); }));
-    EXPECT_TRUE(worker.reachesState(thread_state::kDown));
+    EXPECT_TRUE(worker.reachesState(KernelState::kDown));
     EXPECT_EQ(worker.handled(), std::vector<void*>{event(2)});
     EXPECT_EQ(worker.GetEventsPending(), 2U);
 }
@@ -147,7 +147,7 @@ TEST_F(ThreadEvents, AnIntervalDrivenThreadRefusesEvents) {
     EXPECT_EQ(worker.ErrorFlags(), 0U);
     EXPECT_FALSE(worker.Event(event(0)));
     EXPECT_EQ(worker.ErrorFlags(), thread_error::kIllegalEvent);
-    EXPECT_EQ(worker.ThreadState(), thread_state::kFault);
+    EXPECT_EQ(worker.ThreadState(), KernelState::kFault);
     EXPECT_FALSE(worker.wake());
     EXPECT_EQ(worker.GetEventsPending(), 0U);
     hold.release();

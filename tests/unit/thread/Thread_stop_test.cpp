@@ -26,7 +26,7 @@ class Load {
 };
 
 void expectDown(Worker& worker) {
-    EXPECT_EQ(worker.ThreadState(), thread_state::kDown);
+    EXPECT_EQ(worker.ThreadState(), KernelState::kDown);
     EXPECT_FALSE(worker.Running());
     EXPECT_FALSE(worker.PingThread(1000));
 }
@@ -184,7 +184,7 @@ TEST(ThreadStop, AThousandIntervalDrivenWorkersUnderLoad) {
             ASSERT_TRUE(worker.reachesCycle(1)) << "round " << round;
         }
         worker.Stop();
-        ASSERT_EQ(worker.ThreadState(), thread_state::kDown);
+        ASSERT_EQ(worker.ThreadState(), KernelState::kDown);
     }
 }
 
@@ -197,7 +197,7 @@ TEST(ThreadStop, AThousandEventDrivenWorkersUnderLoad) {
             ASSERT_TRUE(worker.reachesCycle(1)) << "round " << round;
         }
         worker.Stop();
-        ASSERT_EQ(worker.ThreadState(), thread_state::kDown);
+        ASSERT_EQ(worker.ThreadState(), KernelState::kDown);
     }
 }
 

@@ -9,24 +9,24 @@
 
 namespace {
 
-class TestTask : public CTask {
+class TestTask final : public CTask {
   public:
     explicit TestTask(std::function<bool()> body = [] { return true; }) : body_(std::move(body)) {}
 
-    bool Task() override {
-        stateInBody_ = State();
+    bool task() override {
+        stateInBody_ = state();
         kernelId_ = static_cast<std::uint32_t>(pthread_self());
         return body_();
     }
-    bool reaches(int state) {
-        return support::waitUntil([&] { return State() == state; });
+    bool reaches(State wanted) {
+        return support::waitUntil([&] { return state() == wanted; });
     }
-    int stateInBody() const { return stateInBody_; }
+    State stateInBody() const { return stateInBody_; }
     std::uint32_t kernelId() const { return kernelId_; }
 
   private:
     std::function<bool()> body_;
-    std::atomic<int> stateInBody_{-1};
+    std::atomic<State> stateInBody_{State::kNew};
     std::atomic<std::uint32_t> kernelId_{0};
 };
 
@@ -44,11 +44,11 @@ TEST(ThreadTasks, ATaskRunsOnTheKernelAndIsCompleted) {
     TestTask task;
     TaskWorker worker;
     worker.PingThread(0);
-    EXPECT_EQ(task.State(), 0);
+    EXPECT_EQ(task.state(), CTask::State::kNew);
     EXPECT_TRUE(worker.Event(&task));
-    EXPECT_TRUE(task.reaches(CTask::kCompleted));
-    EXPECT_EQ(task.stateInBody(), CTask::kRunning);
-    EXPECT_EQ(task.ThreadId(), task.kernelId());
+    EXPECT_TRUE(task.reaches(CTask::State::kCompleted));
+    EXPECT_EQ(task.stateInBody(), CTask::State::kRunning);
+    EXPECT_EQ(task.threadId(), task.kernelId());
     EXPECT_NE(task.kernelId(), static_cast<std::uint32_t>(pthread_self()));
     EXPECT_EQ(worker.cycles(), 0);
 }
@@ -63,10 +63,10 @@ TEST(ThreadTasks, ATaskBehindACycleIsQueued) {
     worker.wake();
     ASSERT_TRUE(hold.isReached());
     BackgroundCall post([&] { EXPECT_TRUE(worker.Event(&task)); });
-    EXPECT_TRUE(task.reaches(CTask::kQueued));
+    EXPECT_TRUE(task.reaches(CTask::State::kQueued));
     EXPECT_EQ(worker.GetEventsPending(), 1U);
     hold.release();
-    EXPECT_TRUE(task.reaches(CTask::kCompleted));
+    EXPECT_TRUE(task.reaches(CTask::State::kCompleted));
 }
 
 TEST(ThreadTasks, ATaskThatIsNotStoredIsNotMarked) {
@@ -76,7 +76,7 @@ TEST(ThreadTasks, ATaskThatIsNotStoredIsNotMarked) {
     while (worker.Push(&event)) {
     }
     EXPECT_FALSE(worker.Event(&task));
-    EXPECT_EQ(task.State(), 0);
+    EXPECT_EQ(task.state(), CTask::State::kNew);
 }
 
 TEST(ThreadTasks, AnIntervalDrivenThreadRefusesTasks) {
@@ -84,7 +84,7 @@ TEST(ThreadTasks, AnIntervalDrivenThreadRefusesTasks) {
     TaskWorker worker;
     worker.SetThreadType(kIntervalDriven, 1);
     EXPECT_FALSE(worker.Event(&task));
-    EXPECT_EQ(task.State(), 0);
+    EXPECT_EQ(task.state(), CTask::State::kNew);
     EXPECT_EQ(worker.ErrorFlags(), thread_error::kIllegalEvent);
 }
 
@@ -92,9 +92,9 @@ TEST(ThreadTasks, ATaskThatGivesFalseIsCompletedAndEndsTheKernel) {
     TestTask task([] { return false; });
     TaskWorker worker;
     worker.Event(&task);
-    EXPECT_TRUE(task.reaches(CTask::kCompleted));
+    EXPECT_TRUE(task.reaches(CTask::State::kCompleted));
     EXPECT_TRUE(support::waitUntil([&] { return !worker.Running(); }));
-    EXPECT_TRUE(worker.reachesState(thread_state::kDown));
+    EXPECT_TRUE(worker.reachesState(KernelState::kDown));
 }
 
 TEST(ThreadTasks, TasksPostedWhileOthersRunAreAllCompleted) {
@@ -108,7 +108,7 @@ TEST(ThreadTasks, TasksPostedWhileOthersRunAreAllCompleted) {
         ASSERT_TRUE(worker.Event(&tasks.back()));
     }
     for (TestTask& task : tasks) {
-        ASSERT_TRUE(task.reaches(CTask::kCompleted));
+        ASSERT_TRUE(task.reaches(CTask::State::kCompleted));
     }
     worker.Stop();
 }

@@ -52,7 +52,7 @@ class SilentWorker : public Worker {
 TEST(Thread, ANewThreadWaitsForAnEventAndRunsNothing) {
     Worker worker;
     EXPECT_TRUE(worker.PingThread(0));
-    EXPECT_TRUE(worker.reachesState(thread_state::kWaiting));
+    EXPECT_TRUE(worker.reachesState(KernelState::kWaiting));
     EXPECT_TRUE(worker.Running());
     EXPECT_EQ(worker.GetEventsPending(), 0U);
     EXPECT_EQ(worker.ErrorFlags(), 0U);
@@ -66,15 +66,15 @@ TEST(Thread, NoCycleMeetsAnUnfinishedObject) {
 }
 
 TEST(Thread, ACycleIsBusyAndThenWaiting) {
-    std::atomic<int> stateInCycle{-1};
+    std::atomic<KernelState> stateInCycle{KernelState::kDown};
     Worker worker([&] {
         stateInCycle = worker.ThreadState();
         return true;
     });
     worker.wake();
     EXPECT_TRUE(worker.reachesCycle(1));
-    EXPECT_TRUE(worker.reachesState(thread_state::kWaiting));
-    EXPECT_EQ(stateInCycle, thread_state::kBusy);
+    EXPECT_TRUE(worker.reachesState(KernelState::kWaiting));
+    EXPECT_EQ(stateInCycle, KernelState::kBusy);
 }
 
 TEST(Thread, AFalseCycleEndsTheKernel) {
@@ -85,7 +85,7 @@ TEST(Thread, AFalseCycleEndsTheKernel) {
             worker.wake();
         }
         EXPECT_TRUE(support::waitUntil([&] { return worker.cycles() == 1 && !worker.Running(); }));
-        EXPECT_TRUE(worker.reachesState(thread_state::kDown));
+        EXPECT_TRUE(worker.reachesState(KernelState::kDown));
         EXPECT_EQ(worker.cycles(), 1);
     }
 }
@@ -94,7 +94,7 @@ TEST(Thread, ACycleOfAThreadThatIsToEndRunsNothing) {
     Worker worker;
     worker.Stop();
     EXPECT_FALSE(worker.KernelProcess());
-    EXPECT_EQ(worker.ThreadState(), thread_state::kShuttingDown);
+    EXPECT_EQ(worker.ThreadState(), KernelState::kShuttingDown);
     EXPECT_EQ(worker.cycles(), 0);
 }
 
@@ -104,7 +104,7 @@ TEST(Thread, TheBaseCycleSaysThatItIsAlive) {
         SilentWorker worker;
         worker.wake();
         EXPECT_TRUE(worker.reachesCycle(1));
-        EXPECT_TRUE(worker.reachesState(thread_state::kWaiting));
+        EXPECT_TRUE(worker.reachesState(KernelState::kWaiting));
     }
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "\nthread is alive\n");
 }
@@ -151,7 +151,7 @@ TEST(Thread, APingWithoutTimeOutWaitsForTheKernel) {
     system_calls::HeldKernels held;
     Worker worker;
     EXPECT_FALSE(worker.Running());
-    EXPECT_EQ(worker.ThreadState(), thread_state::kDown);
+    EXPECT_EQ(worker.ThreadState(), KernelState::kDown);
     std::atomic<bool> answer{false};
     BackgroundCall ping([&] { answer = worker.PingThread(0); });
     BackgroundCall negativePing([&] { worker.PingThread(-5); });

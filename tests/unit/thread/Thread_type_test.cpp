@@ -68,7 +68,7 @@ TEST(ThreadType, AChangeWakesTheKernelAndWaitsForItsCycle) {
     system_calls::PauseCount count(55'500);
     BackgroundCall change([&] { worker.SetThreadType(kIntervalDriven, 555); });
     EXPECT_TRUE(change.staysBlocked());
-    EXPECT_EQ(worker.ThreadState(), thread_state::kBusy);
+    EXPECT_EQ(worker.ThreadState(), KernelState::kBusy);
     first.release();
     EXPECT_TRUE(change.returns());
     // The pause follows the type at the end of the cycle.

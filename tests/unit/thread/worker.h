@@ -62,7 +62,7 @@ class Worker : public CThread {
     bool reachesCycle(int number) const {
         return support::waitUntil([&] { return cycles_ >= number; });
     }
-    bool reachesState(int state) {
+    bool reachesState(KernelState state) {
         return support::waitUntil([&] { return ThreadState() == state; });
     }
     /// The events begun so far, in order.
