@@ -1,6 +1,7 @@
 #include "apps/zolt-sim/options.h"
 
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <memory>
 
 #include "apps/zolt-sim/error.h"
@@ -52,36 +53,48 @@ std::string complaint(const CLI::App& app, const CLI::ParseError& error) {
            zolt_text::quote(rest[0]);
 }
 
-}  // namespace
-
-Options parseOptions(const std::vector<std::string>& arguments) {
-    Options options;
+/// The values of options that are not taken as they are.
+struct RawValues {
     std::string baud;
     std::string filter;
-    CLI::App app("A card bus without hardware, on a pseudo-terminal.", "zolt-sim");
-    app.formatter(std::make_shared<HelpText>());
-    app.option_defaults()->disable_flag_override()->multi_option_policy(
-        CLI::MultiOptionPolicy::TakeLast);
+};
+
+/// Declares all options; the parser writes their values into `options` and `raw`.
+void declareOptions(CLI::App& app, Options& options, RawValues& raw) {
     const auto add = [&app](const char* name, std::string& target, const char* value,
                             const char* purpose, std::string (*problem)(const std::string&)) {
         return app.add_option(name, target, purpose)->type_name(value)->check(validator(problem));
     };
+    app.option_defaults()->disable_flag_override()->multi_option_policy(
+        CLI::MultiOptionPolicy::TakeLast);
     add("--bus", options.busFile, "FILE", "which card is at which address", problemOfText)
         ->required();
     add("--link", options.link, "PATH", "name of the adapter, such as /dev/ttyUSB0", problemOfText)
         ->required();
-    add("--baud", baud, "N", "speed of the wire, default 460800; 0 answers at once", problemOfBaud);
+    add("--baud", raw.baud, "N", "speed of the wire, default 460800; 0 answers at once",
+        problemOfBaud);
     add("--control", options.controlPath, "PATH", "listens for controls on this Unix socket",
         problemOfText);
-    add("--trace", filter, "WHAT",
+    add("--trace", raw.filter, "WHAT",
         "what is printed: all, commands (the default, without polls) or none", problemOfFilter);
     add("--trace-file", options.traceFile, "PATH", "writes the whole trace into this file",
         problemOfText);
     add("--scenario", options.scenarioFile, "FILE", "plays timed controls", problemOfText);
     app.set_help_flag("--help", "prints this text");
     app.set_version_flag("--version", "zolt-sim " ZOLT_SIM_VERSION, "prints the version");
+}
+
+}  // namespace
+
+Options parseOptions(const std::vector<std::string>& arguments) {
+    Options options;
+    RawValues raw;
+    CLI::App app("A card bus without hardware, on a pseudo-terminal.", "zolt-sim");
+    app.formatter(std::make_shared<HelpText>());
     app.footer("Controls are read from the standard input, one per line; \"help\" lists them.");
+    declareOptions(app, options, raw);
     try {
+        // The parser takes the arguments from the back.
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::CallForHelp&) {
         options.text = app.help();
@@ -93,11 +106,11 @@ Options parseOptions(const std::vector<std::string>& arguments) {
         throw Error(complaint(app, error) + " (zolt-sim --help lists the options)",
                     ExitStatus::kWrongUse);
     }
-    if (!baud.empty()) {
-        options.baud = *zolt_text::parseDecimal(baud, kHighestBaud);
+    if (!raw.baud.empty()) {
+        options.baud = *zolt_text::parseDecimal(raw.baud, kHighestBaud);
     }
-    if (!filter.empty()) {
-        options.filter = *parseTraceFilter(filter);
+    if (!raw.filter.empty()) {
+        options.filter = *parseTraceFilter(raw.filter);
     }
     return options;
 }

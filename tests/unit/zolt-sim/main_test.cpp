@@ -63,7 +63,8 @@ class Program {
     std::string output() const { return readTextFile(output_); }
     std::string error() const { return readTextFile(error_); }
 
-    // The exit status; -1 when it does not end, or not by itself.
+    /// Waits for the end and returns the exit status. Returns -1 if the program does not
+    /// end, or if a signal ends it.
     int exitStatus() {
         int status = 0;
         if (process_ <= 0 ||
@@ -151,27 +152,14 @@ TEST_F(MainTest, IgnoresAnInterruptThatWasIgnoredBefore) {
     EXPECT_EQ(program.exitStatus(), 0);
 }
 
-TEST_F(MainTest, PlaysAScenario) {
-    const std::string scenario =
-        folder_.write("x.scenario", "0 press 3 6\n0 press 5 1\n0.01 show 3\n0.02 quit\n");
-    Program program(folder_, {"--bus", bus_, "--link", link_, "--scenario", scenario});
-    EXPECT_EQ(program.exitStatus(), 0);
-    const std::string output = program.output();
-    for (const char* line : {" note scenario: press 3 6\n", " card 3 digital-input: 40 00\n",
-                             " note error: address 5 is digital-output, not digital-input\n",
-                             " note 3 digital-input: 40 00\n", " note scenario: quit\n"}) {
-        EXPECT_NE(output.find(line), std::string::npos) << line << output;
-    }
-}
-
-TEST_F(MainTest, TellsWrongUse) {
+TEST_F(MainTest, ReportsAWrongCommandLine) {
     Program program(folder_, {"--bus", bus_});
     EXPECT_EQ(program.exitStatus(), 2);
     EXPECT_EQ(program.error(),
               "zolt-sim: --link is required (zolt-sim --help lists the options)\n");
 }
 
-TEST_F(MainTest, TellsWhyItCannotStart) {
+TEST_F(MainTest, SaysWhyItCannotStart) {
     const std::string badBus = folder_.write("bad.bus", "\n3 relay\n");
     {
         Program program(folder_, {"--bus", badBus, "--link", link_});
@@ -199,7 +187,7 @@ TEST_F(MainTest, TellsWhyItCannotStart) {
     EXPECT_TRUE(gone(link_));
 }
 
-TEST_F(MainTest, TellsItsVersionAndOptions) {
+TEST_F(MainTest, PrintsItsVersionAndOptions) {
     {
         Program program(folder_, {"--version"});
         EXPECT_EQ(program.exitStatus(), 0);

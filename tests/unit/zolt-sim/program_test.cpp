@@ -91,12 +91,14 @@ TEST_F(ProgramTest, FiltersWhatItPrintsButNotTheTraceFile) {
 }
 
 TEST_F(ProgramTest, PutsTheScenarioAndItsAnswersIntoTheTrace) {
-    options_.scenarioFile = folder_.write("x.scenario", "0 press 5 1\n0 show 3\n0 quit\n");
+    options_.scenarioFile =
+        folder_.write("x.scenario", "0 press 3 6\n0 press 5 1\n0.01 show 3\n0.02 quit\n");
     run();
     const std::string output = printed();
-    for (const char* line : {" note scenario: press 5 1\n",
+    for (const char* line : {" note scenario: press 3 6\n", " card 3 digital-input: 40 00\n",
+                             " note scenario: press 5 1\n",
                              " note error: address 5 is digital-output, not digital-input\n",
-                             " note scenario: show 3\n", " note 3 digital-input: 00 00\n"}) {
+                             " note 3 digital-input: 40 00\n", " note scenario: quit\n"}) {
         EXPECT_NE(output.find(line), std::string::npos) << line << output;
     }
 }

@@ -1,4 +1,3 @@
-// What the tests of the simulated bus share.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +13,7 @@
 
 namespace zolt_sim::test {
 
-// Far beyond what a loaded machine needs; only a failing test waits this long.
+/// A loaded machine needs far less; only a failing test waits this long.
 inline constexpr std::chrono::seconds kDeadline{30};
 
 template <typename Predicate>
@@ -29,7 +28,7 @@ bool waitUntil(Predicate predicate) {
     return true;
 }
 
-// A new empty folder, removed with everything in it at the end.
+/// A new empty folder. The destructor removes it with everything in it.
 class Folder {
   public:
     Folder();
@@ -38,24 +37,24 @@ class Folder {
     Folder& operator=(const Folder&) = delete;
 
     std::string file(const std::string& name) const { return (path_ / name).string(); }
-    // Writes a file and returns its path.
+    /// Writes a file and returns its path.
     std::string write(const std::string& name, const std::string& text) const;
 
   private:
     std::filesystem::path path_;
 };
 
-// The host's end of the line: opens the adapter as a host program would.
+/// The host's end of the wire. It opens the adapter as a host program would.
 class Host {
   public:
     explicit Host(const std::string& link);
 
     void send(const Bytes& bytes);
-    // Waits for at least `count` bytes; fewer come back after the deadline.
+    /// Waits for at least `count` bytes. Returns fewer if the deadline passes.
     Bytes receive(std::size_t count);
-    // Sends a frame around the payload and returns the answer's payload.
+    /// Sends a frame around the payload and returns the payload of the answer.
     Bytes ask(const Bytes& payload);
-    // Whether the adapter has been taken away.
+    /// Whether the adapter has been unplugged.
     bool hungUp() const;
 
   private:
@@ -63,7 +62,7 @@ class Host {
     Bytes received_;
 };
 
-// Whether one of the lines ends with the text; waits for it.
+/// Waits until one of the lines ends with the text. False if the deadline passes.
 template <typename Lines>
 bool waitForLine(Lines lines, const std::string& end) {
     return waitUntil([&] {

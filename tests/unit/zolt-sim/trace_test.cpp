@@ -9,7 +9,7 @@
 namespace zolt_sim {
 namespace {
 
-// The line with every digit of its time as '#'.
+/// The line with '#' in place of each digit of its time.
 std::string withoutDigits(std::string line) {
     const auto end =
         line.begin() + static_cast<std::ptrdiff_t>(std::min(line.size(), line.find(' ')));

@@ -4,13 +4,14 @@
 
 #include <mutex>
 
+#include "apps/zolt-sim/error.h"
 #include "lib/text/hexadecimal.h"
 #include "tests/unit/zolt-sim/support.h"
 
 namespace zolt_sim {
 namespace {
 
-// Answers every request by itself and remembers what it is told.
+/// Answers every request with the same bytes and records every call.
 class Echo : public AdapterUser {
   public:
     WireOutput onRequest(const Bytes& request) override {
@@ -48,7 +49,7 @@ class Echo : public AdapterUser {
 
 class AdapterTest : public ::testing::Test {
   protected:
-    AdapterTest() { line_.plug(link_); }
+    AdapterTest() { adapter_.plug(link_); }
 
     bool noted(const std::string& event) {
         return test::waitForLine([this] { return echo_.events(); }, event);
@@ -57,7 +58,7 @@ class AdapterTest : public ::testing::Test {
     test::Folder folder_;
     std::string link_ = folder_.file("ttyUSB0");
     Echo echo_;
-    Adapter line_{echo_, 0};
+    Adapter adapter_{echo_, 0};
 };
 
 TEST_F(AdapterTest, AnswersARequest) {
@@ -110,7 +111,7 @@ TEST_F(AdapterTest, ForgetsAnAnswerThatAFormerHostDidNotRead) {
     EXPECT_EQ(host.ask({0xBB}), Bytes{0xBB});
 }
 
-TEST_F(AdapterTest, StaysSilentWhenToldSo) {
+TEST_F(AdapterTest, StaysSilentWithoutAnOutput) {
     test::Host host(link_);
     host.send({0x01, 0x00, 0x01, 0xAA});
     EXPECT_EQ(host.receive(2), (Bytes{0x01, 0xAA}));
@@ -118,8 +119,8 @@ TEST_F(AdapterTest, StaysSilentWhenToldSo) {
 
 TEST_F(AdapterTest, UnpluggingHangsUpAndRemovesTheLink) {
     const test::Host host(link_);
-    line_.unplug();
-    EXPECT_FALSE(line_.plugged());
+    adapter_.unplug();
+    EXPECT_FALSE(adapter_.plugged());
     EXPECT_TRUE(host.hungUp());
     EXPECT_FALSE(std::filesystem::is_symlink(std::filesystem::symlink_status(link_)));
 }
@@ -128,32 +129,32 @@ TEST_F(AdapterTest, UnpluggingDoesNotWaitForAnAnswerThatIsHeldBack) {
     test::Host host(link_);
     host.send({0x01, 0xDE});
     ASSERT_TRUE(noted("request DE"));
-    line_.unplug();
+    adapter_.unplug();
     EXPECT_TRUE(host.hungUp());
     EXPECT_EQ(echo_.events().back(), "request DE");
 }
 
 TEST_F(AdapterTest, ComesBackUnderAnotherName) {
-    line_.unplug();
+    adapter_.unplug();
     const std::string other = folder_.file("ttyUSB1");
-    line_.plug(other);
+    adapter_.plug(other);
     EXPECT_EQ(test::Host(other).ask({0x30}), Bytes{0x30});
     EXPECT_FALSE(std::filesystem::is_symlink(std::filesystem::symlink_status(link_)));
 }
 
 TEST_F(AdapterTest, IsNotPluggedInWhenTheLinkCannotBeMade) {
-    line_.unplug();
-    EXPECT_THROW(line_.plug(folder_.file("none/ttyUSB0")), std::runtime_error);
-    EXPECT_FALSE(line_.plugged());
-    line_.plug(link_);
+    adapter_.unplug();
+    EXPECT_THROW(adapter_.plug(folder_.file("none/ttyUSB0")), Error);
+    EXPECT_FALSE(adapter_.plugged());
+    adapter_.plug(link_);
     EXPECT_EQ(test::Host(link_).ask({0x30}), Bytes{0x30});
 }
 
-TEST(Adapter, AnswersWithTheTimeOfAWireToo) {
+TEST(Adapter, AnswersAtTheSpeedOfAWireToo) {
     const test::Folder folder;
     Echo echo;
-    Adapter line(echo, 460800);
-    line.plug(folder.file("ttyUSB0"));
+    Adapter adapter(echo, 460800);
+    adapter.plug(folder.file("ttyUSB0"));
     test::Host host(folder.file("ttyUSB0"));
     for (std::uint8_t i = 1; i < 50; ++i) {
         EXPECT_EQ(host.ask({0x20, i}), (Bytes{0x20, i}));

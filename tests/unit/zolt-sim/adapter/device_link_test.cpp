@@ -47,7 +47,7 @@ TEST(DeviceLink, LeavesALinkThatPointsElsewhere) {
     EXPECT_EQ(fs::read_symlink(path), "/dev/zero");
 }
 
-TEST(DeviceLink, TellsWhyItCannotBeMade) {
+TEST(DeviceLink, SaysWhyItCannotBeMade) {
     const test::Folder folder;
     const std::string path = folder.file("none/ttyUSB0");
     EXPECT_EQ(complaintOf([&] { const DeviceLink link(path, "/dev/null"); }),

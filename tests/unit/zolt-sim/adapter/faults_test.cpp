@@ -13,7 +13,7 @@ Fault fault(const std::string& text) {
     return parseFault(splitWords(text));
 }
 
-// What one fault makes of the answer of card 3.
+/// The output for a poll of card 3 that one fault has struck.
 WireOutput strike(const std::string& text) {
     FaultList faults;
     faults.add(fault(text));
@@ -29,7 +29,7 @@ TEST(Faults, WithoutAnyTheAnswerIsFramed) {
     EXPECT_TRUE(faults.apply(kPollOf3, std::nullopt).bytes.empty());
 }
 
-TEST(Faults, ChangeTheBytesOnTheLine) {
+TEST(Faults, ChangeTheBytesOnTheWire) {
     EXPECT_EQ(strike("silence").bytes, Bytes{});
     EXPECT_EQ(strike("noise AABB").bytes, (Bytes{0xAA, 0xBB, 0x04, 0x21, 3, 0x40, 0x00}));
     EXPECT_EQ(strike("truncate 2").bytes, (Bytes{0x04, 0x21, 3}));
@@ -63,7 +63,7 @@ TEST(Faults, AddressOfAShortAnswerMakesItLonger) {
     EXPECT_EQ(faults.apply({0x10, 5, 0}, Bytes{0x06}).bytes, (Bytes{0x02, 0x06, 0x07}));
 }
 
-TEST(Faults, StrikeAsOftenAsTold) {
+TEST(Faults, StrikeAsOftenAsTheirCountSays) {
     FaultList faults;
     faults.add(fault("silence 2 times"));
     EXPECT_TRUE(faults.apply(kPollOf3, kAnswerOf3).bytes.empty());
@@ -107,7 +107,7 @@ TEST(Faults, WaitForAnAnswerThatTheyCanSpoil) {
     }
 }
 
-TEST(Faults, MaySpeakWhereTheBusIsSilent) {
+TEST(Faults, MayStrikeWhereTheBusIsSilent) {
     const std::pair<const char*, Bytes> cases[] = {{"noise AA", {0xAA}},
                                                    {"class 1", {0x01, 0x54}},
                                                    {"answer 06", {0x01, 0x06}},

@@ -81,7 +81,7 @@ TEST(PtyPair, ForgetsWhatTheHostHasNotRead) {
     EXPECT_EQ(host.receive(1), Bytes{0x03});
 }
 
-TEST(PtyPair, TellsWhenNobodyReads) {
+TEST(PtyPair, ReportsThatTheHostDoesNotRead) {
     PtyPair pair;
     bool full = false;
     for (int i = 0; i < 10000 && !full; ++i) {

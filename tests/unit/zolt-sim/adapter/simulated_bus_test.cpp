@@ -18,7 +18,7 @@ const char* const kBus = "3 digital-input\n5 digital-output\n7 silent\nE lcd\n";
 
 class SimulatedBusTest : public ::testing::Test {
   protected:
-    // The trace lines without their times; polls and notes about hosts too.
+    /// The trace lines without their times, with polls and with notes about hosts.
     std::vector<std::string> traced() const {
         std::vector<std::string> lines;
         for (const std::string& line : bus_.trace()) {
@@ -48,7 +48,7 @@ TEST_F(SimulatedBusTest, AnswersOnItsLink) {
     EXPECT_EQ(host.receive(3), (Bytes{0x02, 0x4E, 0x01}));
 }
 
-TEST_F(SimulatedBusTest, ControlsChangeWhatPollsTell) {
+TEST_F(SimulatedBusTest, ControlsChangeTheAnswersToPolls) {
     Host host(link_);
     EXPECT_EQ(host.ask({0x20, 3, 2}), (Bytes{0x21, 3, 0, 0}));
     EXPECT_EQ(bus_.control("press 3 6").text(), "ok\n");
@@ -73,7 +73,7 @@ TEST_F(SimulatedBusTest, TracesFramesAndChanges) {
                             "card E lcd: text at column 3 row 1 \"Tail\"", "bus>  01 | 06"}));
 }
 
-TEST_F(SimulatedBusTest, FaultsStrikeOnTheLineAndAreTraced) {
+TEST_F(SimulatedBusTest, FaultsStrikeOnTheWireAndAreTraced) {
     Host host(link_);
     bus_.control("fault raw 01 02 03");
     host.send({0x03, 0x20, 0x03, 0x02});
@@ -117,7 +117,7 @@ TEST_F(SimulatedBusTest, KeepsItsNameWhenPluggingInFails) {
     EXPECT_EQ(Host(link_).ask({0x30}).size(), 17U);
 }
 
-TEST_F(SimulatedBusTest, OnlyQuitsWhereSomebodyCanEndIt) {
+TEST_F(SimulatedBusTest, QuitsOnlyInAProgramThatEndsOnIt) {
     EXPECT_EQ(bus_.control("quit").error, "this bus ends with the program that made it");
     bool ended = false;
     SimulatedBus bus(kBus, {.link = folder_.file("ttyUSB5"), .quit = [&] { ended = true; }});
@@ -178,10 +178,10 @@ TEST(SimulatedBus, GivesItsTraceToSinks) {
     EXPECT_EQ(polls(filtered), 0);
 }
 
-TEST(SimulatedBus, TellsWhyItCannotStart) {
+TEST(SimulatedBus, SaysWhyItCannotStart) {
     const test::Folder folder;
     EXPECT_THROW(SimulatedBus("3 relay\n", {.link = folder.file("ttyUSB0")}), Error);
-    EXPECT_THROW(SimulatedBus("", {.link = folder.file("none/ttyUSB0")}), std::runtime_error);
+    EXPECT_THROW(SimulatedBus("", {.link = folder.file("none/ttyUSB0")}), Error);
 }
 
 TEST(SimulatedBus, RemovesItsLink) {

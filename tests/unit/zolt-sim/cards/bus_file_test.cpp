@@ -14,7 +14,7 @@ std::string reasonForBus(const std::string& text) {
     return complaintOf([&] { parseBusText(text, "x.bus"); });
 }
 
-TEST(BusFile, SaysWhatSitsWhere) {
+TEST(BusFile, SaysWhichCardIsWhere) {
     const BusLayout layout = parseBusText(
         "# a bus\n\n0 servo\n  a motor # in both cases\nB code 2a\r\nF silent\n", "x.bus");
     EXPECT_EQ(layout.slots[0].content, Content::kCard);
@@ -39,7 +39,7 @@ TEST(BusFile, MayBeEmpty) {
     }
 }
 
-TEST(BusFile, TellsFileLineAndReason) {
+TEST(BusFile, GivesAMistakeItsPlaceAndReason) {
     EXPECT_EQ(reasonForBus("# one\nG servo\n"),
               "x.bus:2: \"G\" is neither an address (0 to F) nor \"missing\"");
     EXPECT_EQ(reasonForBus("3\n"), "x.bus:1: the kind of the card is missing");

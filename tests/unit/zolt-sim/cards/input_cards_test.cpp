@@ -18,7 +18,7 @@ TEST(InputCard, TakesNoOutput) {
     EXPECT_FALSE(card.output({0x00, 0x00}));
 }
 
-TEST(AnalogueInputCard, TellsTheMaskThatWasSet) {
+TEST(AnalogueInputCard, GivesBackTheMaskThatWasSet) {
     AnalogueInputCard card(Bytes(6, 0x00));
     EXPECT_EQ(card.configure({0x40, 0x01, std::nullopt})->value, 0x3F);
     const auto set = card.configure({0x01, 0x01, 0x80});

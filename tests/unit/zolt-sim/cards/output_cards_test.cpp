@@ -100,7 +100,7 @@ TEST(MotorCard, KeepsSilentRangesUntilTheRebootUnlessStored) {
     EXPECT_EQ(get(card, 0x01), 0x20);
 }
 
-TEST(MotorCard, StandsStillAfterAReboot) {
+TEST(MotorCard, IsAtRestAfterAReboot) {
     MotorCard card(Bytes(4, 0x00));
     EXPECT_EQ(card.output({0x10, 0x20, 0x30, 0x01}), "10 20 30 01");
     EXPECT_TRUE(command(card, 0xAB));

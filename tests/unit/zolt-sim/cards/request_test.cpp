@@ -5,7 +5,7 @@
 namespace zolt_sim {
 namespace {
 
-TEST(Request, IsToldByItsFirstByte) {
+TEST(Request, HasTheKindOfItsFirstByte) {
     EXPECT_EQ(requestKind({0x20, 3, 2}), RequestKind::kPoll);
     EXPECT_EQ(requestKind({0x10}), RequestKind::kOutput);
     EXPECT_EQ(requestKind({0x30}), RequestKind::kDiscovery);

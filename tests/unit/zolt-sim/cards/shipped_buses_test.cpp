@@ -11,7 +11,7 @@ Bytes discovered(const std::string& name) {
     return model.answer({0x30}).answer.value();
 }
 
-TEST(ShippedBuses, AllKindsStandWhereTheHelpTextsExpectThem) {
+TEST(ShippedBuses, AllKindsAreWhereTheHelpTextsExpectThem) {
     EXPECT_EQ(discovered("all-kinds.bus"),
               (Bytes{0x31, 5, 0, 0, 4, 0, 3, 0, 0, 8, 10, 6, 0, 0, 0, 9, 7}));
 }

@@ -46,7 +46,7 @@ TEST(ControlParser, ReadsTheOthers) {
     EXPECT_EQ(parseControl("  quit ").verb, Verb::kQuit);
 }
 
-TEST(ControlParser, TellsWhatIsWrong) {
+TEST(ControlParser, SaysWhatIsWrong) {
     EXPECT_EQ(reasonForControl(""), "the line is empty (help lists the controls)");
     EXPECT_EQ(reasonForControl("jump"), "unknown control \"jump\" (help lists the controls)");
     EXPECT_EQ(reasonForControl("PRESS 3 6"), "unknown control \"PRESS\" (help lists the controls)");

@@ -32,7 +32,7 @@ TEST(ControlLines, RefusesALineThatIsTooLongAsAWhole) {
     EXPECT_EQ(lines.feed(" quit\nshow\n"), (Lines{std::nullopt, "show"}));
 }
 
-// Connects to the server's socket.
+/// A client that is connected to the server's socket.
 class Client {
   public:
     explicit Client(const std::string& path)

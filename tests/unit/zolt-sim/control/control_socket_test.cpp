@@ -26,7 +26,7 @@ TEST(ControlSocket, RemovesItsFile) {
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST(ControlSocket, ReplacesOneThatNobodyListensOn) {
+TEST(ControlSocket, ReplacesASocketWithoutAListener) {
     const test::Folder folder;
     const std::string path = folder.file("control");
     {
@@ -42,7 +42,7 @@ TEST(ControlSocket, ReplacesOneThatNobodyListensOn) {
     EXPECT_EQ(reasonForSocket(path), "");
 }
 
-TEST(ControlSocket, DoesNotTakeOneFromAnother) {
+TEST(ControlSocket, LeavesTheSocketOfARunningProgramAlone) {
     const test::Folder folder;
     const std::string path = folder.file("control");
     const ControlSocket first(path);
@@ -57,7 +57,7 @@ TEST(ControlSocket, LeavesOtherFilesAlone) {
     EXPECT_EQ(std::filesystem::file_size(path), 8U);
 }
 
-TEST(ControlSocket, TellsWhyItCannotListen) {
+TEST(ControlSocket, SaysWhyItCannotListen) {
     const test::Folder folder;
     EXPECT_EQ(reasonForSocket(folder.file("none/control")),
               folder.file("none/control") + ": No such file or directory");

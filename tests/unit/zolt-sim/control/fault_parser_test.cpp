@@ -41,14 +41,14 @@ TEST(FaultParser, TakesTheModifiersInAnyOrder) {
     EXPECT_EQ(faultText(parse("delay 5 12 times for check")), "delay 5 for check 12 times");
 }
 
-TEST(FaultParser, TellsACountFromAByteMore) {
+TEST(FaultParser, DistinguishesACountFromAByte) {
     const Fault fault = parse("raw 01 02 10 times at 3");
     EXPECT_EQ(fault.bytes, (Bytes{0x01, 0x02}));
     EXPECT_EQ(fault.times, 10U);
     EXPECT_EQ(fault.at, 3);
 }
 
-TEST(FaultParser, TellsWhatIsWrong) {
+TEST(FaultParser, SaysWhatIsWrong) {
     EXPECT_EQ(reasonForFault(""), "the kind of fault is missing");
     EXPECT_EQ(reasonForFault("fire"), "unknown fault \"fire\"");
     EXPECT_EQ(reasonForFault("delay"), "delay takes milliseconds, 1 to 60000");

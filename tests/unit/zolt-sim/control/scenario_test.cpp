@@ -30,7 +30,7 @@ TEST(Scenario, IsAListOfTimesAndControls) {
     EXPECT_TRUE(parseScenario("", "x.scenario").empty());
 }
 
-TEST(Scenario, TellsFileLineAndReason) {
+TEST(Scenario, GivesAMistakeItsPlaceAndReason) {
     EXPECT_EQ(reasonForScenario("soon press 3 6\n"),
               "x.scenario:1: \"soon\" is not a time in seconds such as 2 or 2.5");
     EXPECT_EQ(reasonForScenario("1. show\n"),
@@ -64,7 +64,7 @@ TEST(ScenarioPlayer, PlaysInOrder) {
     EXPECT_EQ(played, (std::vector<std::string>{"show", "help", "faults"}));
 }
 
-TEST(ScenarioPlayer, LeavesTheRestOutWhenItEnds) {
+TEST(ScenarioPlayer, DropsTheRestWhenItEnds) {
     bool played = false;
     {
         const ScenarioPlayer player(parseScenario("3600 show\n", "x.scenario"), Clock::now(),
