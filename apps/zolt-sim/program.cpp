@@ -9,13 +9,13 @@
 #include <utility>
 #include <vector>
 
-#include "apps/zolt-sim/adapter/simulated_bus.h"
 #include "apps/zolt-sim/background_writer.h"
 #include "apps/zolt-sim/cards/bus_file.h"
 #include "apps/zolt-sim/control/control_server.h"
 #include "apps/zolt-sim/control/control_socket.h"
 #include "apps/zolt-sim/control/scenario.h"
 #include "apps/zolt-sim/error.h"
+#include "apps/zolt-sim/simulated_bus.h"
 #include "apps/zolt-sim/text_file.h"
 #include "lib/os/descriptor.h"
 #include "lib/os/event.h"

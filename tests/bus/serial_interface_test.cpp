@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/zolt-sim/adapter/simulated_bus.h"
+#include "apps/zolt-sim/simulated_bus.h"
 #include "tests/support/temporary_log.h"
 #include "tests/support/text/bytes.h"
 #include "tests/support/wait.h"

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/zolt-sim/adapter/simulated_bus.h"
+#include "apps/zolt-sim/simulated_bus.h"
 #include "bus/serial_interface.h"
 #include "lib/text/hexadecimal.h"
 #include "tests/faults/daemon_state.h"

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "apps/zolt-check/document/config_document.h"
 #include "apps/zolt-check/findings/finding.h"
 #include "core/config_schema.h"
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/zolt-check/document/config_document.h"
 #include "apps/zolt-check/findings/finding.h"
 
 namespace zolt_check {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "apps/zolt-check/document/config_document.h"
 #include "apps/zolt-check/findings/finding.h"
 
 namespace zolt_check {

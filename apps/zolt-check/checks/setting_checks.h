@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/zolt-check/document/config_document.h"
 #include "apps/zolt-check/findings/finding.h"
 #include "core/descriptors.h"
 

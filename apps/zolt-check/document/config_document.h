@@ -1,17 +1,12 @@
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace zolt_check {
+#include "apps/zolt-check/document/config_place.h"
 
-/// A place in a file as editors count it: lines and characters from 1.
-struct ConfigPlace {
-    std::size_t line = 1;
-    std::size_t column = 1;
-};
+namespace zolt_check {
 
 /// An attribute with its place.
 struct ConfigAttribute {

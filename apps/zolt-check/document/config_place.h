@@ -3,9 +3,13 @@
 #include <cstddef>
 #include <string_view>
 
-#include "apps/zolt-check/document/config_document.h"
-
 namespace zolt_check {
+
+/// A place in a file as editors count it: lines and characters from 1.
+struct ConfigPlace {
+    std::size_t line = 1;
+    std::size_t column = 1;
+};
 
 enum class ConfigEncoding { kUtf8, kUtf16Le, kUtf16Be, kUtf32Le, kUtf32Be, kLatin1 };
 

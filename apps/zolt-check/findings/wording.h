@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "apps/zolt-check/document/config_document.h"
+#include "apps/zolt-check/document/config_place.h"
 
 namespace zolt_check {
 

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "apps/zolt-sim/adapter/simulated_bus.h"
+#include "apps/zolt-sim/simulated_bus.h"
 #include "tests/support/wait.h"
 
 namespace reliability {

@@ -1,4 +1,4 @@
-#include "apps/zolt-sim/adapter/simulated_bus.h"
+#include "apps/zolt-sim/simulated_bus.h"
 
 #include <gtest/gtest.h>
 
