@@ -25,12 +25,12 @@ constexpr std::array kRows{
 void translate(benchmark::State& state, const Row& row) {
     QuietHost host;
     const std::string command = row.command;
-    if (translateOutput(command, &host.card(0)).has_value() != row.legal) {
+    if (translateOutput(command, host.cards()).has_value() != row.legal) {
         state.SkipWithError("the command is not translated as expected");
         return;
     }
     const AllocationCounters counters(state);
-    for (auto _ : state) benchmark::DoNotOptimize(translateOutput(command, &host.card(0)));
+    for (auto _ : state) benchmark::DoNotOptimize(translateOutput(command, host.cards()));
 }
 
 const bool registered = [] {

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <array>
-
 #include "bus/perifcard.h"
-#include "bus/wire.h"
 #include "control/console_host.h"
 #include "core/zlqueue.h"
 
@@ -16,6 +13,7 @@ class QuietHost final : public ConsoleHost {
 
     void reply(ByteList item) override;
     PERIFCARD& card(std::size_t address) override { return cards_.at(address); }
+    CardTable& cards() { return cards_; }
     bool polling() const override { return polling_; }
     void setPolling(bool on) override { polling_ = on; }
     void setThreadDelay(std::int32_t /*microseconds*/) override {}
@@ -31,6 +29,6 @@ class QuietHost final : public ConsoleHost {
   private:
     void discover();
 
-    std::array<PERIFCARD, wire::kAddresses> cards_;
+    CardTable cards_;
     bool polling_ = false;
 };

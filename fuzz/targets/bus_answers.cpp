@@ -87,9 +87,9 @@ class AnsweringLine final : public support::SerialLine {
 class AnsweredLink {
   public:
     explicit AnsweredLink(std::string_view bytes) : input_(bytes), line_(input_) {
-        link_ = support::makeLink(line_, cards_.get(), &reports_);
-        for (std::size_t i = 0; i < wire::kCardRecords; ++i) {
-            cards_[i].clearPerifCard();
+        link_ = support::makeLink(line_, cards_, &reports_);
+        for (PERIFCARD& card : cards_) {
+            card.clearPerifCard();
         }
         // The hardware check, and the first discovery with no card at all.
         link_->OnTask();
@@ -141,7 +141,7 @@ class AnsweredLink {
         const std::size_t address = input_.byte() % wire::kAddresses;
         switch (what) {
             case step::kForget:
-                std::for_each_n(cards_.get(), wire::kAddresses,
+                std::for_each_n(cards_.begin(), wire::kAddresses,
                                 [](PERIFCARD& card) { card.clearPerifCard(); });
                 break;
             case step::kGlobalPolling:
@@ -172,14 +172,14 @@ class AnsweredLink {
                                   'd',
                                   kDigits[value / 16U],
                                   kDigits[value % 16U]};
-        if (const auto frame = translateOutput(command, cards_.get())) {
+        if (const auto frame = translateOutput(command, cards_)) {
             link_->CommandQueue(frame->address).ToQueue(frame->bytes);
         }
     }
 
     fuzz::Input input_;
     AnsweringLine line_;
-    const std::unique_ptr<PERIFCARD[]> cards_ = std::make_unique<PERIFCARD[]>(wire::kCardRecords);
+    CardTable cards_;
     ZLQUEUE reports_;
     std::unique_ptr<SERIAL_INTERFACE> link_;
 };

@@ -91,9 +91,9 @@ class WildLine final : public support::SerialLine {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     WildLine line(fuzz::textOf(data, size, kMostBytes));
-    std::array<PERIFCARD, wire::kCardRecords> cards;
+    CardTable cards;
     ZLQUEUE reports;
-    const auto link = support::makeLink(line, cards.data(), &reports);
+    const auto link = support::makeLink(line, cards, &reports);
     // A port that did not pass the hardware check stays under test for good.
     const auto serves = [&link] {
         return link->State() != SERIAL_INTERFACE::LinkState::kUnderTest;

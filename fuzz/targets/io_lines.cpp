@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -41,7 +40,7 @@ void requireCommand(const std::string& command, const std::string& separator) {
 }
 
 /// As the master loop handles one read.
-void handle(const ByteList& read, const std::string& separator, PERIFCARD* cards) {
+void handle(const ByteList& read, const std::string& separator, CardTable& cards) {
     for (const std::string& command : splitCommands(Convert_QList2String(read), separator)) {
         requireCommand(command, separator);
         try {
@@ -57,7 +56,7 @@ void handle(const ByteList& read, const std::string& separator, PERIFCARD* cards
 }
 
 void run(std::string_view sent, const std::string& separator) {
-    const auto cards = std::make_unique<PERIFCARD[]>(wire::kCardRecords);
+    CardTable cards;
     for (std::size_t address = 0; address < fuzz::kKinds.size(); ++address) {
         setUpCard(cards[address], static_cast<std::uint8_t>(address), fuzz::kKinds[address]);
     }
@@ -65,7 +64,7 @@ void run(std::string_view sent, const std::string& separator) {
         std::array<char, framing::kReadSize + 1> buffer{};
         const std::string_view read = sent.substr(0, framing::kReadSize);
         std::copy(read.begin(), read.end(), buffer.begin());
-        handle(framing::received(framing::kText, buffer.data()), separator, cards.get());
+        handle(framing::received(framing::kText, buffer.data()), separator, cards);
         sent.remove_prefix(read.size());
     }
 }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "bus/wire.h"
 #include "common/byte_list.h"
 #include "thread/MutexClass.h"
 #include "thread/shared_field.h"
@@ -71,3 +72,6 @@ class PERIFCARD {
     CMutexClass pollFrameLock_;
     ByteList pollFrame_ ZOLT_GUARDED_BY(pollFrameLock_);
 };
+
+/// The card table: one record for each bus address, and one that is never addressed.
+using CardTable = std::array<PERIFCARD, wire::kCardRecords>;

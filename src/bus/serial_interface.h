@@ -34,10 +34,10 @@ class SERIAL_INTERFACE final : public CThread {
     };
 
     /// An empty device path searches the ttyUSB devices whenever the link is
-    /// down; a given one is used as it stands. `cards` has wire::kCardRecords
-    /// records; it and `reports` outlive this object. The worker runs when the
+    /// down; a given one is used as it is. `cards` and
+    /// `reports` outlive this object. The worker runs when the
     /// constructor returns.
-    SERIAL_INTERFACE(std::string devicePath, LOGGER logger, PERIFCARD* cards, ZLQUEUE* reports,
+    SERIAL_INTERFACE(std::string devicePath, LOGGER logger, CardTable& cards, ZLQUEUE* reports,
                      bool polling, bool autoDiscover);
     ~SERIAL_INTERFACE();
 
@@ -100,7 +100,7 @@ class SERIAL_INTERFACE final : public CThread {
     std::string devicePath_;
     SerialPort port_;
     std::atomic<LinkState> linkState_{LinkState::kClosed};
-    PERIFCARD* cards_;
+    CardTable& cards_;
     ZLQUEUE* reports_;
     LoopPause pause_;
     std::array<ZLQUEUE, wire::kQueues> commandQueues_;

@@ -11,7 +11,7 @@
 #include "common/text.h"
 #include "core/speed.h"
 
-SERIAL_INTERFACE::SERIAL_INTERFACE(std::string devicePath, LOGGER logger, PERIFCARD* cards,
+SERIAL_INTERFACE::SERIAL_INTERFACE(std::string devicePath, LOGGER logger, CardTable& cards,
                                    ZLQUEUE* reports, bool polling, bool autoDiscover)
     : globalPolling(polling),
       threadDelay(kDefaultThreadDelay),

@@ -15,8 +15,7 @@ class DaemonConsole final : public ConsoleHost {
         SOCKET_INTERFACE& io;
         SOCKET_INTERFACE& mon;
         SERIAL_INTERFACE& serial;
-        /// The card table, wire::kCardRecords records.
-        PERIFCARD* cards;
+        CardTable& cards;
         ZLQUEUE& busReports;
         /// The pause of the master loop, in microseconds.
         std::int32_t& threadDelay;

@@ -53,7 +53,7 @@ ByteList frameOf(std::size_t address, ByteList bytes) {
 /// The frame for a card that takes such a stream; nothing for another card or for too
 /// many bytes.
 std::optional<OutputFrame> streamFrame(const std::string& command, ByteList bytes,
-                                       CardStream stream, PERIFCARD* cards) {
+                                       CardStream stream, CardTable& cards) {
     const std::size_t address = addressOf(command);
     OutputFrame frame{address, frameOf(address, std::move(bytes))};
     if (frame.bytes.size() > kFrameLimit || kindOf(cards[address]).stream != stream) {
@@ -68,7 +68,7 @@ bool isBlock(const std::string& command) {
     return isForm(command, 'b') && at(command, 4) == 'd';
 }
 
-std::optional<OutputFrame> block(const std::string& command, PERIFCARD* cards) {
+std::optional<OutputFrame> block(const std::string& command, CardTable& cards) {
     const std::size_t address = addressOf(command);
     const auto number = static_cast<unsigned char>(digitAt(command, 3));
     const auto value = static_cast<std::uint8_t>(byteAt(command, 5));
@@ -90,7 +90,7 @@ bool isStream(const std::string& command) {
     return contains(command, "HS") && isForm(command, 's');
 }
 
-std::optional<OutputFrame> stream(const std::string& command, PERIFCARD* cards) {
+std::optional<OutputFrame> stream(const std::string& command, CardTable& cards) {
     constexpr std::size_t kStreamStart = 5;
     if (command.compare(3, 2, "HS") != 0) {
         return std::nullopt;
@@ -119,7 +119,7 @@ bool isLcdControl(const std::string& command) {
     return isForm(command, 'l') && !contains(command, "PAp");
 }
 
-std::optional<OutputFrame> lcdControl(const std::string& command, PERIFCARD* cards) {
+std::optional<OutputFrame> lcdControl(const std::string& command, CardTable& cards) {
     const char first = at(command, 3);
     const char second = at(command, 4);
     for (const LcdControl& control : kLcdControls) {
@@ -136,7 +136,7 @@ bool isLcdText(const std::string& command) {
     return isForm(command, 'l');
 }
 
-std::optional<OutputFrame> lcdText(const std::string& command, PERIFCARD* cards) {
+std::optional<OutputFrame> lcdText(const std::string& command, CardTable& cards) {
     constexpr std::size_t kTextStart = 11;
     const char column = byteAt(command, 6);
     const char row = byteAt(command, 8);
@@ -166,7 +166,7 @@ std::span<const LcdControl> lcdControls() {
     return kLcdControls;
 }
 
-std::optional<OutputFrame> translateOutput(const std::string& command, PERIFCARD* cards) {
+std::optional<OutputFrame> translateOutput(const std::string& command, CardTable& cards) {
     const auto* form = std::find_if(kForms.begin(), kForms.end(),
                                     [&command](const IoForm& f) { return f.matches(command); });
     return form == kForms.end() ? std::nullopt : form->translate(command, cards);

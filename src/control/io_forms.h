@@ -29,7 +29,7 @@ struct CommandTooShort {
 struct IoForm {
     bool (*matches)(const std::string& command);
     /// The frame for a command of this form; nothing when it is illegal.
-    std::optional<OutputFrame> (*translate)(const std::string& command, PERIFCARD* cards);
+    std::optional<OutputFrame> (*translate)(const std::string& command, CardTable& cards);
 };
 
 /// The rows in test order; the first that matches a command decides.
@@ -46,8 +46,8 @@ struct LcdControl {
 std::span<const LcdControl> lcdControls();
 
 /// The frame for one command without its separator, nothing when the command is
-/// illegal. `cards` is the card table. Throws CommandTooShort.
-std::optional<OutputFrame> translateOutput(const std::string& command, PERIFCARD* cards);
+/// illegal. Throws CommandTooShort.
+std::optional<OutputFrame> translateOutput(const std::string& command, CardTable& cards);
 
 /// The pieces of a chunk between separators; empty pieces are left out. An empty
 /// separator separates nothing.

@@ -9,7 +9,7 @@ bool ZOLT::ParseOutCommand(const ByteList& list) {
     for (const std::string& command :
          splitCommands(Convert_QList2String(list), config_.io.inpSeparator)) {
         try {
-            if (std::optional<OutputFrame> frame = translateOutput(command, cards_.get())) {
+            if (std::optional<OutputFrame> frame = translateOutput(command, cards_)) {
                 serial_->CommandQueue(frame->address).ToQueue(std::move(frame->bytes));
             } else {
                 reportIllegalCommand("COE:Illegal command -> " + command);

@@ -16,13 +16,12 @@ ZOLT::ZOLT(LOGGER logger, int* signalFlag)
       monRequests_(std::make_unique<ZLQUEUE>()),
       busReports_(std::make_unique<ZLQUEUE>()),
       signalFlag_(signalFlag),
-      cards_(std::make_unique<PERIFCARD[]>(wire::kCardRecords)),
       workArea_(std::make_unique<std::array<char, 16>>()) {
     for (const auto* queue : {&ioRequests_, &caeRequests_, &busReports_}) {
         (*queue)->ReadBy(pause_);
     }
-    for (std::size_t i = 0; i < wire::kCardRecords; ++i) {
-        cards_[i].clearPerifCard();
+    for (PERIFCARD& card : cards_) {
+        card.clearPerifCard();
     }
 }
 
@@ -73,14 +72,14 @@ void ZOLT::InitInterfaces() {
     cae_ = startInterface(config_.cae, caeRequests_.get());
     io_ = startInterface(config_.io, ioRequests_.get());
     mon_ = startInterface(config_.mon, monRequests_.get());
-    serial_ = std::make_unique<SERIAL_INTERFACE>("", logger_, cards_.get(), busReports_.get(),
+    serial_ = std::make_unique<SERIAL_INTERFACE>("", logger_, cards_, busReports_.get(),
                                                  config_.initialPollState, config_.autoDiscover);
     serial_->threadDelay = config_.threadDelay;
     daemonConsole_.emplace(DaemonConsole::Parts{.cae = *cae_,
                                                 .io = *io_,
                                                 .mon = *mon_,
                                                 .serial = *serial_,
-                                                .cards = cards_.get(),
+                                                .cards = cards_,
                                                 .busReports = *busReports_,
                                                 .threadDelay = config_.threadDelay});
     console_.emplace(*daemonConsole_, config_.cae.inpSeparator, config_.cae.outSeparator);

@@ -81,8 +81,8 @@ class ZOLT final {
     bool workersRunning_ = false;
     std::chrono::steady_clock::time_point nextWorkerStart_;
     int* signalFlag_;
-    /// wire::kCardRecords records, shared with the serial link.
-    std::unique_ptr<PERIFCARD[]> cards_;
+    /// Shared with the serial link.
+    CardTable cards_;
     /// Room that is set aside for extensions; nothing uses it.
     std::unique_ptr<std::array<char, 16>> workArea_;
 };

@@ -36,8 +36,7 @@ class Link : public testing::Test {
     void startLink(bool polling = true) {
         LOGGER logger;
         logger.fileName = log_.path();
-        link_ = std::make_unique<SERIAL_INTERFACE>(path_, logger, cards_.data(), &reports_, polling,
-                                                   true);
+        link_ = std::make_unique<SERIAL_INTERFACE>(path_, logger, cards_, &reports_, polling, true);
         link_->threadDelay = 500;
     }
 
@@ -95,7 +94,7 @@ class Link : public testing::Test {
     const std::string path_ = log_.path() + ".ttyUSB0";
     const std::string foundLine_ = "[INF] hardware found on " + path_ + " version: 1.04";
     const std::string timeoutLine_ = "[INF] comm timeout " + path_;
-    std::array<PERIFCARD, wire::kCardRecords> cards_;
+    CardTable cards_;
     ZLQUEUE reports_;
     std::unique_ptr<zolt_sim::SimulatedBus> bus_;
     std::unique_ptr<SERIAL_INTERFACE> link_;

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 
 #include "bus/card_kinds.h"
 #include "bus/wire.h"
@@ -17,7 +16,7 @@ namespace {
 /// The frame that a word leads to, empty for a word that is no command of the row
 /// `form` or sends nothing. The bus has a card of `kind` at each address.
 std::string frameOf(const std::string& word, std::size_t form, const CardKind& kind) {
-    std::array<PERIFCARD, wire::kCardRecords> cards;
+    CardTable cards;
     for (std::size_t address = 0; address < wire::kAddresses; ++address) {
         setUpCard(cards.at(address), static_cast<std::uint8_t>(address), kind.code);
     }
@@ -26,7 +25,7 @@ std::string frameOf(const std::string& word, std::size_t form, const CardKind& k
         const auto row = std::find_if(forms.begin(), forms.end(),
                                       [&](const IoForm& each) { return each.matches(word); });
         if (row - forms.begin() != static_cast<std::ptrdiff_t>(form)) return {};
-        const auto frame = translateOutput(word, cards.data());
+        const auto frame = translateOutput(word, cards);
         return frame ? hexText(frame->bytes) : std::string();
     } catch (const CommandTooShort&) {
         return {};

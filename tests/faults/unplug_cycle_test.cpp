@@ -42,8 +42,7 @@ class UnplugCycle : public testing::Test {
         bus_ = std::make_unique<zolt_sim::SimulatedBus>(cards, options);
         LOGGER logger;
         logger.fileName = log_.path();
-        link_ =
-            std::make_unique<SERIAL_INTERFACE>("", logger, cards_.data(), &reports_, true, true);
+        link_ = std::make_unique<SERIAL_INTERFACE>("", logger, cards_, &reports_, true, true);
         link_->threadDelay = 500;
     }
 
@@ -132,7 +131,7 @@ class UnplugCycle : public testing::Test {
     std::mutex lock_;
     std::vector<std::string> trace_;
     unsigned char value_ = 0;
-    std::array<PERIFCARD, wire::kCardRecords> cards_;
+    CardTable cards_;
     ZLQUEUE reports_;
     std::unique_ptr<zolt_sim::SimulatedBus> bus_;
     std::unique_ptr<SERIAL_INTERFACE> link_;

@@ -34,7 +34,7 @@ void plugIn(SerialLine& line) {
     current = &line;
 }
 
-std::unique_ptr<SERIAL_INTERFACE> makeLink(SerialLine& line, PERIFCARD* cards, ZLQUEUE* reports) {
+std::unique_ptr<SERIAL_INTERFACE> makeLink(SerialLine& line, CardTable& cards, ZLQUEUE* reports) {
     plugIn(line);
     auto link = std::make_unique<SERIAL_INTERFACE>("adapter", LOGGER(), cards, reports, true, true);
     link->threadDelay = 0;

@@ -28,6 +28,6 @@ void plugIn(SerialLine& line);
 /// A serial link on a port to `line`, which outlives it. Where its worker has no
 /// thread (hand_run_workers.h) the test runs its cycles itself. One link at a
 /// time.
-std::unique_ptr<SERIAL_INTERFACE> makeLink(SerialLine& line, PERIFCARD* cards, ZLQUEUE* reports);
+std::unique_ptr<SERIAL_INTERFACE> makeLink(SerialLine& line, CardTable& cards, ZLQUEUE* reports);
 
 }  // namespace support

@@ -31,8 +31,8 @@ class LinkFixture : public testing::Test {
     void build(const std::string& device, bool polling = false, bool autoDiscover = false) {
         LOGGER logger;
         logger.fileName = log_.path();
-        link_ = std::make_unique<SERIAL_INTERFACE>(portPath_, logger, cards_.data(), &reports_,
-                                                   polling, autoDiscover);
+        link_ = std::make_unique<SERIAL_INTERFACE>(portPath_, logger, cards_, &reports_, polling,
+                                                   autoDiscover);
         link_->Stop();
         // Only now is there a port: whatever cycles the worker came to found none.
         std::filesystem::create_symlink(device, portPath_);
@@ -96,7 +96,7 @@ class LinkFixture : public testing::Test {
     ScriptedLine line_;
     support::TemporaryLog log_;
     const std::string portPath_ = log_.path() + ".port";
-    std::array<PERIFCARD, wire::kCardRecords> cards_;
+    CardTable cards_;
     ZLQUEUE reports_;
     std::unique_ptr<SERIAL_INTERFACE> link_;
 

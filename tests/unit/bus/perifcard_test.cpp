@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "bus/wire.h"
 #include "tests/support/text/bytes.h"
 
@@ -55,12 +53,12 @@ void fill(PERIFCARD& card) {
 }
 
 TEST(CardRecord, AFreshTableHasSeventeenEmptyRecords) {
-    const auto cards = std::make_unique<PERIFCARD[]>(wire::kCardRecords);
-    ASSERT_EQ(wire::kCardRecords, 17U);
-    for (std::size_t i = 0; i < 17; ++i) {
-        expectEmptySlot(cards[i]);
-        EXPECT_EQ(cards[i].address, 0);
-        EXPECT_EQ(cards[i].sampleCount, 0);
+    CardTable cards;
+    EXPECT_EQ(cards.size(), 17U);
+    for (PERIFCARD& card : cards) {
+        expectEmptySlot(card);
+        EXPECT_EQ(card.address, 0);
+        EXPECT_EQ(card.sampleCount, 0);
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
 #include "bus/card_kinds.h"
@@ -17,7 +16,7 @@ inline constexpr const char* kException = "exception";
 class IoForms : public testing::Test {
   protected:
     IoForms() {
-        for (std::size_t i = 0; i < wire::kCardRecords; ++i) cards_[i].clearPerifCard();
+        for (PERIFCARD& card : cards_) card.clearPerifCard();
         setUpCard(cards_[0], 0, card_kind::kServo);
         setUpCard(cards_[3], 3, card_kind::kDigitalInput);
         setUpCard(cards_[5], 5, card_kind::kDigitalOutput);
@@ -30,7 +29,7 @@ class IoForms : public testing::Test {
     /// kIllegal or kException for a command that makes no frame.
     std::string outcome(const std::string& command) {
         try {
-            const auto frame = translateOutput(command, cards_.get());
+            const auto frame = translateOutput(command, cards_);
             if (!frame) return kIllegal;
             return std::to_string(frame->address) + ": " + hexText(frame->bytes);
         } catch (const CommandTooShort&) {
@@ -44,5 +43,5 @@ class IoForms : public testing::Test {
         return result;
     }
 
-    const std::unique_ptr<PERIFCARD[]> cards_ = std::make_unique<PERIFCARD[]>(wire::kCardRecords);
+    CardTable cards_;
 };

@@ -75,7 +75,7 @@ TEST_F(IoForms, NoFrameExceedsACardsRoom) {
         for (const char* start : {"a9sHS", "aElPAp0000t"}) {
             std::string command = start;
             command.resize(std::max(length, command.size()), '4');
-            const auto frame = translateOutput(command, cards_.get());
+            const auto frame = translateOutput(command, cards_);
             if (frame) {
                 EXPECT_LE(frame->bytes.size(), 38U) << command;
             }
