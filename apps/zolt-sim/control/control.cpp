@@ -1,6 +1,6 @@
 #include "apps/zolt-sim/control/control.h"
 
-#include <exception>
+#include "apps/zolt-sim/error.h"
 
 namespace zolt_sim {
 namespace {
@@ -78,7 +78,7 @@ std::string ControlAnswer::text() const {
 ControlAnswer runControl(std::string_view line, const ControlTarget& target) {
     try {
         return {execute(parseControl(line), target), ""};
-    } catch (const std::exception& error) {
+    } catch (const Error& error) {
         return {{}, error.what()};
     }
 }
