@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kQuoteLimit = 60;
 
-std::string escaped(char byte) {
+std::string shownEscape(char byte) {
     switch (byte) {
         case '\r':
             return "\\r";
@@ -66,7 +66,7 @@ std::string printable(std::string_view text) {
     while (!text.empty()) {
         const std::size_t length = shownLength(text);
         if (length == 0) {
-            result += escaped(text[0]);
+            result += shownEscape(text[0]);
             text.remove_prefix(1);
         } else {
             result += text.substr(0, length);

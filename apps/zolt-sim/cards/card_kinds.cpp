@@ -35,7 +35,7 @@ constexpr std::array kKinds{
 };
 
 template <typename Predicate>
-const CardKind* findWhere(Predicate predicate) {
+const CardKind* kindWhere(Predicate predicate) {
     const auto* kind = std::find_if(kKinds.begin(), kKinds.end(), predicate);
     return kind == kKinds.end() ? nullptr : kind;
 }
@@ -59,11 +59,11 @@ std::span<const CardKind> cardKinds() {
 }
 
 const CardKind* findKind(std::uint8_t code) {
-    return findWhere([code](const CardKind& kind) { return kind.code == code; });
+    return kindWhere([code](const CardKind& kind) { return kind.code == code; });
 }
 
 const CardKind* findKind(std::string_view name) {
-    return findWhere([name](const CardKind& kind) { return kind.name == name; });
+    return kindWhere([name](const CardKind& kind) { return kind.name == name; });
 }
 
 std::string kindName(std::uint8_t code) {

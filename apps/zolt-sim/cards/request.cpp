@@ -24,13 +24,13 @@ constexpr std::array kRows{
 };
 
 template <typename Predicate>
-const RequestRow* findWhere(Predicate predicate) {
+const RequestRow* rowWhere(Predicate predicate) {
     const auto* row = std::find_if(kRows.begin(), kRows.end(), predicate);
     return row == kRows.end() ? nullptr : row;
 }
 
 const RequestRow* findRow(const Bytes& request) {
-    return findWhere([&](const RequestRow& row) {
+    return rowWhere([&](const RequestRow& row) {
         return !request.empty() && row.firstByte == request.front();
     });
 }
@@ -43,12 +43,12 @@ RequestKind requestKind(const Bytes& request) {
 }
 
 std::optional<RequestKind> requestKindNamed(std::string_view word) {
-    const RequestRow* row = findWhere([&](const RequestRow& entry) { return entry.name == word; });
+    const RequestRow* row = rowWhere([&](const RequestRow& entry) { return entry.name == word; });
     return row != nullptr ? std::optional(row->kind) : std::nullopt;
 }
 
 std::string_view requestKindName(RequestKind kind) {
-    const RequestRow* row = findWhere([&](const RequestRow& entry) { return entry.kind == kind; });
+    const RequestRow* row = rowWhere([&](const RequestRow& entry) { return entry.kind == kind; });
     return row != nullptr ? row->name : "unknown";
 }
 
