@@ -4,17 +4,17 @@
 
 #include "tests/support/allocation_count.h"
 
-/// Adds to the line of a benchmark what each item takes from the heap on this
-/// thread: "allocs" and "bytes". Lives around its loop.
+/// Adds to a benchmark's line what each item takes from the heap on this thread: "allocs"
+/// and "bytes". The object lives around the benchmark's loop.
 class AllocationCounters {
   public:
-    /// `items` are those of one iteration; the time stays that of an iteration.
+    /// `items` is the number of items in an iteration; the time is still that of an iteration.
     explicit AllocationCounters(benchmark::State& state, std::size_t items = 1);
     ~AllocationCounters();
     AllocationCounters(const AllocationCounters&) = delete;
     AllocationCounters& operator=(const AllocationCounters&) = delete;
 
-    /// Does something in the loop that is not measured.
+    /// Runs something in the loop without measuring it.
     template <typename Action>
     void aside(const Action& action) {
         state_.PauseTiming();

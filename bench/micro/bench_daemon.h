@@ -5,7 +5,7 @@
 #include "bus/wire.h"
 #include "tests/support/hand_run/hand_run_daemon.h"
 
-/// Sixteen digital inputs: the bus that costs most.
+/// A bus of sixteen digital inputs, which costs most.
 std::array<char, wire::kAddresses> sixteenInputs();
 
 /// A card of every kind that takes outputs, at the addresses of the help text.

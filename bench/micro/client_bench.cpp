@@ -1,4 +1,4 @@
-// An interface's cycle with a client on loopback; system calls are part of it.
+// Measures an interface's cycle with a client on loopback; system calls are part of it.
 
 #include <benchmark/benchmark.h>
 
@@ -16,7 +16,7 @@ void idleCycle(benchmark::State& state) {
     for (auto _ : state) daemon.io().OnTask();
 }
 
-/// The argument is the number of its bytes.
+/// The argument is the number of the reply's bytes.
 void reply(benchmark::State& state) {
     const support::HandRunDaemon daemon(outputCards());
     auto client = daemon.connect(daemon.io());

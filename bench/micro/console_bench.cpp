@@ -1,4 +1,4 @@
-// The interpreter over a line of each command, its replies taken out of their
+// Measures the interpreter with a line of each command; the replies are taken out of their
 // queue again. Cards answer at once and pauses take no time.
 
 #include <benchmark/benchmark.h>
@@ -21,7 +21,7 @@ constexpr std::array kLines{
     "STOREMSRS:A",
 };
 
-/// How many of them are errors.
+/// Empties the queue and returns how many of the items are errors.
 std::size_t empty(ZLQUEUE& queue) {
     std::size_t errors = 0;
     while (!queue.IsEmpty()) {

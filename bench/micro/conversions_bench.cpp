@@ -1,5 +1,5 @@
-// Between texts, buffers and byte lists. The argument is the number of bytes: a
-// report's, a console reply's, the most that a client sends in one read.
+// Measures conversions between texts, buffers and byte lists. The argument is the number of
+// bytes: of a report, of a console reply, and the most that a client sends in one read.
 
 #include <benchmark/benchmark.h>
 

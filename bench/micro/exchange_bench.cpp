@@ -1,4 +1,4 @@
-// The serial link's cycle on a bus in memory that answers at once: the host's side
+// Measures the serial link's cycle on a bus in memory that answers at once: the host's side
 // of an exchange, without system calls.
 
 #include <benchmark/benchmark.h>
@@ -25,7 +25,7 @@ void exchange(benchmark::State& state) {
     }
 }
 
-/// A cycle in which the argument is the number of cards that are polled.
+/// The argument is the number of polled cards.
 void polls(benchmark::State& state) {
     const support::HandRunDaemon daemon([&state] {
         auto kinds = sixteenInputs();

@@ -1,4 +1,4 @@
-// The translator over each form of IO command, and over a line that is none.
+// Measures the translator with each form of IO command, and with a line that has no form.
 
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,4 @@
-// A message of the log, to a file and to none.
+// Measures a message of the log, with a file and without one.
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,5 @@
-// Cycles of the master loop, which runs as long as the benchmark does: each of its
-// pauses is the end of an iteration.
+// Measures cycles of the master loop. The loop runs as long as the benchmark does, and each
+// of its pauses is the end of an iteration.
 
 #include <benchmark/benchmark.h>
 
@@ -10,11 +10,11 @@
 
 namespace {
 
-/// Cycles with what `prepare` has queued for each.
+/// Each cycle has the items that `prepare` queues for it.
 template <typename Prepare>
 void measureCycles(benchmark::State& state, support::HandRunDaemon& daemon,
                    const Prepare& prepare) {
-    // Ends with the last iteration: the loop's farewell is not measured.
+    // The counters end with the last iteration, because the loop's end is not measured.
     std::optional<AllocationCounters> counters;
     daemon.runMaster([&] {
         if (counters) {

@@ -1,5 +1,5 @@
-// One item through a queue, as the daemon does it: put in and taken out.
-// The argument is the number of its bytes.
+// Measures one item through a queue, as in the daemon: put in and taken out. The argument
+// is the number of the item's bytes.
 
 #include <benchmark/benchmark.h>
 
@@ -50,7 +50,7 @@ void copiedItem(benchmark::State& state) {
     }
 }
 
-/// There and back: two hand-overs, each to a thread that is looking for it.
+/// The item goes to another thread and back; each thread looks for the item all the time.
 void betweenThreads(benchmark::State& state) {
     ZLQUEUE there;
     ZLQUEUE back;

@@ -4,8 +4,8 @@
 #include "control/console_host.h"
 #include "core/zlqueue.h"
 
-/// The console's host without bus and client: cards that answer every request at
-/// once, queues as the daemon has them, pauses that take no time.
+/// The console's host without bus and clients: cards answer every request at once, queues are
+/// those of the daemon, and pauses take no time.
 class QuietHost final : public ConsoleHost {
   public:
     /// A card of every kind.

@@ -29,7 +29,7 @@ Section scans() {
     return section;
 }
 
-// The two rows of a latency.
+// A latency has two rows.
 void addLatency(Section& section, const std::string& key, const std::string& text) {
     section.figures.push_back({key + ".p50", text + ", p50", "us", 0});
     section.figures.push_back({key + ".p99", text + ", p99", "us", 0});

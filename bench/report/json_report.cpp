@@ -24,7 +24,7 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Contestant, label, role, program)
 
 namespace {
 
-// The figures whose rounds are added up.
+// The keys of the figures whose rounds are added up.
 std::set<std::string> totals() {
     std::set<std::string> keys;
     for (const Section& section : sections()) {

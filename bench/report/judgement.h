@@ -8,17 +8,17 @@
 
 namespace bench {
 
-/// How often a daemon has lost its link since it found it, by its log.
+/// The number of links that a daemon has lost after it had found them, by the daemon's log.
 std::size_t linkLosses(const std::string& log);
 
 using PollCounts = std::array<std::size_t, 16>;
 
-/// Whether the first `cards` cards were polled in turn, and no other; the counts
-/// are those of a time that may begin and end in the middle of a turn.
+/// Whether the first `cards` cards, and no other, were polled in turn. The counted time may
+/// begin and end in the middle of a turn.
 bool inStep(const PollCounts& counts, unsigned cards);
 
-/// How many of the sent commands, told apart by their values, did not arrive.
-/// Nothing that arrives besides makes up for one.
+/// The number of sent commands that did not arrive. Commands are recognised by their values;
+/// another value that arrives does not replace a missing one.
 std::size_t missing(const std::vector<std::uint8_t>& sent,
                     const std::vector<std::uint8_t>& arrived);
 

@@ -8,7 +8,7 @@ namespace bench {
 std::string numberText(double value, int digits) {
     std::ostringstream text;
     text << std::fixed << std::setprecision(digits) << value;
-    // A rounded value just below zero.
+    // A value just below zero rounds to "-0".
     if (text.str().find_first_not_of("-0.") == std::string::npos && text.str().front() == '-') {
         return text.str().substr(1);
     }

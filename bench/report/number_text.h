@@ -4,7 +4,7 @@
 
 namespace bench {
 
-/// A number with so many digits behind the point.
+/// The number with `digits` digits after the point.
 std::string numberText(double value, int digits);
 
 }  // namespace bench

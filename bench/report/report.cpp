@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kMicroseconds = 1e6;
 
-// Round by round, as far as both went: the daemon's value and another one.
+// `function` gets the daemon's value and another one of each round that has both.
 template <typename Function>
 void addPerRound(Report& report, const std::string& target, const std::string& label,
                  const Results::Rounds& own, const Results::Rounds& other, Function function) {
@@ -39,16 +39,16 @@ void addCardCost(Report& report, const std::string& label) {
     });
 }
 
-// A change comes at any time of the polls' round, half an exchange ahead of the next
-// sample on average, and passes the other half on the wire.
+// A change comes at any time. On average its sample follows after half an exchange, and the
+// other half passes on the wire.
 void addBeyondExchange(Report& report, const std::string& label, const std::string& bareLoop) {
     addPerRound(report, "change.1.beyond", label, report.results.rounds("change.1.p50", label),
                 report.results.rounds(scansKey(1), bareLoop),
                 [](double p50, double scans) { return p50 - kMicroseconds / scans; });
 }
 
-// An exchange keeps the processor busy from the request to the answer, whoever makes
-// it: as long as it does for a program that does nothing else.
+// An exchange keeps the processor busy from the request to the answer. The busy wait of a
+// daemon is therefore that of the bare loop, which makes the same exchanges.
 void addAboveBusyWait(Report& report, const std::string& label, const std::string& bareLoop) {
     for (const char* speed : kRestSpeeds) {
         const std::string key = std::string("rest.sixteen.") + speed;

@@ -10,8 +10,8 @@ namespace bench {
 
 enum class Role { kDaemon, kBareLoop, kTunedGateway, kShippedGateway };
 
-/// Whatever is measured. The label heads its column; the program is a path, in a
-/// JSON text only the name of the file.
+/// A program that is measured. The label heads its column; the program is a path, and in a
+/// JSON text the name of the file alone.
 struct Contestant {
     std::string label;
     Role role = Role::kDaemon;
@@ -26,12 +26,12 @@ struct Machine {
     std::string placement;
 };
 
-/// What else went on, as processors (1 is one of them, all the time).
+/// What else ran on the machine, as a number of processors: 1 is one of them, all the time.
 struct Noise {
-    /// Taken by the machine's host, over the whole run and in its worst stretch.
+    /// The machine's host took these, over the whole run and in its worst stretch.
     double steal = 0;
     double worstSteal = 0;
-    /// Used by what does not belong to the run, and by the kernel for it.
+    /// Other programs used these, and the kernel on their behalf.
     double otherLoad = 0;
     double worstOtherLoad = 0;
 };
@@ -43,8 +43,8 @@ struct Lateness {
     double p99 = 0;
 };
 
-/// Links that a daemon lost in one attempt at a stretch. An attempt that failed by
-/// that is discarded: of its figures only what was lost counts.
+/// Links that a daemon lost in one attempt at a stretch. An attempt that failed for that
+/// reason is discarded: its losses count, and its other figures do not.
 struct LinkLoss {
     unsigned round = 0;
     std::string stretch;
@@ -53,7 +53,7 @@ struct LinkLoss {
     bool discarded = false;
 };
 
-/// All that a run has to tell.
+/// All results of a run.
 struct Report {
     /// "2026-11-21 07:07:17".
     std::string date;
@@ -71,16 +71,16 @@ struct Report {
     Results results;
 
     std::vector<std::string> labelsOf(Role role) const;
-    /// The first of the role; nothing when none took part.
+    /// The first contestant of the role; nothing when none took part.
     std::optional<std::string> labelOf(Role role) const;
 };
 
 /// Adds the figures that follow from others: the shares of the wire's limit and
-/// of the bare loop, the cost of a further card, what a change takes beyond an exchange, the busy
-/// wait and what is above it.
+/// of the bare loop, the cost of a further card, the time of a change beyond an exchange, the busy
+/// wait and the processor time above the busy wait.
 void addDerived(Report& report);
 
-/// The limit of the wire: full scans a second of so many polled digital input cards.
+/// The limit of the wire: full scans a second of `cards` polled digital input cards.
 double wireScans(unsigned cards);
 
 /// One poll of a digital input card on the wire, in microseconds.

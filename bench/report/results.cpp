@@ -39,7 +39,7 @@ std::optional<double> Results::ratio(const std::string& figure, const std::strin
                                      const std::string& to) const {
     const Rounds& own = rounds(figure, contestant);
     const Rounds& others = rounds(figure, to);
-    // A run that was broken off has measured some of them once more than others.
+    // A run that was broken off has measured some contestants once more than others.
     const std::size_t common = std::min(own.size(), others.size());
     if (common == 0) return std::nullopt;
     Rounds ratios;

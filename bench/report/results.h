@@ -18,9 +18,9 @@ class Results {
     /// Appends the rounds of another run of measurements.
     void add(const Results& other);
 
-    /// Empty when it was not measured.
+    /// Empty when the figure was not measured.
     const Rounds& rounds(const std::string& figure, const std::string& contestant) const;
-    /// The median of the rounds.
+    /// The median of the rounds; nothing without a round.
     std::optional<double> value(const std::string& figure, const std::string& contestant) const;
     /// The median of the ratios of those rounds in which both were measured, so that
     /// what disturbs a whole round does not count; nothing without such a round.

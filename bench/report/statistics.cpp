@@ -6,7 +6,7 @@
 namespace bench {
 namespace {
 
-// Which of `count` values, counted from 1, is the percentile.
+// The position of the percentile among `count` values, counted from 1.
 std::size_t rankOf(double percent, std::size_t count) {
     const double rank = std::ceil(percent / 100.0 * static_cast<double>(count));
     return std::clamp<std::size_t>(static_cast<std::size_t>(rank), 1, count);

@@ -7,14 +7,14 @@
 
 namespace bench {
 
-/// The middle value, or the mean of the two in the middle; 0 of none.
+/// The middle value, or the mean of the two in the middle; 0 without values.
 double median(std::vector<double> values);
 
-/// The smallest value that `percent` of all values do not exceed; 0 of none.
+/// The smallest value that `percent` of all values do not exceed; 0 without values.
 double percentile(std::vector<double> values, double percent);
 
-/// Counts whole microseconds without ever allocating, so that a thread that must
-/// not be late can fill it. What exceeds the range counts as its end.
+/// Counts whole microseconds without allocating, so that a thread that must not be late can
+/// add values. A value above the range counts as the end of the range.
 class Histogram {
   public:
     void add(double microseconds);

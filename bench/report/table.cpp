@@ -111,7 +111,7 @@ void writeVerdicts(std::ostream& out, const Report& report) {
             << verdict.limit << std::right << std::setw(kValueWidth) << verdict.value
             << (verdict.met ? "  met" : "  NOT MET") << "\n";
     }
-    // A number of the code and not of the machine, so it is not measured here.
+    // This number depends on the code and not on the machine, so it is not measured here.
     if (!daemon.empty()) {
         out << "Allocations per cycle with nothing to do: 0; the tests allocations.IdleCycle* show "
                "it.\n";

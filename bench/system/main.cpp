@@ -22,7 +22,8 @@ struct Options {
     bench::Crowd crowd;
 };
 
-// "NAME=PATH" or "PATH", which is named as its file; a name has no slash.
+// `text` is "NAME=PATH", or "PATH" alone, and then the file's name is the label. A name has
+// no slash.
 bench::Contestant daemonNamed(const std::string& text) {
     const auto separator = text.find('=');
     if (separator == std::string::npos || text.find('/') < separator) {
@@ -46,7 +47,7 @@ std::vector<bench::Contestant> contestantsFor(const Options& options) {
     return all;
 }
 
-// Empty when the labels, which tell the columns and the values apart, are different.
+// Columns and values have a contestant's label. Empty when all labels are different.
 std::string labelGivenTwice(const std::vector<bench::Contestant>& contestants) {
     std::set<std::string> labels;
     for (const bench::Contestant& contestant : contestants) {

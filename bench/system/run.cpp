@@ -24,9 +24,9 @@
 namespace bench {
 namespace {
 
-// A machine that gives the daemon no processor for the time of an answer costs it
-// the link, and with it what was under way. A stretch that fails so is played again,
-// to measure the others; what was lost in it still counts.
+// A daemon that gets no processor for the time of an answer loses its link, and with the
+// link what was under way. Such a stretch is played again, so that the run can go on; what
+// was lost in it still counts.
 constexpr int kAttempts = 5;
 
 class Run {
@@ -100,7 +100,7 @@ class Run {
         }
     }
 
-    /// Returns what did not work; then only the tally and the noise count.
+    /// Returns the reason when something did not work; then only the tally and the noise count.
     std::optional<std::string> attemptOnce(const Contestant& contestant, const Stretch& stretch,
                                            Tally& tally) {
         Trial trial(contestant, effort_, placement_, random_, tally);
@@ -118,7 +118,7 @@ class Run {
         return problem;
     }
 
-    // One value per round of what counts over all of its stretches.
+    // Each count over all stretches of a round is one value of that round.
     void addTallies() {
         for (const auto& [label, role, program] : report_.contestants) {
             const Tally& tally = tallies_[label];
@@ -147,13 +147,13 @@ class Run {
     RandomTimes random_;
     NoiseWatch noise_;
     Histogram lateness_;
-    /// Of this round, by contestant.
+    /// The counts of this round, by contestant.
     std::map<std::string, Tally> tallies_;
     Report report_;
 };
 
-// The gateway opens a port only on a machine with an address besides 127.0.0.1; this
-// one is reserved for examples.
+// The gateway opens a port only on a machine with an address besides 127.0.0.1. The address
+// here is reserved for examples.
 void addNetworkAddress() {
     const zolt_os::Descriptor socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     ifreq request{};
@@ -174,7 +174,7 @@ Report run(const std::vector<Contestant>& contestants, const Effort& effort, con
     if (::getpid() != 1) {
         throw Failure("start it by 'tools/private-view --isolate', in namespaces of its own");
     }
-    // Contestants are to have all processors, which a test bed limits to one.
+    // A test bed limits its process to one processor, but contestants may use all of them.
     cpu_set_t all;
     ::sched_getaffinity(0, sizeof all, &all);
     support::enterTestBed();

@@ -4,7 +4,7 @@
 
 namespace bench {
 
-/// The one clock of all measured times.
+/// All measured times come from this clock.
 using Clock = std::chrono::steady_clock;
 using Time = Clock::time_point;
 

@@ -7,11 +7,11 @@
 
 namespace bench {
 
-/// How long anything may take before it counts as lost.
+/// The time after which anything counts as lost.
 inline constexpr std::chrono::seconds kLost{10};
 
-/// Waits until exactly `bytes` have come and returns when that was. Throws Failure
-/// when others come, or nothing does.
+/// Waits until exactly `bytes` have come and returns that time. Throws Failure when other
+/// bytes come, or none.
 Time expect(support::TcpClient& client, const std::string& bytes);
 
 }  // namespace bench

@@ -5,10 +5,10 @@
 
 namespace bench {
 
-/// Pauses that keep what is measured out of step with the bus; the same in each run.
+/// Pauses that keep the measured events out of step with the bus. Each run has the same ones.
 class RandomTimes {
   public:
-    /// Evenly between a third of a millisecond and twice the cycle more than that.
+    /// Evenly distributed from 0.3 ms to two cycles more than that.
     std::chrono::nanoseconds pause(double cycleSeconds) {
         constexpr double kLeast = 3e5;
         std::uniform_real_distribution<double> evenly(kLeast, kLeast + 2e9 * cycleSeconds);

@@ -4,13 +4,13 @@
 
 namespace bench {
 
-/// What counts over the whole run, attempts that are discarded included.
+/// Counts over the whole run, discarded attempts included.
 struct Tally {
     std::size_t commandsSent = 0;
     std::size_t commandsLost = 0;
     std::size_t reportsLost = 0;
     std::size_t linkLosses = 0;
-    /// Answers that were given in time and for which the daemon gave its link up.
+    /// Links that the daemon gave up although the answer had been given in time.
     std::size_t answersMissed = 0;
 
     Tally& operator+=(const Tally& other) {

@@ -10,8 +10,8 @@
 namespace bench {
 namespace {
 
-// Enough for what lies between two calls of forgetOutputs, so that the slave's
-// thread does not allocate.
+// More outputs than there are between two calls of forgetOutputs, so that the slave's thread
+// does not allocate.
 constexpr std::size_t kMostOutputs = 100000;
 
 // An answer that comes this soon after its request is in time for a host that waits some

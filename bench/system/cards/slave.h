@@ -26,18 +26,18 @@ namespace bench {
 inline constexpr unsigned kBaud = 460800;
 inline constexpr const char* kAdapter = "/dev/ttyUSB0";
 
-/// A bus of cards behind a pseudo-terminal that notes when things happen on it.
-/// Its thread answers and does nothing else. What a card sees and shows is that of
-/// the moment at which the last byte of the request has come over the wire.
+/// A bus of cards at the other end of a pseudo-terminal, which records the times of requests
+/// and answers. Its thread answers and does nothing else. An answer has the inputs of the
+/// moment at which the last byte of the request has come over the wire.
 class Slave {
   public:
     /// An output request.
     struct Output {
         std::uint8_t card = 0;
-        /// The first of its data.
+        /// The first data byte.
         std::uint8_t value = 0;
-        /// When it was at the adapter's port, when its last byte was at the card,
-        /// and when the card's answer was at the port.
+        /// The times of the request at the adapter's port, of its last byte at the card, and
+        /// of the card's answer at the port.
         Time atPort;
         Time atCard;
         Time answered;
@@ -45,38 +45,39 @@ class Slave {
     struct Polls {
         std::size_t count = 0;
         Time last;
-        /// From each request at the port to its answer there, added up.
+        /// The sum of the times from a request at the port to the answer there.
         Clock::duration held{};
     };
 
-    /// Plugged in as kAdapter for as long as it lives; `busText` as in a bus file.
+    /// The bus is plugged in as kAdapter while the object lives; `busText` is what a bus file
+    /// contains.
     Slave(const std::string& busText, const Placement& placement);
     ~Slave();
     Slave(const Slave&) = delete;
     Slave& operator=(const Slave&) = delete;
 
-    /// From the next request on: kBaud, or 0 for answers that are not held back.
+    /// Applies from the next request on: kBaud, or 0 for answers that are not held back.
     void setBaud(unsigned baud) { baud_ = baud; }
 
     /// Block 0 of an input card becomes `value` at the time `due`.
     void changeInput(Time due, std::uint8_t card, std::uint8_t value);
 
-    /// Waits for the output request with this number, counted from 0 since
-    /// forgetOutputs, to be answered; nothing when it is not within `patience`.
+    /// Waits until the output request with this number, counted from 0 since forgetOutputs,
+    /// has been answered; nothing when that takes longer than `patience`.
     std::optional<Output> awaitOutput(std::size_t number, std::chrono::milliseconds patience);
     std::vector<Output> outputs() const;
     void forgetOutputs();
 
-    /// Polls so far, by address, and when the last was answered.
+    /// The polls so far, by address.
     std::array<Polls, zolt_sim::wire::kAddressCount> polls() const;
-    /// The polls of all cards so far, as those of one.
+    /// The polls of all cards so far, added up.
     Polls allPolls() const;
-    /// When discovery was answered last.
+    /// The time of the last answer to a discovery.
     std::optional<Time> discovered() const;
     /// How often the host has closed the port although the answer to its last request had
     /// been given in time.
     std::size_t missedAnswers() const;
-    /// How much later than due the answers came.
+    /// The delays of the answers after the time at which they were due.
     Histogram lateness() const;
 
   private:
@@ -92,7 +93,7 @@ class Slave {
     /// The host has closed the port; `unanswered` is whether a request was still there.
     void noteClosed(bool unanswered);
     zolt_sim::Bytes frameFor(const zolt_sim::Bytes& request, Time atCard);
-    // `times`: an output of which only the times are known yet.
+    /// Of `times` only the times are set.
     void note(const zolt_sim::Bytes& request, Output times);
 
     std::atomic<unsigned> baud_ = kBaud;

@@ -1,5 +1,5 @@
-// bare-loop DEVICE CARDS: polls so many digital input cards one after the other,
-// for ever, and does nothing else: as fast as a program can on this machine.
+// bare-loop DEVICE CARDS: polls that many digital input cards one after the other, without
+// end, and does nothing else. No program can be faster on this machine.
 #include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>

@@ -9,17 +9,17 @@
 
 namespace bench {
 
-/// A program that runs, at the place of a contestant, as long as the object lives.
+/// A program that runs on a contestant's processors while the object lives.
 class ChildProgram {
   public:
     ChildProgram(const std::vector<std::string>& command, const Placement& placement);
-    /// Ends it by SIGTERM, or by SIGKILL if that does not do.
+    /// Ends the program by SIGTERM, or by SIGKILL if that does not help.
     ~ChildProgram();
     ChildProgram(const ChildProgram&) = delete;
     ChildProgram& operator=(const ChildProgram&) = delete;
 
     pid_t number() const { return number_; }
-    /// What it has printed on standard error.
+    /// What the program has printed on standard error.
     std::string errors() const;
 
   private:

@@ -29,7 +29,7 @@ void configure(std::optional<int> percent) {
 
 bool hasEnded(pid_t child) {
     siginfo_t info{};
-    // It stays to be waited for.
+    // WNOWAIT leaves the child to be waited for.
     return ::waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | WNOHANG | WNOWAIT) == 0 &&
            info.si_pid == child;
 }

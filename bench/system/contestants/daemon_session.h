@@ -10,7 +10,7 @@
 
 namespace bench {
 
-/// Adds to a tally how often the link is lost while it lives, by the daemon's log.
+/// Adds to a tally the links that were lost while the object lived, by the daemon's log.
 class LinkWatch {
   public:
     explicit LinkWatch(Tally& tally);
@@ -25,29 +25,29 @@ class LinkWatch {
 /// A daemon with a client on IO and one on the console, from its start to its end.
 class DaemonSession {
   public:
-    /// Returns when both are served and the bus of the slave, if there is one, is
+    /// Returns when both clients are served and the slave's bus, if there is one, is
     /// discovered. Without `percent` the configuration names no speed. Throws Failure.
-    /// At its end, and when this throws, the lost links are in `tally`.
+    /// The lost links are in `tally` when the session has ended or this has thrown.
     DaemonSession(const std::string& program, std::optional<int> percent, const Slave* slave,
                   const Placement& placement, Tally& tally);
 
     support::TcpClient& io() { return *io_; }
     pid_t number() const { return daemon_.number(); }
 
-    /// A command of the console; throws Failure unless the answer is this line.
+    /// Sends a command to the console; throws Failure unless the answer is `line`.
     void ask(const std::string& command, const std::string& line);
     void setSpeed(int percent);
-    /// Polls the cards from address 0 on, and no other of the sixteen.
+    /// Switches polling on for the first `cards` addresses and off for the other ones.
     void setPolled(unsigned cards);
     void setPolling(bool on);
 
-    /// Ends it; throws Failure when it does not end as it should.
+    /// Ends the daemon; throws Failure when its end has a fault.
     void stop();
 
-    /// Processor seconds of its children and of theirs, once it has been stopped.
+    /// Processor seconds of the daemon's children and of theirs; known after stop().
     double childSeconds() const { return childSeconds_; }
 
-    /// Seconds from its start.
+    /// Seconds from the daemon's start.
     double untilServed() const { return served_; }
     double untilDiscovered() const { return discovered_; }
 

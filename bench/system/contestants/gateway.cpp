@@ -21,7 +21,7 @@ std::string connectionFor(Role role) {
     const std::string port = std::to_string(kPort);
     const std::string adapter =
         "  connector: serialdev,\n    " + std::string(kAdapter) + ",\n    460800n81,local\n";
-    // The text of the banner alone is not Debian's: it tells when the port is open.
+    // Only the banner is not Debian's: it shows that the port is open.
     const std::string banner = "    banner: \"ready\\r\\n\\r\\n\"\n";
     if (role == Role::kTunedGateway) {
         return "  accepter: tcp(nodelay=true),127.0.0.1," + port + "\n" + adapter + "  options:\n" +
@@ -34,7 +34,7 @@ std::string connectionFor(Role role) {
 std::vector<std::string> commandFor(Role role) {
     const auto file = support::workFolder() / "ser2net.yaml";
     support::writeFile(file, "%YAML 1.1\n---\nconnection: &bus\n" + connectionFor(role));
-    // Where it locks the adapter.
+    // The gateway locks the adapter in this folder.
     std::filesystem::create_directories("/run/lock");
     return {kGatewayProgram, "-n", "-c", file};
 }

@@ -10,13 +10,13 @@ namespace bench {
 
 inline constexpr const char* kGatewayProgram = "/usr/sbin/ser2net";
 
-/// ser2net in front of the adapter, with one client: tuned for short delays, or as
-/// Debian's configuration sets it up.
+/// ser2net between the adapter and one client: tuned for short delays, or with the settings
+/// of Debian's configuration.
 class Gateway {
   public:
     Gateway(Role role, const Placement& placement);
 
-    /// What is sent goes to the bus as it is, and the other way round.
+    /// The gateway carries bytes unchanged in both directions.
     support::TcpClient& client() { return client_; }
     pid_t number() const { return program_.number(); }
 

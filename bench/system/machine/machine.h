@@ -4,7 +4,7 @@
 
 namespace bench {
 
-/// The machine that this program runs on; the placement is left to the caller.
+/// The machine that this program runs on; the caller fills in the placement.
 Machine thisMachine();
 
 /// "2026-11-21 07:07:17", local time.

@@ -7,12 +7,12 @@
 
 namespace bench {
 
-/// Watches what else the machine does, from one look to the next.
+/// Measures what else the machine does during the stretches.
 class NoiseWatch {
   public:
-    /// A stretch begins.
+    /// To be called when a stretch begins.
     void begin();
-    /// The stretch ends; what was started in it has ended, too.
+    /// To be called when the stretch has ended, and all that was started in it.
     void end();
 
     Noise noise() const;
@@ -20,10 +20,10 @@ class NoiseWatch {
   private:
     struct Look {
         Time time;
-        /// Seconds of all processors together; the rest of the time they were idle.
+        /// Busy seconds of all processors together; the rest of the time they were idle.
         double busy = 0;
         double stolen = 0;
-        /// Seconds of this process and of its children that have ended.
+        /// Processor seconds of this process and of its children that have ended.
         double own = 0;
     };
     static Look look();

@@ -4,15 +4,15 @@
 
 namespace bench {
 
-/// Seconds that all threads of a process have had a processor, to the nanosecond.
+/// The processor time of all threads that a process has, in seconds, exact to the nanosecond.
 double processorSeconds(pid_t process);
 
-/// The same with the threads that have ended. The process may have ended, too, as
-/// long as nobody has waited for it.
+/// The same including the threads that have ended. The process itself may have ended, but
+/// its parent must not have waited for it.
 double processorSecondsUpToNow(pid_t process);
 
-/// Seconds of this process (RUSAGE_SELF), or of those children of it that it has
-/// waited for, with all that these have waited for (RUSAGE_CHILDREN).
+/// The processor time in seconds of this process (RUSAGE_SELF), or of the children that it
+/// has waited for, including their own children (RUSAGE_CHILDREN).
 double usedSeconds(int who);
 
 }  // namespace bench

@@ -12,10 +12,10 @@
 namespace bench {
 namespace {
 
-// As many as fit into one read of the daemon, which takes a read for whole lines.
+// As many commands as fit into one read of the daemon, which expects whole lines in a read.
 constexpr std::size_t kPacket = 28;
 
-// A link that has been lost is there again after some three seconds.
+// The daemon finds a lost link again after some three seconds.
 constexpr std::chrono::seconds kLongWhile{5};
 
 }  // namespace
@@ -92,7 +92,7 @@ std::vector<double> CommandSender::latenciesWithin(Clock::duration time, std::si
         const std::string command = next();
         const Time sent = Clock::now();
         client_.send(command);
-        // What a lost link has delayed comes ahead of this command.
+        // Commands that a lost link has delayed arrive before this one.
         std::optional<Slave::Output> output;
         do {
             output = slave_.awaitOutput(seen++, kLongWhile);
@@ -136,7 +136,7 @@ double CommandSender::flood(std::size_t count) {
         const std::size_t first = sent;
         for (; sent < count && sent < first + kPacket; ++sent) packet += next();
         client_.send(packet);
-        // Once its first command is at the card, the packet has been read.
+        // When its first command is at the card, the daemon has read the packet.
         arrived(first);
     }
     arrived(count - 1);

@@ -12,17 +12,17 @@
 
 namespace bench {
 
-/// Sends commands to the output card and accounts for each of them at the card.
+/// Sends commands to the output card and checks that each arrives there.
 class CommandSender {
   public:
-    /// How a contestant's client writes a command that sets block 0, and what its
-    /// client hears back for one.
+    /// How a contestant's client writes a command that sets block 0, and what the client
+    /// receives as the answer.
     struct Language {
         std::function<std::string(std::uint8_t value)> command;
         std::string heard;
     };
 
-    /// Adds to `tally` what it sends, and at its end at the latest what was lost.
+    /// Adds each command to `tally` when it is sent, and the lost ones at the end at the latest.
     CommandSender(Slave& slave, support::TcpClient& client, Language language, Tally& tally);
     ~CommandSender();
     CommandSender(const CommandSender&) = delete;
@@ -31,37 +31,38 @@ class CommandSender {
     struct Latencies {
         std::vector<double> toCard;
         std::vector<double> toPort;
-        /// From the answer at the port to the client; empty when it hears nothing.
+        /// From the answer at the port to the client; empty when the client gets no answers.
         std::vector<double> answer;
     };
-    /// Of `count` commands on their own, in microseconds, out of step with the cycle.
+    /// The latencies of `count` single commands in microseconds, out of step with the cycle.
     Latencies latencies(std::size_t count, double cycleSeconds, RandomTimes& random);
 
-    /// Microseconds from `count` commands on their own to the last byte of each at the card,
-    /// or from as many as `time` allows. A command that is not there after a long while is
-    /// lost and has no value, so that a lost link does not end the measurement.
+    /// Microseconds from the sending of a single command to its last byte at the card, for
+    /// `count` commands or as many as `time` allows. A command that does not arrive ends the
+    /// series and has no value, so a lost link does not end the measurement.
     std::vector<double> latenciesWithin(Clock::duration time, std::size_t count,
                                         double cycleSeconds, RandomTimes& random);
 
-    /// Each returns how long it took, in seconds. One at a time: the next when the
-    /// card has answered, or when the client has heard the answer.
+    /// Each returns its duration in seconds. One at a time means that the next command is sent
+    /// when the card has answered, or when the client has received the answer.
     double oneAtATime(std::size_t count);
     double oneHeardAtATime(std::size_t count);
-    /// The card's queue never runs empty.
+    /// The next packet is sent when the daemon has read the last one, so that the card's queue
+    /// is never empty.
     double flood(std::size_t count);
 
   private:
-    /// The next command, whose value tells it from its neighbours.
+    /// The next command, which has another value than its neighbours.
     std::string next();
-    /// Begins to count anew.
+    /// Starts a new count.
     void begin();
-    /// Counts what has been sent since begin() and is not at the card.
+    /// Adds the commands that were sent since begin() and are not at the card.
     void addLost();
-    /// Throws Failure unless command `number` reaches the card as it should.
+    /// Throws Failure unless command `number` reaches the card unchanged and in its turn.
     Slave::Output arrived(std::size_t number);
     /// Throws Failure unless exactly `count` commands have reached the card.
     void allArrived(std::size_t count);
-    /// Waits for the client to hear so many answers, where it hears any.
+    /// Waits until the client has received `count` answers, if it gets any.
     void hear(std::size_t count);
 
     Slave& slave_;

@@ -12,7 +12,7 @@ void awaitPolls(const Slave& slave) {
 }
 
 void awaitQuiet(const Slave& slave) {
-    // Longer than any cycle.
+    // This is longer than any cycle.
     constexpr std::chrono::milliseconds kStill{50};
     const auto quiet = [&] { return Clock::now() - slave.allPolls().last > kStill; };
     if (!support::waitUntil(quiet)) throw Failure("polling does not end");

@@ -8,8 +8,8 @@ namespace bench {
 inline constexpr int kFullSpeed = 100;
 inline constexpr int kDefaultSpeed = 1;
 
-/// In seconds. The longest cycle of the bus that is measured here: fifteen polls on the wire
-/// and a command; and the cycle of a quiet bus: a command and a bit.
+/// In seconds: the longest measured cycle of the bus, which has fifteen polls and a command,
+/// and the cycle of a quiet bus, which has a command.
 inline constexpr double kFullCycle = 0.0033;
 inline constexpr double kQuietCycle = 0.0005;
 

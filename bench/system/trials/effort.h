@@ -8,16 +8,16 @@
 
 namespace bench {
 
-/// How much is measured in one round, and how many rounds there are.
+/// The amount of each measure in one round, and the number of rounds.
 struct Effort {
     unsigned rounds = 5;
     /// Numbers of polled cards, ascending.
     std::vector<unsigned> cards{kCards.begin(), kCards.end()};
     std::chrono::milliseconds scans{500};
     std::chrono::milliseconds rest{1500};
-    /// How long a daemon runs without an adapter. It searches at its start and every
-    /// two seconds, so that just less than an even number of seconds takes each
-    /// search with its pause; and it serves its clients after three.
+    /// The time that a daemon runs without an adapter. A daemon searches at its start and then
+    /// every two seconds, so just less than an even number of seconds has each search with its
+    /// pause. A daemon serves its clients after three seconds.
     std::chrono::milliseconds searches{5900};
     std::size_t changes = 300;
     std::size_t changesPerSpeed = 60;
@@ -30,7 +30,7 @@ struct Effort {
     std::chrono::milliseconds crowdedCommands{2000};
 };
 
-/// Shows within a minute that everything works; its figures say little.
+/// This shows within a minute that everything works; the figures say little.
 inline Effort quickEffort() {
     Effort effort;
     effort.rounds = 1;

@@ -10,7 +10,8 @@
 namespace bench {
 namespace {
 
-// Steps in which the last polls of cards that are polled no more are awaited.
+// The step in which to look whether the cards that are no longer polled have had their last
+// poll.
 constexpr std::chrono::milliseconds kSettle{60};
 
 std::string reportLine(unsigned card, std::uint8_t value) {

@@ -10,29 +10,29 @@
 
 namespace bench {
 
-/// Lets the contestant work for so long; a gateway's work is done by its client.
+/// Lets the contestant work for a time; a gateway's client has to do the work.
 using LetPass = std::function<void(Clock::duration)>;
 
-/// Full scans a second of so many cards while `window` passes. Throws Failure when
-/// another card is polled, or one of them more often than another.
+/// Full scans a second of `cards` cards while `window` passes. Throws Failure when another
+/// card is polled, or when the cards are not polled in turn.
 double scansPerSecond(const Slave& slave, unsigned cards, Clock::duration window,
                       const LetPass& letPass);
 
-/// Microseconds from each of `count` changes of an input, at moments that have
-/// nothing to do with the polls, to its line at the IO client. `values` are what
-/// the inputs of the cards are, and are kept up to date.
+/// Microseconds from each of `count` changes of an input to its line at the IO client. The
+/// moments of the changes are independent of the polls. `values` are the inputs of the
+/// cards and are kept up to date.
 std::vector<double> changeLatencies(Slave& slave, support::TcpClient& io, unsigned cards,
                                     std::size_t count, double scanSeconds, RandomTimes& random,
                                     std::vector<std::uint8_t>& values);
 
-/// Polls the cards through a gateway, as its client has to.
+/// Polls the cards through a gateway, which does not poll by itself.
 class GatewayPolling {
   public:
     GatewayPolling(Slave& slave, support::TcpClient& client, unsigned cards)
         : slave_(slave), client_(client), values_(cards) {}
 
     void pollFor(Clock::duration time);
-    /// As the free function.
+    /// The same as the free function.
     std::vector<double> changeLatencies(std::size_t count, double scanSeconds, RandomTimes& random);
 
   private:

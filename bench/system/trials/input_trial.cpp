@@ -55,8 +55,8 @@ void Trial::daemonInputs() {
 std::vector<double> Trial::changes(DaemonSession& daemon, Slave& slave, unsigned cards,
                                    std::size_t count, double scans,
                                    std::vector<std::uint8_t>& values) {
-    // Each change is awaited before the next, so that one at most is missing when
-    // this fails.
+    // Each change is awaited before the next, so that at most one is missing when this
+    // fails.
     ++tally_.reportsLost;
     auto latencies = changeLatencies(slave, daemon.io(), cards, count, 1 / scans, random_, values);
     --tally_.reportsLost;
@@ -93,7 +93,7 @@ void Trial::bareLoopInputs() {
         return perSecond;
     };
     for (const unsigned cards : effort_.cards) add(scansKey(cards), scans(cards));
-    // Of the last, with the most cards.
+    // The value is that of the last loop, which has the most cards.
     add("exchange.cpu", 1e6 * processor);
     slave.setBaud(0);
     for (const unsigned cards : {1U, kAllCards}) add(scansKey(cards) + ".unheld", scans(cards));

@@ -11,7 +11,7 @@
 namespace bench {
 namespace {
 
-// Until a new speed has reached every loop.
+// The time in which a new speed reaches every loop.
 constexpr std::chrono::milliseconds kSettle{50};
 
 }  // namespace
@@ -28,8 +28,8 @@ void Trial::rest() {
     }
 }
 
-// It is children of the daemon that look for an adapter, now and then. What they
-// take of a processor is known when it has ended.
+// Children of the daemon look for an adapter now and then. Their processor time is known when
+// the daemon has ended.
 void Trial::restWithoutAdapter(const std::string& speed, std::optional<int> percent) {
     const Time begin = Clock::now();
     DaemonSession daemon(contestant_.program, percent, nullptr, placement_, tally_);

@@ -7,7 +7,7 @@
 namespace bench {
 namespace {
 
-// What would be free if the process were not: no other process has these pages.
+// The memory that the end of the process would free: no other process has these pages.
 std::size_t privateKib(pid_t process) {
     std::ifstream rollup("/proc/" + std::to_string(process) + "/smaps_rollup");
     std::size_t sum = 0;

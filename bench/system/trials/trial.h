@@ -15,10 +15,10 @@
 
 namespace bench {
 
-/// What one contestant does in one stretch of a round, and what came of it.
+/// One contestant in one stretch of a round, and the results.
 class Trial {
   public:
-    /// What is lost goes to `tally`, also when a stretch fails.
+    /// Losses go to `tally`, also when a stretch fails.
     Trial(const Contestant& contestant, const Effort& effort, const Placement& placement,
           RandomTimes& random, Tally& tally)
         : contestant_(contestant),
@@ -33,10 +33,10 @@ class Trial {
     void inputs();
     /// Commands to an output card; a bare loop has none.
     void commands();
-    /// What a daemon costs when nothing is asked of it.
+    /// The cost of a daemon that has nothing to do.
     void rest();
 
-    // The same in a crowd, where a lost link does not end a measure: it counts.
+    // The same in a crowd, where a lost link counts and does not end a measure.
     void crowdedInputs();
     void crowdedCommands();
 
@@ -66,9 +66,9 @@ class Trial {
     }
     void addLatencies(const std::string& figure, const std::vector<double>& microseconds);
     void addProcessor(const std::string& figure, double seconds, std::size_t commands);
-    /// Adds what it holds in memory, and returns how many threads it has.
+    /// Adds the memory of the process, and returns the number of its threads.
     std::size_t addHoldings(const std::string& figure, pid_t process);
-    /// When a contestant has ended.
+    /// To be called when the contestant has ended.
     void close(const Slave& slave);
 
     const Contestant& contestant_;

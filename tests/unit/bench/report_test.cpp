@@ -27,7 +27,7 @@ TEST(Derived, SharesAreOfTheSameRound) {
 }
 
 TEST(Derived, AFurtherCardCostsAFifteenthOfWhatFifteenCost) {
-    // 4000 us for sixteen and 250 us for one in the first round.
+    // In the first round sixteen cards take 4000 us and one card takes 250 us.
     EXPECT_NEAR(sampleReport().results.rounds("card.cost", "zolt").at(0), 250, 1e-9);
 }
 
@@ -48,7 +48,7 @@ TEST(Derived, TheRestIsAboveTheBusyWait) {
 }
 
 TEST(Derived, AChangeTakesSoMuchMoreThanAnExchangeOfTheBareLoop) {
-    // 250 us and 200 us for an exchange.
+    // An exchange takes 250 us and 200 us.
     const std::vector<double> beyond{50, 120};
     EXPECT_EQ(sampleReport().results.rounds("change.1.beyond", "zolt"), beyond);
 }
