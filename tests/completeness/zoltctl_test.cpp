@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
-#include <ostream>
 
 #include "apps/zoltctl/commands/commands.h"
-#include "apps/zoltctl/console/console_words.h"
-#include "control/card_config_table.h"
-#include "control/driver_commands.h"
 #include "tests/completeness/source_words.h"
 #include "tests/support/files.h"
 
@@ -53,32 +48,6 @@ std::vector<std::string> commandNames() {
 
 INSTANTIATE_TEST_SUITE_P(Table, EveryCommandOfZoltctl, testing::ValuesIn(commandNames()),
                          [](const auto& tested) { return tested.param; });
-
-std::vector<std::string> consoleKeywords() {
-    std::vector<std::string> keywords;
-    for (const DriverCommand& row : driverCommands()) {
-        if (row.match != Match::kTable) keywords.emplace_back(row.keyword);
-    }
-    for (const CardConfigCommand& row : cardConfigCommands()) keywords.emplace_back(row.keyword);
-    return keywords;
-}
-
-// Where an end of a servo follows the keyword, each end has a word of its own.
-TEST(WordsOfTheConsole, AreTheKeywordsOfTheDaemon) {
-    const std::vector<std::string> words = ctl::consoleWords("");
-    const std::vector<std::string> keywords = consoleKeywords();
-    for (const std::string& keyword : keywords) {
-        EXPECT_TRUE(std::any_of(words.begin(), words.end(),
-                                [&](const std::string& word) { return word.starts_with(keyword); }))
-            << keyword << " is not in apps/zoltctl/console/console_words.cpp";
-    }
-    for (const std::string& word : words) {
-        EXPECT_TRUE(
-            std::any_of(keywords.begin(), keywords.end(),
-                        [&](const std::string& keyword) { return word.starts_with(keyword); }))
-            << word << " is no command of the daemon";
-    }
-}
 
 }  // namespace
 }  // namespace completeness
