@@ -7,8 +7,8 @@
 
 namespace fuzz {
 
-/// What sits at each bus address: every kind at least once, two of a kind at
-/// neighbouring addresses, an empty slot and a card of no known kind.
+/// The kind of the card at each bus address: every kind at least once, twice two cards of
+/// the same kind at neighbouring addresses, an empty slot and a card of an unknown kind.
 inline constexpr std::array<char, 16> kKinds{card_kind::kServo,         card_kind::kServo,
                                              card_kind::kMotor,         card_kind::kDigitalInput,
                                              card_kind::kDigitalInput,  card_kind::kDigitalOutput,

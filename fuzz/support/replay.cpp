@@ -29,7 +29,7 @@ bool replay(const std::filesystem::path& path) {
         return false;
     }
     const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-    // Told first, so that a run that ends the process has its name above it.
+    // The name comes first, so that it is the last line if the run ends the process.
     std::fprintf(stderr, "%s\n", path.c_str());
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     return true;
@@ -37,7 +37,8 @@ bool replay(const std::filesystem::path& path) {
 
 }  // namespace
 
-/// Runs the target once with each file, and with each file of each folder.
+/// Runs the target once with each file that an argument names, and with each file of a
+/// folder that an argument names.
 int main(int count, char** arguments) {
     std::size_t replayed = 0;
     for (int i = 1; i < count; ++i) {

@@ -19,7 +19,7 @@ inline unsigned hexDigit(char digit) {
     return static_cast<unsigned>(digit <= '9' ? digit - '0' : digit - 'A' + 10);
 }
 
-/// Empties the queue of change reports; each has to be whole ("a3b0d40").
+/// Empties the queue of change reports. Each report has to be complete ("a3b0d40").
 inline LastReports takeReports(ZLQUEUE& queue) {
     LastReports last;
     while (!queue.IsEmpty()) {

@@ -7,14 +7,13 @@
 #include <string>
 #include <string_view>
 
-/// What every target defines: one run with these bytes. Always 0. Runs follow
-/// each other in one process, so nothing may be left over from one to the next.
+/// Every target defines this function: one run with these bytes. It returns 0. All runs are
+/// made in one process, so no run may leave anything behind for the next.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace fuzz {
 
-/// Ends the process when something that has to hold does not: the run that led
-/// to it is then a finding.
+/// Ends the process if `holds` is false: the current run is then a finding.
 inline void require(bool holds, const char* what) {
     if (!holds) {
         std::fprintf(stderr, "does not hold: %s\n", what);
@@ -22,12 +21,12 @@ inline void require(bool holds, const char* what) {
     }
 }
 
-/// At most `most` bytes of the input as text.
+/// The first bytes of the input, at most `most`, as text.
 inline std::string_view textOf(const std::uint8_t* data, std::size_t size, std::size_t most) {
     return {reinterpret_cast<const char*>(data), size < most ? size : most};
 }
 
-/// Reads an input from its start; behind its end everything is 0 or empty.
+/// Reads an input from its start. After its end every byte is 0 and every text is empty.
 class Input {
   public:
     explicit Input(std::string_view bytes) : rest_(bytes) {}

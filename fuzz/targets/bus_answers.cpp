@@ -1,9 +1,9 @@
-// Answers of the bus, each in a whole frame, into the card table and on into
-// reports and polls; between them what the console and the IO clients do to the
-// table.
+// Fuzzes the way of an answer of the bus, always in a whole frame, into the card table and
+// on into reports and polls. Between the answers the input acts on the table as the console
+// and the IO clients do.
 //
-// An input is a row of steps. A byte up to 7F: an answer of that many bytes,
-// which follow. Above: see Step.
+// An input is a sequence of steps. A byte up to 7F is the length of an answer, whose bytes
+// follow. The bytes from 80 on are listed in namespace step.
 
 #include <algorithm>
 #include <array>
@@ -22,17 +22,18 @@
 namespace {
 
 constexpr std::size_t kMostBytes = 2000;
-/// A time-out takes 150000 reads, so that more would only make the runs slow.
+/// The limit of unanswered requests: each costs 150000 reads, and more would only make the
+/// runs slow.
 constexpr int kMostSilences = 1;
 
-/// Steps other than an answer.
+/// The steps other than an answer, with the bytes that follow.
 namespace step {
 constexpr std::uint8_t kFirst = 0x80;
-constexpr std::uint8_t kForget = 0x80;         ///< all cards, as a forced discovery does
-constexpr std::uint8_t kGlobalPolling = 0x81;  ///< changes over
-constexpr std::uint8_t kCardPolling = 0x82;    ///< of the address in the next byte changes over
-constexpr std::uint8_t kIoBlock = 0x83;        ///< address and block, then the value
-constexpr std::uint8_t kSilence = 0x84;        ///< no answer to the next request
+constexpr std::uint8_t kForget = 0x80;         ///< clears all cards, as a forced discovery does
+constexpr std::uint8_t kGlobalPolling = 0x81;  ///< switches polling of all cards on or off
+constexpr std::uint8_t kCardPolling = 0x82;    ///< the address: switches its polling on or off
+constexpr std::uint8_t kIoBlock = 0x83;        ///< address, block and value of an IO command
+constexpr std::uint8_t kSilence = 0x84;        ///< leaves the next request unanswered
 }  // namespace step
 
 const std::string kVersionAnswer = std::string("\x05\x06") + "1.04";
@@ -61,7 +62,7 @@ class AnsweringLine final : public support::SerialLine {
 
     void beSilentOnce() { silent_ = silences_++ < kMostSilences; }
     void setNextLength(std::uint8_t length) { length_ = length; }
-    /// Whether a discovery answer came since the last call.
+    /// True if a discovery answer has come since the last call.
     bool takeDiscovered() { return std::exchange(discovered_, false); }
 
   private:
@@ -91,7 +92,7 @@ class AnsweredLink {
         for (PERIFCARD& card : cards_) {
             card.clearPerifCard();
         }
-        // The hardware check, and the first discovery with no card at all.
+        // This cycle makes the hardware check and the first discovery, which finds no card.
         link_->OnTask();
     }
 
@@ -100,7 +101,7 @@ class AnsweredLink {
             const std::uint8_t next = input_.byte();
             if (next < step::kFirst) {
                 line_.setNextLength(next);
-                // One request is enough to fetch the answer.
+                // The answer of the input is the answer to this request.
                 link_->CommandQueue(wire::kSystemQueue).ToQueue({wire::kConfiguration, 3, 1});
                 cycle();
             } else {
@@ -118,7 +119,7 @@ class AnsweredLink {
         for (const auto& [place, value] : reports) {
             const auto& [address, block] = place;
             fuzz::require(block < PERIFCARD::kAnalogueChannels, "a report of an input block");
-            // A discovery in the same cycle may have preset it.
+            // A discovery in the same cycle may have set the value anew.
             fuzz::require(rediscovered || cards_[address].values[block] == value,
                           "what is reported is what the table holds");
         }

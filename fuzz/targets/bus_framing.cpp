@@ -1,11 +1,10 @@
-// Whatever bytes the adapter gives, in whatever pieces: the hardware check, the
-// discovery, polls, an output and a configuration request on a line that keeps
-// to nothing.
+// Fuzzes the reading of frames: hardware check, discovery, polls, an output and a
+// configuration request on a line that gives any bytes in any pieces.
 //
-// An input is a row of reads. Each begins with a byte that tells what the read
-// finds: up to FC that many bytes, which follow (fewer when the host's buffer is
-// smaller: the rest comes with its next read); 00 nothing yet. See Read for the
-// others.
+// An input is a sequence of reads. The first byte of a read says what the host finds. Up to
+// FC it is the number of bytes, which follow; a host with a smaller buffer gets the rest
+// with its next read. 00 means that there is nothing yet. The bytes above FC are listed in
+// namespace special.
 
 #include <algorithm>
 #include <array>
@@ -24,13 +23,14 @@ namespace {
 
 constexpr std::size_t kMostBytes = 2000;
 constexpr int kMostCycles = 100;
-/// A time-out takes 150000 reads, so that more would only make the runs slow.
+/// The limit of silences: each costs 150000 reads, and more would only make the runs slow.
 constexpr int kMostSilences = 1;
 
+/// Reads that find no bytes of the input.
 namespace special {
-constexpr std::uint8_t kSilence = 0xFF;  ///< nothing until the next request
-constexpr std::uint8_t kHangUp = 0xFE;   ///< the end of the file
-constexpr std::uint8_t kVersion = 0xFD;  ///< a right answer to the hardware check
+constexpr std::uint8_t kSilence = 0xFF;  ///< there is nothing until the next request
+constexpr std::uint8_t kHangUp = 0xFE;   ///< the adapter has gone: end of file
+constexpr std::uint8_t kVersion = 0xFD;  ///< the correct answer to the hardware check
 }  // namespace special
 
 class WildLine final : public support::SerialLine {
@@ -47,7 +47,7 @@ class WildLine final : public support::SerialLine {
             return deliver(buffer, size);
         }
         if (input_.ended()) {
-            // Enough of anything completes every answer.
+            // Enough zeros complete every answer.
             std::memset(buffer, 0, size);
             return static_cast<ssize_t>(size);
         }
@@ -94,7 +94,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CardTable cards;
     ZLQUEUE reports;
     const auto link = support::makeLink(line, cards, &reports);
-    // A port that did not pass the hardware check stays under test for good.
+    // A port that fails the hardware check stays under test forever.
     const auto serves = [&link] {
         return link->State() != SERIAL_INTERFACE::LinkState::kUnderTest;
     };

@@ -1,5 +1,5 @@
-// Configuration files, from a file that exists in memory only: what the daemon
-// reads, and what zolt-check says about it.
+// Fuzzes configuration files: what the daemon reads from a file, and what zolt-check reports
+// about the same file. The file exists only in memory.
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t kMostBytes = 4096;
 
-/// A file without a name, with another content for each run.
+/// A file without a name; each run gives it new content.
 class MemoryFile {
   public:
     MemoryFile() : descriptor_(memfd_create("configuration", MFD_CLOEXEC)) {
@@ -45,7 +45,7 @@ void requireInterface(const INTERFACE_DESCRIPTOR& entry, const char* name) {
     fuzz::require(absent || entry.name == name, "an interface has its own name or none");
     fuzz::require(entry.port == 0 || (!absent && entry.port > 1024), "no port of the system");
     fuzz::require(entry.connectionState == connection_state::kNotListening, "not connected yet");
-    // What is typed as two characters is one behind the reader.
+    // The reader turns each of these pairs of characters into one character.
     for (const std::string& separator : {entry.inpSeparator, entry.outSeparator}) {
         fuzz::require(separator.find("\\r") == std::string::npos &&
                           separator.find("\\n") == std::string::npos,
@@ -68,7 +68,7 @@ void requireCheck(const zolt_check::CheckedFile& result) {
                                        return finding.severity == zolt_check::Severity::kError;
                                    });
     fuzz::require(error != result.starts(), "an error is what keeps the daemon from starting");
-    fuzz::require((zolt_check::exitStatus(result, true) == 2) == error, "status 2 tells an error");
+    fuzz::require((zolt_check::exitStatus(result, true) == 2) == error, "status 2 means an error");
     for (const bool quiet : {false, true}) {
         const std::string text = zolt_check::report("zoltconf.xml", result, {.quiet = quiet});
         fuzz::require(text.empty() || text.back() == '\n', "a report is whole lines");

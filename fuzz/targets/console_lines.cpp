@@ -1,5 +1,6 @@
-// What a console client sends, for a bus with a card of every kind. Pauses take
-// no time; the cards are silent, or answer with the last byte of the input.
+// Fuzzes what a console client sends, on a bus with a card of every kind. Pauses take no
+// time. The cards are silent in one run and answer with the last byte of the input in
+// another.
 
 #include <algorithm>
 #include <array>
@@ -30,8 +31,8 @@ constexpr std::array kSeparators{
     Separators{";=", "\r\n"},
 };
 
-/// The number behind `word` in "delay 2525", or -1 for another event.
-long numberBehind(const std::string& event, const std::string& word) {
+/// The number after `word` in an event such as "delay 2525"; -1 for any other event.
+long numberAfter(const std::string& event, const std::string& word) {
     return event.starts_with(word) ? std::stol(event.substr(word.size())) : -1;
 }
 
@@ -40,10 +41,10 @@ bool isAllowedRequest(const std::string& event) {
            event.starts_with("request 50 0");
 }
 
-/// What one line may cause, whatever it said.
+/// Holds for the events of one line, whatever the line says.
 void requireEvents(const std::vector<std::string>& events, const std::string& separator) {
-    // Each of the card configuration commands and of the two other commands
-    // that pause, once.
+    // One second for each card configuration command and for each of the other commands
+    // that pause: all of them can be in one line.
     constexpr long kLongestPause = 13 + 2 + 1;
     fuzz::require(!events.empty(), "every line is answered");
     fuzz::require(events.back() == "reply >" + separator ||
@@ -51,8 +52,8 @@ void requireEvents(const std::vector<std::string>& events, const std::string& se
                   "every answer ends with the prompt");
     long paused = 0;
     for (const std::string& event : events) {
-        paused += std::max(0L, numberBehind(event, "pause "));
-        const long delay = numberBehind(event, "delay ");
+        paused += std::max(0L, numberAfter(event, "pause "));
+        const long delay = numberAfter(event, "delay ");
         fuzz::require(delay == -1 || (delay >= 1 && delay <= 5000), "a speed from 1 to 100 %");
         fuzz::require(!event.starts_with("reply ") || event.ends_with(separator),
                       "a reply ends with the separator");
@@ -62,7 +63,7 @@ void requireEvents(const std::vector<std::string>& events, const std::string& se
     fuzz::require(paused <= kLongestPause, "no line pauses longer than its commands");
 }
 
-/// Where a piece of what was sent ends: behind 255 bytes, or behind a line.
+/// The length of the next piece: 255 bytes at most, or one line.
 std::size_t pieceLength(std::string_view sent, bool byLine) {
     const std::size_t line = byLine ? sent.find('\n') : std::string_view::npos;
     const std::size_t end = line == std::string_view::npos ? sent.size() : line + 1;

@@ -1,5 +1,5 @@
-// What zoltctl reads from a port: banner, items, replies and reports, whole and in
-// pieces, from a peer that need not be the daemon.
+// Fuzzes what zoltctl reads from a port: banner, items, replies and reports. They arrive
+// whole and in pieces, and the peer need not be the daemon.
 
 #include <algorithm>
 #include <array>
@@ -23,7 +23,7 @@
 namespace {
 
 constexpr std::size_t kMostBytes = 5000;
-/// Of one piece that arrives.
+/// The size of one piece that arrives.
 constexpr std::size_t kPiece = 13;
 
 using Texts = std::vector<std::string>;
@@ -45,8 +45,8 @@ const std::array kCommands{
     Texts{"reboot", "3"},
 };
 
-/// Runs `read`, which may fail as the program does: with one line, and with the
-/// status of a peer that says no or is none of the daemon's. False when it does.
+/// Runs `read` and returns false if it fails. It may only fail as the program does: with a
+/// text of one line, because the peer refuses or does not look like the daemon.
 template <typename Read>
 bool reads(Read read) {
     try {
@@ -132,7 +132,7 @@ void readConsole(std::string_view received, const std::string& separator) {
             }
         }
     });
-    // What came without a prompt.
+    // The lines after the last prompt.
     readReply({dialogue.lines(), false, true});
 }
 
@@ -151,7 +151,7 @@ void readReports(std::string_view received, const std::string& separator) {
     });
 }
 
-std::string_view behindBanner(std::string_view received) {
+std::string_view afterBanner(std::string_view received) {
     ctl::BannerFinder whole("ZOLT CAE interface is ready\r\n\r");
     ctl::BannerFinder pieces("ZOLT CAE interface is ready\r\n\r");
     const bool found = whole.feed(received);
@@ -168,7 +168,7 @@ std::string_view behindBanner(std::string_view received) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view received = behindBanner(fuzz::textOf(data, size, kMostBytes));
+    const std::string_view received = afterBanner(fuzz::textOf(data, size, kMostBytes));
     std::optional<ctl::SeparatorFound> found;
     reads([&] { found = ctl::findSeparator(received); });
     for (const std::string& separator :

@@ -1,5 +1,5 @@
-// What an IO client sends: reads of at most 255 bytes, split at the separator,
-// each command translated into a frame.
+// Fuzzes what an IO client sends: the bytes arrive in reads of at most 255, are split at the
+// separator, and each command is translated into a frame.
 
 #include <algorithm>
 #include <array>
@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t kMostBytes = 1020;
 constexpr std::size_t kLongestFrame = 38;
 
-/// What a translated command must be, whatever it said.
+/// Holds for the frame of a command, whatever the command says.
 void requireFrame(const std::string& command, const OutputFrame& frame) {
     fuzz::require(frame.address < wire::kAddresses, "a frame is for an address of the bus");
     if (frame.bytes.empty()) {
@@ -39,7 +39,7 @@ void requireCommand(const std::string& command, const std::string& separator) {
                   "no command holds the separator");
 }
 
-/// As the master loop handles one read.
+/// Handles one read as the master loop does.
 void handle(const ByteList& read, const std::string& separator, CardTable& cards) {
     for (const std::string& command : splitCommands(Convert_QList2String(read), separator)) {
         requireCommand(command, separator);

@@ -1,4 +1,5 @@
-// The simulated bus's bus file, and every request to the bus that it describes.
+// Fuzzes the bus file of the simulated bus, and sends requests to the bus that the file
+// describes.
 
 #include <cstdint>
 #include <string>
@@ -12,7 +13,7 @@ namespace {
 
 constexpr std::size_t kMostBytes = 4096;
 
-/// The file that says the same in the fewest words.
+/// The shortest bus file that describes the same bus.
 std::string fileOf(const zolt_sim::BusLayout& layout, const zolt_sim::BusModel& model) {
     std::string text = layout.missingSilent ? "missing silent\n" : "";
     const std::vector<std::string> lines = model.showAll();
@@ -29,7 +30,7 @@ void requireAnswers(zolt_sim::BusModel& model, const zolt_sim::BusLayout& layout
     fuzz::require(discovery && discovery->size() == 17, "discovery is answered");
     for (std::uint8_t address = 0; address < zolt_sim::wire::kAddressCount; ++address) {
         fuzz::require((*discovery)[address + std::size_t{1}] == layout.slots[address].code,
-                      "discovery tells what the file says");
+                      "discovery finds what the file describes");
         for (unsigned length = 0; length < 256; length += 51) {
             const auto poll =
                 model.answer({zolt_sim::wire::kPoll, address, static_cast<std::uint8_t>(length)});
@@ -53,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         fuzz::require(second.showAll() == model.showAll(), "a bus shows as it is written");
     } catch (const zolt_sim::Error& error) {
         fuzz::require(std::string(error.what()).starts_with("fuzz.bus:"),
-                      "a mistake is told with its place");
+                      "a mistake is reported with its place");
     }
     return 0;
 }

@@ -1,6 +1,5 @@
-// The simulated bus's controls as they arrive from a client, in pieces, and
-// between them requests of the host: a line that begins with ">" holds one in
-// hexadecimal.
+// Fuzzes the controls of the simulated bus as they arrive from a client, in pieces. A line
+// that begins with ">" is a request of the host to the bus, in hexadecimal.
 
 #include <mutex>
 #include <optional>
@@ -23,7 +22,7 @@
 namespace {
 
 constexpr std::size_t kMostBytes = 9000;
-/// Of one piece that arrives.
+/// The size of one piece that arrives.
 constexpr std::size_t kPiece = 97;
 
 constexpr const char* kBus =
@@ -59,7 +58,7 @@ class ControlledBus {
         fuzz::require(output.bytes.size() <= 255 + 256, "no more than a fault and a frame");
     }
 
-    /// What "faults" lists can be typed again, and lists as the same.
+    /// Every fault that "faults" lists can be typed again and is then listed as the same.
     void requireFaultsReadable() const {
         for (const std::string& fault : faults_.describe()) {
             fuzz::require(

@@ -1,4 +1,4 @@
-// The simulated bus's scenario file.
+// Fuzzes the scenario file of the simulated bus.
 
 #include <chrono>
 #include <string>
@@ -21,13 +21,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
              zolt_sim::parseScenario(fuzz::textOf(data, size, kMostBytes), "fuzz.scenario")) {
             fuzz::require(step.at >= latest, "the times ascend");
             latest = step.at;
-            // Throws what nobody here catches when it cannot be read after all.
+            // A control that cannot be parsed throws, which ends the run as a finding.
             static_cast<void>(zolt_sim::parseControl(step.control));
         }
         fuzz::require(latest <= std::chrono::seconds(1000001), "no time beyond the longest");
     } catch (const zolt_sim::Error& error) {
         fuzz::require(std::string(error.what()).starts_with("fuzz.scenario:"),
-                      "a mistake is told with its place");
+                      "a mistake is reported with its place");
     }
     return 0;
 }

@@ -17,7 +17,7 @@ std::string deviceName(unsigned number) {
     return "/dev/ttyUSB" + std::to_string(number);
 }
 
-/// An adapter that sends without a pause, whatever it is asked.
+/// An adapter that sends without a pause, whatever it is sent.
 class BabblingAdapter {
   public:
     BabblingAdapter(const std::string& link, std::string bytes)
@@ -35,7 +35,7 @@ class BabblingAdapter {
         ::fcntl(controller, F_SETFL, O_NONBLOCK);
         std::array<char, 4096> asked{};
         while (!stop_) {
-            // What it is asked is taken and forgotten.
+            // The requests of the daemon are read and dropped.
             [[maybe_unused]] const auto taken = ::read(controller, asked.data(), asked.size());
             if (::write(controller, bytes_.data(), bytes_.size()) < 0) {
                 std::this_thread::sleep_for(std::chrono::microseconds(100));
@@ -54,7 +54,7 @@ class BusAdapter : public FaultTest {};
 TEST_F(BusAdapter, UnpluggedInMidFrameAndBackUnderOtherNames) {
     startServing();
     for (unsigned cycle = 0; cycle < 8; ++cycle) {
-        // The answer stops in its midst, and then the adapter goes.
+        // The adapter goes in the middle of an answer.
         bus_->control("fault raw 03 21 at 3 for poll once");
         ASSERT_TRUE(traced("raw>  03 21"));
         bus_->control("unplug");
@@ -91,7 +91,7 @@ TEST_F(BusAdapter, TheSecondOfTwoIsTheRightOne) {
 }
 
 TEST_F(BusAdapter, TheLastOfTwentyIsTheRightOne) {
-    // In the order of names the last of ttyUSB0 to ttyUSB19 is ttyUSB9.
+    // ttyUSB9 sorts after all other names from ttyUSB0 to ttyUSB19.
     constexpr unsigned kAdapters = 20;
     constexpr unsigned kRight = 9;
     std::vector<std::unique_ptr<SilentAdapter>> others;
@@ -122,7 +122,7 @@ TEST_F(BusAdapter, OneThatBabblesWhatIsNoAnswerIsPassedOver) {
 }
 
 TEST_F(BusAdapter, OneThatBabblesWhatLooksLikeAnswersIsTakenUntilItIsGone) {
-    // Frames of 85 bytes 55: answers of a kind that says nothing.
+    // These are frames of 85 bytes 55: answers of an unknown class.
     auto first = std::make_unique<BabblingAdapter>("/dev/ttyUSB0", "UUUUUUUU");
     startDaemon();
     ASSERT_TRUE(logged("[INF] hardware found on /dev/ttyUSB0 version: UUUU"));
@@ -131,7 +131,7 @@ TEST_F(BusAdapter, OneThatBabblesWhatLooksLikeAnswersIsTakenUntilItIsGone) {
     EXPECT_NE(answered("DRVVER", "1.20"), "");
     plugBus("/dev/ttyUSB1");
     first.reset();
-    // The gap is noticed at the next request.
+    // The daemon notices the gap at the next request.
     EXPECT_NE(answered("FORCEDISCOVER", "DTI:0xF:"), "");
     ASSERT_TRUE(logged("[INF] hardware found on /dev/ttyUSB1 version: 1.04"));
     expectFullRound();
@@ -145,7 +145,7 @@ TEST_F(BusAdapter, TheBusItselfBabbles) {
     for (const std::string noise : {"00", "7F", "FF", "54", "01 06", "03 21 03 00"}) {
         std::string burst;
         for (int i = 0; i < 40; ++i) burst += " " + noise;
-        // Some of it costs the link, and the check of the hardware is struck too.
+        // Some of these faults cost the link, and they also hit the hardware check.
         bus_->control("fault noise" + burst + " 4 times");
         ASSERT_TRUE(faultsHaveStruck()) << noise;
         sendOutput(0x66);

@@ -11,13 +11,13 @@ using std::chrono::milliseconds;
 using support::Clock;
 using support::TcpClient;
 
-/// No answer takes as long as this, whatever the other clients do.
+/// No answer takes this long, whatever the other clients do.
 constexpr std::chrono::seconds kLongestAnswer{30};
 
 class ClientPace : public FaultTest {
   protected:
-    /// The longest of some answers of the console, and of the ways of some
-    /// changes of an input to the monitor.
+    /// The longest time that the console takes for an answer, or that a change of an input
+    /// takes to the monitor, of some tries.
     struct Latency {
         milliseconds console{0};
         milliseconds monitor{0};
@@ -54,7 +54,7 @@ TEST_F(ClientPace, OneThatNeverReadsHoldsUpNobodyElse) {
     auto monitor = greeted(support::kMonPort);
     const Latency before = latency(monitor, 200);
 
-    // The welcome is the last that this client reads.
+    // After the banner this client reads nothing.
     io_.reset();
     auto deaf = greeted(support::kIoPort);
     monitor.receive();
@@ -73,7 +73,7 @@ TEST_F(ClientPace, OneThatNeverReadsHoldsUpNobodyElse) {
     record("monitor_before", before.monitor);
     record("monitor_during", during.monitor);
 
-    // Nothing was lost: it gets all reports when it reads on, in their order.
+    // No report is lost: when the client reads again, it gets all of them in order.
     std::string expected;
     for (unsigned i = 0; i < kChanges; ++i) {
         expected += "a3b0d" + hexByte(100 + i % 100) + "\r\n\r";
@@ -125,7 +125,7 @@ TEST_F(ClientPace, SingleBytesAndHalvesOfLinesAreLinesOfTheirOwn) {
               "COE:Parser exception -> a\r\n\r>\r\n\rCOE:Illegal command -> 5\r\n\r>\r\n\r"
               "COE:Illegal command -> b\r\n\r>\r\n\rCOE:Illegal command -> 1\r\n\r>\r\n\r"
               "COE:Illegal command -> d\r\n\r>\r\n\r");
-    // And halves of lines whose other halves never come.
+    // These are halves of lines whose other halves never come.
     for (auto* client : {&console(), &io()}) {
         client->send(client == &io() ? "a5b1d" : "DRV");
         ASSERT_TRUE(support::waitUntil([&] { return client->peerHasReadAll(); }));

@@ -12,7 +12,7 @@ std::filesystem::path folderOf(pid_t process) {
     return "/proc/" + std::to_string(process);
 }
 
-// "socket:[4711]" and "/dev/pts/3" without their numbers.
+// Drops the numbers of "socket:[4711]" and "/dev/pts/3".
 std::string withoutNumber(const std::string& target) {
     const std::string terminals = "/dev/pts/";
     if (target.starts_with(terminals)) return terminals;

@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-/// What a process holds of the system.
+/// The resources of the system that a process holds.
 struct DaemonState {
-    /// What its descriptors stand for, sorted; numbers of sockets, pipes and
-    /// terminals are left out.
+    /// The files behind its descriptors, sorted, without the numbers of sockets, pipes and
+    /// terminals.
     std::vector<std::string> descriptors;
     std::size_t threads = 0;
-    /// Memory of its own that is in use (RssAnon), in bytes.
+    /// The memory that belongs to this process alone (RssAnon), in bytes.
     long memory = 0;
 
     std::string describe() const;
@@ -20,5 +20,5 @@ struct DaemonState {
 /// The state at this moment.
 DaemonState stateOf(pid_t process);
 
-/// Memory says nothing under a sanitizer, which keeps what is freed on purpose.
+/// False under a sanitizer, which keeps freed memory on purpose.
 bool memoryIsMeaningful();

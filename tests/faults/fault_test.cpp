@@ -14,11 +14,11 @@ using support::waitUntil;
 
 namespace {
 
-// A daemon that is busy with what a fault left behind may take a while.
+// A daemon that still handles the effects of a fault may take a while.
 constexpr std::chrono::seconds kLongPatience{60};
 
-// What may stay in use for good: each of the five threads has an arena of its own,
-// of which glibc gives back nothing below 128 KiB, and some of its stack.
+// The memory that may stay in use forever: each of the five threads has an arena, of which
+// glibc gives back nothing below 128 KiB, and has used some of its stack.
 constexpr long kMemoryMargin = 5L * (128 + 64) * 1024;
 
 constexpr const char* kPrompt = ">\r\n\r";

@@ -20,7 +20,7 @@ bool refusesThread() {
 
 }  // namespace
 
-// The linker's names for the calls of the program and of the system.
+// The names that the linker gives to the calls of the program and to those of the system.
 extern "C" {
 using ThreadFunction = void* (*)(void*);
 int __real_pthread_create(pthread_t* thread, const pthread_attr_t* attributes,

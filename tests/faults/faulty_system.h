@@ -1,14 +1,14 @@
 #pragma once
 
-/// The program zolt-faulty is the daemon on a system that does to it what the real
-/// one cannot be made to do in a test.
+/// The program zolt-faulty is the daemon on a system with faults that a test cannot cause on
+/// the real system.
 namespace faulty_system {
 
-/// While this file exists, the time is that of its last change.
+/// As long as this file exists, the time of the system is the time of its last change.
 inline constexpr const char* kClockFile = "/run/zolt-test/clock";
-/// While this file exists, the system starts as many threads as it says.
+/// As long as this file exists, the system starts only the number of threads in the file.
 inline constexpr const char* kThreadsFile = "/run/zolt-test/threads";
-/// What the daemon says to a thread that is refused.
+/// The message of the daemon if a thread is refused.
 inline constexpr const char* kRefusal =
     "error: could not create thread, pthread_create failed (11)!";
 

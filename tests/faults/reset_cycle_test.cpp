@@ -21,8 +21,8 @@ using support::waitUntil;
 constexpr std::uint16_t kPort = 5001;
 constexpr int kResets = 2000;
 
-/// One interface alone, whose pauses of whole seconds cost no time: every client
-/// is accepted, and every close is followed by a reopening.
+/// One interface of the daemon without the rest. Its pauses of whole seconds take no time:
+/// every client is accepted, and the interface reopens after every close.
 class ResetCycle : public testing::TestWithParam<const char*> {
   protected:
     void SetUp() override {
@@ -38,7 +38,7 @@ class ResetCycle : public testing::TestWithParam<const char*> {
         ASSERT_TRUE(interface_->Init());
     }
 
-    /// A client that is served, after those that came too early.
+    /// A client that is served. Clients that connect too early are turned away first.
     TcpClient served() {
         std::optional<TcpClient> client;
         waitUntil([&] {
@@ -53,7 +53,7 @@ class ResetCycle : public testing::TestWithParam<const char*> {
         return std::move(*client);
     }
 
-    /// Serves a client, and returns the state with it.
+    /// Serves a client and returns the state of this process meanwhile.
     DaemonState expectServes() {
         TcpClient client = served();
         client.send("a line");
@@ -75,7 +75,7 @@ TEST_P(ResetCycle, TwoThousandClientsThatConnectAndReset) {
     const DaemonState before = expectServes();
     for (int cycle = 0; cycle < kResets; ++cycle) {
         TcpClient client = served();
-        // With nothing, with a line and with a reply on its way.
+        // The client leaves with nothing, with a line and with a reply under way.
         if (cycle % 3 == 1) client.send("a line");
         if (cycle % 3 == 2) interface_->replyQueue.ToQueue({'r', 'e', 'p', 'l', 'y'});
         client.reset();

@@ -27,12 +27,12 @@ constexpr long kMemoryMargin = 512L * 1024;
 /// An element of a list.
 constexpr long kPerQueuedByte = 32;
 
-/// The link alone, whose pauses of whole seconds cost no time.
+/// The serial link without the rest of the daemon. Its pauses of whole seconds take no time.
 class UnplugCycle : public testing::Test {
   protected:
     void SetUp() override { support::enterTestBed(); }
 
-    /// The link on a bus with these cards, with discovery and polling.
+    /// Starts the link on a bus with these cards, with discovery and polling.
     void openLink(const std::string& cards) {
         zolt_sim::BusOptions options;
         options.link = "/dev/ttyUSB0";
@@ -56,7 +56,7 @@ class UnplugCycle : public testing::Test {
         ASSERT_EQ(answer.error, "") << line;
     }
 
-    /// Waits for a trace line, without its time, from here on.
+    /// Waits for a new trace line; `line` has no time.
     bool traced(const std::string& text) {
         return waitUntil([&] {
             const std::lock_guard guard(lock_);
@@ -93,8 +93,8 @@ class UnplugCycle : public testing::Test {
         EXPECT_TRUE(reported("a3b0d" + text));
     }
 
-    /// Again and again an answer stops in its midst, and then the adapter goes and
-    /// comes back under another name.
+    /// Again and again the adapter goes in the middle of an answer and comes back under
+    /// another name.
     void replug(int cycles) {
         for (int cycle = 0; cycle < cycles; ++cycle) {
             forgetTrace();
@@ -108,7 +108,8 @@ class UnplugCycle : public testing::Test {
         expectServes();
     }
 
-    /// Since `before` nothing was left open, and memory of this size at most.
+    /// Checks that since `before` no descriptor was left open and that memory has grown by at
+    /// most this size.
     void expectNothingLeft(const DaemonState& before, long memory) {
         const DaemonState after = stateOf(::getpid());
         RecordProperty("bytes_after_all_losses", std::to_string(after.memory - before.memory));
@@ -142,13 +143,13 @@ TEST_F(UnplugCycle, ThreeHundredTimesInMidFrameUnderOtherNames) {
     expectServes();
     const DaemonState before = stateOf(::getpid());
     replug(kUnplugs);
-    // Each loss makes the poll request of a card longer by one frame, and leaves one
-    // more of them waiting.
+    // Each loss makes the poll request of a card longer by one frame and leaves one more
+    // request waiting.
     constexpr long kInputCards = 3;
     constexpr long kPollFrame = 3;
     constexpr long kQueued = kInputCards * kPollFrame * kUnplugs * (kUnplugs + 1) / 2;
-    // A heap that grows by pieces of every size has holes, up to a tenth of it here;
-    // what leaks shows in the next case, which leaves nothing waiting.
+    // A heap that grows by pieces of every size has holes, here up to a tenth of its size. A
+    // leak shows in the next case, which leaves nothing waiting.
     constexpr long kLimit = kQueued * kPerQueuedByte * 3 / 2;
     expectNothingLeft(before, kLimit + kMemoryMargin);
 }

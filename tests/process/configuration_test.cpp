@@ -24,7 +24,7 @@ class Configuration : public ProcessTest {
         EXPECT_EQ(daemon_.standardOutput(), "");
     }
 
-    // All listening sockets in this network namespace.
+    // The table has all listening sockets of this network namespace.
     static int listeningSockets() {
         constexpr const char* kListening = "0A";
         int count = 0;

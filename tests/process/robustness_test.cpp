@@ -21,8 +21,8 @@ constexpr const char* kIoBanner = "ZOLT IO interface is ready\r\n\r";
 
 class Robustness : public ProcessTest {
   protected:
-    // A cut command is traced on standard output; the console has to hear of it
-    // all the same.
+    // The daemon prints an incomplete command on standard output, and the console still has
+    // to get its reply.
     void expectCutCommandReported() {
         auto console = TcpClient::connect(support::kCaePort);
         auto io = TcpClient::connect(support::kIoPort);
@@ -66,9 +66,8 @@ TEST_F(Robustness, BusyPortIsLoggedAndTheOtherInterfacesWork) {
     EXPECT_EQ(io.receiveUntil("\n\r"), kIoBanner);
 }
 
-// One packet of several pieces: each draws two replies on the console, and one
-// reply goes out per cycle, so that most are still waiting when the client that
-// was to read them goes away.
+// The packet has several pieces. Each piece causes two replies on the console, and one reply
+// is sent per cycle. Most replies therefore still wait when their client goes away.
 class WaitingReplies : public Robustness {
   protected:
     void SetUp() override {
@@ -88,12 +87,11 @@ class WaitingReplies : public Robustness {
         ASSERT_TRUE(replies_.starts_with(console_->receiveUntil("\n\r")));
     }
 
-    // The next client gets whole replies, from somewhere in their row to its end,
-    // and then its welcome.
+    // The next client gets the remaining replies, each of them whole, and then its banner.
     void expectRestForNextClient() {
         console_.reset();
         ASSERT_TRUE(logHas("[INF] connection is closed by client on CAE interface"));
-        // Who connects before the port is open anew is turned away.
+        // A client that connects before the port is reopened is turned away.
         ASSERT_TRUE(logHas("[INF] CAE interface listening on port 5001", 2));
         auto next = TcpClient::connect(support::kCaePort);
         const std::string got = next.receiveUntil(kConsoleBanner);

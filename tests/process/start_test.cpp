@@ -45,7 +45,7 @@ TEST_F(Start, LogTellsSettingsAndPortsInAFixedOrder) {
     start();
     ASSERT_TRUE(logHas("[INF] MON interface listening on port 5003"));
     auto lines = logLines();
-    // Each interface says this from a thread of its own.
+    // Each interface logs this line from a thread of its own.
     std::erase_if(lines, [](const std::string& line) {
         return line.find("is waiting for incoming connection") != std::string::npos;
     });

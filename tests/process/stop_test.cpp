@@ -41,8 +41,8 @@ TEST_F(Stop, HangUpSignalKillsTheDaemon) {
 }
 
 TEST_F(Stop, SignalEndsAPauseOfMoreThanAnHour) {
-    // Above 100 percent the pause is computed as a negative number of
-    // microseconds, and taken for about 71 minutes.
+    // Above 100 percent the pause is computed as a negative number of microseconds, which
+    // counts as about 71 minutes.
     settings_.percent = 200;
     start();
     ASSERT_TRUE(logHas("[INF] MON interface listening on port 5003"));

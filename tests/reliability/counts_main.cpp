@@ -1,5 +1,5 @@
-// zolt-counts COUNT PERCENT: sends COUNT output commands and makes COUNT input
-// changes at this speed of the daemon, and accounts for every one of them.
+// zolt-counts COUNT PERCENT: sends COUNT output commands and makes COUNT input changes at
+// this speed of the daemon, and accounts for each of them.
 #include <algorithm>
 #include <charconv>
 #include <chrono>
@@ -17,15 +17,15 @@ namespace {
 using namespace reliability;
 using support::Clock;
 
-// Everything may stand still for so long before what is missing is called lost.
+// Nothing may happen for this time before missing items count as lost.
 constexpr std::chrono::seconds kStandstill{30};
-// Time for what should not come any more.
+// The time in which items may still come that should not come.
 constexpr std::chrono::milliseconds kAfterwards{500};
 constexpr std::chrono::microseconds kIdle{300};
-// One in so many changes is one of the analogue card, which takes seven polls.
+// One change in this number is a change of the analogue card, which takes seven polls.
 constexpr std::size_t kReadingShare = 20;
-// With more, a channel would go from FF back to 0. Should the link's loss cost
-// polls just then, the average over both would be a value that no reading has.
+// With more readings, a channel would go from FF back to 0. If a link loss costs polls at
+// that moment, the average over both values is a value that no reading has.
 constexpr std::size_t kMostReadings = 1500;
 constexpr int kAttempts = 3;
 
@@ -67,10 +67,10 @@ bool report(const Traffic::Result& result, std::size_t linkLosses, std::chrono::
 
 enum class Outcome { kEqual, kNotEqual, kLinkLost };
 
-// A request that is under way when the link is lost is lost with it. On a sound
-// bus that only happens when the daemon gets no processor for the time of an
-// answer, which says nothing about it. What comes twice, out of order or from
-// nowhere is the daemon's fault, whatever happened to the link.
+// A link loss also loses the request that is under way. On a sound bus the link is only lost
+// if the daemon gets no processor for the time of an answer, which is no fault of the
+// daemon. An item that comes twice, out of order or without having been sent is always a
+// fault of the daemon.
 Outcome run(std::size_t count, std::size_t percent) {
     support::enterTestBed();
     support::DaemonSettings settings;
@@ -80,7 +80,7 @@ Outcome run(std::size_t count, std::size_t percent) {
               << std::endl;
     WatchedDaemon daemon(settings, kTrafficBus);
     const std::size_t readings = std::min(count / kReadingShare, kMostReadings);
-    // Before the discovery, after which the cards are polled.
+    // The traffic begins before the discovery, after which the cards are polled.
     Traffic traffic(daemon.bus(), daemon.io(), daemon.mon(), {count, count - readings, readings});
     daemon.serveClients();
     daemon.io().take();
@@ -97,7 +97,7 @@ Outcome run(std::size_t count, std::size_t percent) {
     const bool equal = report(result, linkLosses, took);
     daemon.stop();
     if (equal) return Outcome::kEqual;
-    // Nothing is discovered behind a lost link here.
+    // No discovery follows a link loss in this program.
     return result.linkLossExplains(linkLosses, false) ? Outcome::kLinkLost : Outcome::kNotEqual;
 }
 
@@ -105,7 +105,8 @@ bool runUndisturbed(std::size_t count, std::size_t percent) {
     for (int attempt = 1; attempt < kAttempts; ++attempt) {
         const Outcome outcome = run(count, percent);
         if (outcome != Outcome::kLinkLost) return outcome == Outcome::kEqual;
-        std::cout << "  the daemon got no processor for too long: once more" << std::endl;
+        std::cout << "  the link was lost because the daemon got no processor: trying again"
+                  << std::endl;
     }
     return run(count, percent) == Outcome::kEqual;
 }

@@ -26,8 +26,8 @@ void* take(std::size_t size, std::align_val_t alignment) {
 
 }  // namespace
 
-// All of them, since a sanitizer brings its own of those that are left out, and
-// those would not find their memory taken here.
+// Every form of the operators is replaced: a sanitizer would replace the others, and they
+// would not know the memory that was taken here.
 
 void* operator new(std::size_t size) {
     return take(size);

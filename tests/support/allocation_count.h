@@ -4,17 +4,17 @@
 
 namespace support {
 
-/// What one thread has taken from the heap by `new`. Whatever links
-/// allocation_count.cpp in counts; freeing does not take anything off.
+/// What one thread has taken from the heap by `new`; freeing does not reduce the numbers.
+/// Only programs that contain allocation_count.cpp count.
 struct Allocations {
     std::size_t count = 0;
     std::size_t bytes = 0;  ///< as asked for
 };
 
-/// The calling thread's, since its start.
+/// The numbers of the calling thread since its start.
 Allocations allocations();
 
-/// Those of one call of `action`, on this thread.
+/// The numbers of one call of `action` on this thread.
 template <typename Action>
 Allocations allocationsOf(const Action& action) {
     const Allocations before = allocations();

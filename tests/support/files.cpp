@@ -7,8 +7,8 @@
 namespace support {
 namespace {
 
-// A read that fails ends the text: files below /proc go with their process, also
-// while they are being read.
+// A read that fails ends the text: a file below /proc can go with its process while it is
+// being read.
 std::string readRest(std::ifstream& file) {
     std::ostringstream text;
     text << file.rdbuf();

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-/// A new folder that is removed with its content at the end.
+/// A new folder that is removed, with its content, when this object goes.
 class TemporaryFolder {
   public:
     TemporaryFolder() {

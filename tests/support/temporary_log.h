@@ -12,7 +12,7 @@
 
 namespace support {
 
-/// A debug log in a folder of its own, which goes with this object.
+/// A debug log in a temporary folder, which is removed with this object.
 class TemporaryLog {
   public:
     TemporaryLog() {
@@ -29,8 +29,8 @@ class TemporaryLog {
 
     std::string path() const { return folder_ / "debug.log"; }
 
-    /// The lines so far without their time stamps; a line without a proper one
-    /// is kept whole, so that it shows.
+    /// The lines so far without their time stamps. A line without a proper time stamp stays
+    /// complete, so that a comparison finds it.
     std::vector<std::string> lines() const {
         std::vector<std::string> lines = splitLines(readFile(path()));
         for (std::string& line : lines) {
@@ -39,7 +39,7 @@ class TemporaryLog {
         return lines;
     }
 
-    /// Whether one of the lines is `text`.
+    /// True if one of the lines is `text`.
     bool has(const std::string& text) const {
         for (const std::string& line : lines()) {
             if (line == text) return true;

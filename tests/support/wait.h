@@ -7,12 +7,12 @@ namespace support {
 
 using Clock = std::chrono::steady_clock;
 
-/// How long a test waits for something that is sure to come on a sound
-/// program, however slow the machine.
+/// The time that a test waits for something that a correct program is sure to do, even on a
+/// slow machine.
 inline constexpr std::chrono::seconds kPatience{30};
 
-/// Tries `predicate` every few milliseconds until it holds or `patience` has
-/// passed; the result is its last value.
+/// Calls `predicate` every few milliseconds until it returns true or `patience` has passed.
+/// Returns its last result.
 bool waitUntil(const std::function<bool()>& predicate,
                std::chrono::milliseconds patience = kPatience);
 

@@ -7,7 +7,7 @@
 namespace reliability {
 namespace {
 
-// Beginnings of payloads as the trace writes them.
+// How payloads begin in the trace.
 constexpr std::string_view kOutput = "10 ";
 constexpr std::string_view kPoll = "20 ";
 constexpr std::string_view kCheck = "40 ";
@@ -51,9 +51,9 @@ void BusWatch::unplug() {
     control("unplug");
     plugged_ = false;
     const std::lock_guard guard(lock_);
-    // The daemon sends a request only when the one before has been answered, and
-    // then until it notices that the line is dead: one. While it waits for an
-    // answer there is none but the one that the bus has seen.
+    // The daemon sends a request only after the previous one has been answered. On a dead
+    // line it sends one request before it notices. While it waits for an answer, the bus
+    // has seen the only request that was sent.
     if (lastRequestAnswered_) ++counts_.perhapsUnseen;
     loseLink();
     returned_.reset();
@@ -105,10 +105,10 @@ void BusWatch::onLine(std::string_view line) {
         lastRequestAnswered_ = true;
         if (payloadOf(text).starts_with(kControllerAnswer)) found_ = true;
     } else if (text.starts_with("raw> ")) {
-        // Whatever a fault has made of the answer, the daemon may take it for one.
+        // The daemon may take even an answer that a fault has changed for a valid one.
         lastRequestAnswered_ = true;
     } else if (text == "note host closed") {
-        // What the daemon has sent before, the bus reads all the same.
+        // The bus still reads what the daemon sent before.
         loseLink();
     } else if (text.starts_with(kTornRequest)) {
         ++counts_.perhapsUnseen;
@@ -138,7 +138,7 @@ void BusWatch::onHostFrame(std::string_view payload) {
 }
 
 void BusWatch::loseLink() {
-    // The controller's answer may have been bent on the way.
+    // A fault may have changed the controller's answer on its way.
     if (found_ || inService_) ++counts_.losses;
     found_ = false;
     lastRequestAnswered_ = false;

@@ -16,55 +16,58 @@
 
 namespace reliability {
 
-/// The daemon serves so soon after the adapter's return, on a machine that gives
-/// it a processor, when no other adapter is in its way. It asks each of those ahead
-/// of the right one, and waits for an answer.
+/// The daemon serves the cards within this time after the adapter has returned, on a machine
+/// that gives the daemon a processor. Other adapters take more time: the daemon asks each
+/// one that comes before the right one, and waits for an answer.
 inline constexpr std::chrono::seconds kPromisedReturn{5};
 
-/// A simulated card bus in this process that counts what happens on it. All
-/// functions may be called from any thread; tell, control, plug and unplug from one.
+/// A simulated card bus in this process that counts what happens on it. Any thread may call
+/// the functions, but setObserver(), control(), plug() and unplug() only one.
 class BusWatch {
   public:
-    /// Of the adapter, to the first request for a card.
+    /// Times from a return of the adapter to the first request for a card.
     struct Returns {
         std::chrono::milliseconds longest{0};
         std::size_t measured = 0;
-        /// Those that took more than kPromisedReturn.
+        /// The returns that took more than kPromisedReturn.
         std::size_t slow = 0;
     };
     struct Counts {
         std::size_t polls = 0;
-        /// The link was found and then lost again, for whatever reason.
+        /// How often the link was found and then lost again, for any reason.
         std::size_t losses = 0;
-        /// Requests that the daemon may have sent and the bus has not seen.
+        /// Requests that the daemon may have sent although the bus has not seen them.
         std::size_t perhapsUnseen = 0;
-        /// The daemon served the cards again after a loss.
+        /// How often the daemon served the cards again after a loss.
         std::size_t recoveries = 0;
-        /// Only of returns that nothing has disturbed.
+        /// Only returns that nothing has disturbed.
         Returns returnsAlone;
         Returns returnsAmongStrangers;
     };
 
-    /// Plugged in under `link`; `busText` as in a bus file. Answers at once.
+    /// Plugs the bus in under `link`, with the cards of `busText` (as in a bus file). The
+    /// bus answers without delay.
     BusWatch(const std::string& busText, const std::string& link);
 
-    /// Is told from now on which control lines are carried out.
-    void tell(std::function<void(const std::string&)> observer) { observer_ = std::move(observer); }
+    /// From now on `observer` is called with every control line that is carried out.
+    void setObserver(std::function<void(const std::string&)> observer) {
+        observer_ = std::move(observer);
+    }
 
-    /// Carries out a control line of the simulated bus; throws
-    /// std::runtime_error when it is refused.
+    /// Carries out a control line of the simulated bus. Throws std::runtime_error if the
+    /// line is refused.
     void control(const std::string& line);
     void unplug();
-    /// `strangers`: whether other adapters are plugged in.
+    /// `strangers` says whether other adapters are plugged in.
     void plug(const std::string& link, bool strangers = false);
-    /// Another adapter has been plugged in.
+    /// Reports that another adapter has been plugged in.
     void strangerCame();
     bool plugged() const { return plugged_; }
-    /// The return under way is disturbed and not to be measured.
+    /// Reports that the current return is disturbed and must not be measured.
     void dropMeasurement();
 
-    /// The output requests since the last call as the cards got them, in
-    /// hexadecimal: "10 05 02 FF FB".
+    /// The output requests that the cards got since the last call, in hexadecimal:
+    /// "10 05 02 FF FB".
     std::vector<std::string> takeOutputs();
     Counts counts() const;
     std::size_t pollsOf(unsigned address) const;
@@ -74,7 +77,7 @@ class BusWatch {
     void onHostFrame(std::string_view payload);
     void loseLink();
 
-    mutable std::mutex lock_;  // all of the following
+    mutable std::mutex lock_;  // guards the members up to amongStrangers_
     Counts counts_;
     std::array<std::size_t, 16> polls_{};
     std::vector<std::string> outputs_;
@@ -87,7 +90,7 @@ class BusWatch {
 
     std::function<void(const std::string&)> observer_;
     bool plugged_ = true;
-    zolt_sim::SimulatedBus bus_;  // last: its thread calls onLine
+    zolt_sim::SimulatedBus bus_;  // the last member, since its thread calls onLine()
 };
 
 }  // namespace reliability

@@ -10,18 +10,18 @@
 
 namespace reliability {
 
-/// What has been done to the daemon lately, to be told when something fails.
-/// Only the last four chapters are kept: what a storm has done may show in the
-/// calm behind it, or in the next storm.
+/// Records what has been done to the daemon, to be printed when something fails. Only the
+/// last four chapters are kept: the effect of a storm shows in the calm after that storm or
+/// in the next storm.
 class Diary {
   public:
-    /// Ends the chapter before it.
+    /// Begins a chapter.
     void begin(const std::string& chapter);
-    /// The same text several times in a row takes one line.
+    /// Adds a line to the chapter. A text that is repeated takes one line with a count.
     void note(const std::string& text);
-    /// While on, what is noted is forgotten.
+    /// Drops everything that is noted from now on, until it is called with false.
     void pause(bool on) { paused_ = on; }
-    /// A line for each note, with the seconds since this object was made.
+    /// Writes a line for each note, with the seconds since this object was made.
     void write(std::ostream& out) const;
 
   private:

@@ -7,7 +7,7 @@
 namespace reliability {
 namespace {
 
-// Without the times.
+// The text without the times.
 std::string written(const Diary& diary) {
     std::ostringstream out;
     diary.write(out);

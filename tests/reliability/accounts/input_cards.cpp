@@ -6,10 +6,10 @@ namespace reliability {
 namespace {
 
 constexpr std::size_t kChannels = 6;
-// Six polls are averaged, the seventh draws the report.
+// Six polls give the average; the seventh causes the report.
 constexpr std::size_t kPollsPerReading = 7;
-// So many readings wait in the script that this process may well be kept from
-// running for a while.
+// The number of readings that wait in the script. They last for a while in which this
+// process gets no processor.
 constexpr std::size_t kAhead = 200;
 
 }  // namespace
@@ -28,7 +28,7 @@ std::vector<std::string> InputCard::change(BusWatch& bus) {
     }
     std::vector<std::string> reports;
     for (unsigned block = 0; block < 2; ++block) {
-        // The second block runs apart from the first, to tell the two from each other.
+        // The second block has other values than the first, so that their reports differ.
         const unsigned value = (value_ + block * 0x80) & 0xFF;
         bus.control("set " + address + " " + std::to_string(block) + " " +
                     zolt_text::hexNumber(value, 2));
@@ -47,7 +47,7 @@ std::vector<std::string> AnalogueScript::refill() {
         const std::size_t channel = queued_ % kChannels;
         channels_[channel] = (channels_[channel] + 1) & 0xFF;
         ++queued_;
-        // The last one stays.
+        // The last reading stays forever.
         queueReading(queued_ == readings_ ? "always" : std::to_string(kPollsPerReading) + " times");
         reports.push_back(reportText(address_, channel, channels_[channel]));
     }

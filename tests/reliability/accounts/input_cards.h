@@ -8,8 +8,8 @@
 
 namespace reliability {
 
-/// An input card of the simulated bus whose inputs are changed only when the
-/// last change has been reported, so that polling sees each of them.
+/// An input card of the simulated bus. REQUIRES: its inputs are changed only after the last
+/// change has been reported, so that polling sees every change.
 class InputCard {
   public:
     enum class Kind { kDigital, kKeyMatrix };
@@ -17,8 +17,8 @@ class InputCard {
     InputCard(unsigned address, Kind kind) : address_(address), kind_(kind) {}
 
     unsigned address() const { return address_; }
-    /// Changes every block of the card, the lowest first, and returns the reports
-    /// that have to come, without line ends.
+    /// Changes every block of the card, the lowest first. Returns the reports that must
+    /// follow, without line ends.
     std::vector<std::string> change(BusWatch& bus);
 
   private:
@@ -27,15 +27,15 @@ class InputCard {
     unsigned value_ = 0;
 };
 
-/// An analogue card reports averages of six polls, so its readings are scripted
-/// poll by poll: seven times each, one channel changed from one to the next. The
-/// script has to begin ahead of the card's first poll.
+/// The readings of an analogue card. The daemon reports averages of six polls, so the script
+/// gives each reading to seven polls; two readings in a row differ in one channel. REQUIRES:
+/// the script begins before the first poll of the card.
 class AnalogueScript {
   public:
     AnalogueScript(BusWatch& bus, unsigned address, std::size_t readings);
 
-    /// Hands the bus further readings, well ahead of the polls, and returns the
-    /// reports that will come of them.
+    /// Gives further readings to the bus, well before their polls. Returns the reports that
+    /// they will cause.
     std::vector<std::string> refill();
 
   private:

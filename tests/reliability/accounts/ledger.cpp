@@ -5,8 +5,8 @@
 namespace reliability {
 namespace {
 
-// How far back an item is remembered, to tell one that comes twice from one that
-// nobody sent, and one that comes late from one that is lost.
+// The number of items that are remembered: an item that comes twice differs from an item
+// that was never sent, and a late item from a lost one.
 constexpr std::size_t kMemory = 1024;
 
 void remember(std::deque<std::string>& items, const std::string& item) {

@@ -7,34 +7,34 @@
 
 namespace reliability {
 
-/// What became of the items that were sent on one ordered way.
+/// The numbers of items that were sent on one ordered way and of what arrived.
 struct Tally {
     std::size_t sent = 0;
     std::size_t seen = 0;
     std::size_t lost = 0;
     std::size_t doubled = 0;
     std::size_t outOfOrder = 0;
-    /// Seen, but like nothing that was sent.
+    /// Items that were seen but never sent.
     std::size_t unknown = 0;
 
     Tally& operator+=(const Tally& other);
-    /// Everything sent was seen, once, in order, and nothing else.
+    /// True if every item that was sent was seen, once and in order, and no other item was.
     bool exact() const;
-    /// "sent 3, seen 3, lost 0, doubled 0, out of order 0", and "unknown" if any.
+    /// "sent 3, seen 3, lost 0, doubled 0, out of order 0", with ", unknown 1" if there are any.
     std::string text() const;
 };
 
-/// Compares what comes out of an ordered way with what went in. Items are texts;
-/// those that are under way at the same time have to differ.
+/// Compares what comes out of an ordered way with what went in. The items are texts.
+/// REQUIRES: items that are under way at the same time differ.
 class Ledger {
   public:
     void send(const std::string& item);
     void see(const std::string& item);
-    /// Nothing more will come: what is still under way is lost.
+    /// Counts everything that is still under way as lost; nothing more will come.
     void close();
 
     std::size_t underWay() const { return underWay_.size(); }
-    /// Items that were passed by a later one, and those lost by close.
+    /// `lost` counts the items that a later one has passed, and those of close().
     Tally tally() const;
 
   private:

@@ -11,41 +11,47 @@
 
 namespace reliability {
 
-/// A client of one of the daemon's ports that never blocks: a port that does not
-/// answer, or a daemon that does not read, must not hold up the others.
+/// A client of one of the daemon's ports that never blocks, so that one thread can serve
+/// several of them: a port that does not answer, or a daemon that does not read, holds up
+/// no other client. support::TcpClient is the one for tests that wait for one reply at a
+/// time.
 class NonBlockingClient {
   public:
     explicit NonBlockingClient(std::uint16_t port) : port_(port) {}
 
-    /// Is told from now on what this client does, and when its connection ends.
-    void tell(std::function<void(const std::string&)> observer) { observer_ = std::move(observer); }
+    /// From now on `observer` is called with what this client does, and when its connection
+    /// ends.
+    void setObserver(std::function<void(const std::string&)> observer) {
+        observer_ = std::move(observer);
+    }
 
-    /// Begins to connect; tick goes on with it for as long as the port is refused.
-    /// A small window makes the daemon block early when nothing is read.
+    /// Starts to connect; tick() tries again as long as the port is refused. With a small
+    /// window the daemon blocks soon if this client does not read.
     void connect(bool smallWindow = false);
-    /// Connects and reads; to be called every few milliseconds.
+    /// Goes on connecting, or reads. To be called every few milliseconds.
     void tick();
-    /// What the system does not take at once is dropped; false then.
+    /// Sends the bytes. Returns false if the system did not take all of them; the rest is
+    /// dropped.
     bool send(std::string_view bytes);
     void close();
-    /// Leaves by a reset, as a client that crashed does.
+    /// Closes the connection by a reset, as the system does for a crashed client.
     void reset();
-    /// A stalled client reads nothing until it is told to go on.
+    /// Stops reading, or goes on with it.
     void stall(bool stalled);
 
-    /// connect has been called, and the connection has not ended since.
+    /// True after connect() until the connection ends.
     bool wanted() const { return wanted_; }
-    /// The connection stands; the daemon need not have taken it yet.
+    /// True if there is a connection, whether or not the daemon has accepted it.
     bool connected() const { return socket_.valid() && !connecting_; }
-    /// The daemon has greeted it.
+    /// True if the daemon has greeted this client.
     bool served() const { return served_; }
     bool stalled() const { return stalled_; }
-    /// True when the daemon has read every byte sent.
+    /// True if the daemon has read every byte that was sent.
     bool hasBeenRead() const;
-    /// How many connections the daemon has greeted.
+    /// The number of connections that the daemon has greeted.
     std::size_t timesServed() const { return timesServed_; }
 
-    /// Everything received and not taken yet.
+    /// Everything that was received and not taken yet.
     const std::string& received() const { return received_; }
     std::string take();
 

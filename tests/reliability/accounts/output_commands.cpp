@@ -8,7 +8,7 @@ namespace {
 constexpr unsigned kStreamCard = 0x9;
 constexpr unsigned kTextCard = 0xE;
 
-// " 34" for each byte.
+// The bytes as " 34" each.
 std::string blankAndByte(unsigned value) {
     return " " + zolt_text::hexNumber(value, 2);
 }
@@ -30,7 +30,7 @@ OutputCommand OutputCommands::nextWithoutState() {
     return turn_++ % 2 == 0 ? stream() : text();
 }
 
-// Each command counts one block up; the card gets all its blocks.
+// Each command increases one block; the card gets all its blocks.
 OutputCommand OutputCommands::block(BlockCard& card) {
     const std::size_t index = card.commands++ % card.values.size();
     unsigned& value = card.values[index];

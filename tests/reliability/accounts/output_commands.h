@@ -6,26 +6,26 @@
 
 namespace reliability {
 
-/// A command for IO, without a line end, and what the card has to get for it.
+/// A command for IO, without a line end, and the frame that the card must get for it.
 struct OutputCommand {
     unsigned card = 0;
     std::string line;
-    /// In hexadecimal: "10 05 02 FF FB".
+    /// The bytes in hexadecimal: "10 05 02 FF FB".
     std::string frame;
 };
 
-/// Commands for the five cards that have outputs, each with a running number in
-/// it, so that no two that are under way at the same time are the same:
-/// 0 servo, 5 digital-output, 9 ir, A motor, E lcd.
+/// Commands for the five cards with outputs: 0 servo, 5 digital-output, 9 ir, A motor, E lcd.
+/// Each command has a running number in it, so that commands that are under way at the same
+/// time differ.
 class OutputCommands {
   public:
-    /// The cards' outputs stand as they do after a discovery of cleared cards.
+    /// Starts with the outputs that cards have after a discovery of cleared cards.
     OutputCommands();
 
-    /// One card after the other.
+    /// The next command; the five cards take turns.
     OutputCommand next();
-    /// Only for the two cards whose commands do not depend on what was sent
-    /// before: 9 and E in turn.
+    /// The next command for card 9 or E, which take turns: their commands do not depend on
+    /// what was sent before.
     OutputCommand nextWithoutState();
 
   private:

@@ -94,7 +94,7 @@ Traffic::Traffic(BusWatch& bus, NonBlockingClient& io, NonBlockingClient& mon, c
 }
 
 bool Traffic::step() {
-    // All of them, whatever the first says.
+    // Every part has to run, so the results are combined afterwards.
     const bool frames = takeFrames();
     const bool io = takeIo();
     const bool mon = takeMon();
@@ -152,8 +152,8 @@ bool Traffic::takeMon() {
     return !items.empty();
 }
 
-// A packet is sent only when the monitor has shown the one before, which the
-// daemon has then read: each is a line of its own.
+// A packet is sent only after the monitor has shown the previous one. The daemon has then
+// read that one, so each packet stays a line of its own.
 bool Traffic::feedCommands() {
     if (commandsSent_ == plan_.commands || lines_.underWay() > 0 ||
         underWay(frames_) >= kCommandsUnderWay) {

@@ -13,18 +13,18 @@
 
 namespace reliability {
 
-/// Output commands from IO to the cards and input changes from the cards to IO
-/// and MON, both at once and as fast as the daemon takes them, each item
-/// accounted for. The cards are those of kTrafficBus.
+/// Sends output commands from IO to the cards and input changes from the cards to IO and MON,
+/// both at once and as fast as the daemon takes them, and accounts for every item. The cards
+/// are those of kTrafficBus.
 class Traffic {
   public:
     struct Plan {
         std::size_t commands = 0;
-        /// Blocks of digital and key cards that change; one more may, since they
-        /// come in pairs.
+        /// The number of changes of blocks of digital and key cards. One more may be made,
+        /// since some come in pairs.
         std::size_t changes = 0;
-        /// Readings of the analogue card, each a change; only if it has not been
-        /// polled yet when this object is made.
+        /// The number of readings of the analogue card, each of which is a change.
+        /// REQUIRES: 0, or the card has not been polled when this object is made.
         std::size_t readings = 0;
     };
     struct Result {
@@ -33,29 +33,29 @@ class Traffic {
         Tally reportsAtMon;
         Tally linesAtMon;
 
-        /// Of the commands' unknown frames, those to cards whose outputs a
-        /// discovery sets to values of its own.
+        /// The unknown frames of `commands` that went to cards whose outputs a discovery
+        /// sets to initial values.
         std::size_t presetFrames = 0;
 
         bool exact() const;
-        /// Nothing is wrong that so many losses of the link do not explain. Each
-        /// loses at most the one command under way; reports that it costs are
-        /// missing on both ports, and lines of IO do not depend on it. It doubles
-        /// nothing, keeps the order, and makes up only outputs that stand anew
-        /// after the discovery behind it, if there is one.
+        /// True if `losses` losses of the link explain everything that is wrong. One loss
+        /// loses at most the one command that is under way. The reports that it loses are
+        /// missing on both ports; lines of IO do not depend on the link. A loss doubles
+        /// nothing and keeps the order. It causes unknown frames only if a discovery
+        /// follows (`rediscovers`), which sets outputs to initial values.
         bool linkLossExplains(std::size_t losses, bool rediscovers) const;
     };
 
-    /// By the first step the cards have been discovered, cleared before, and
-    /// their inputs are 0. Nothing else uses the clients.
+    /// REQUIRES: by the first step the cards have been cleared and discovered, their inputs
+    /// are 0, and the clients are used only here.
     Traffic(BusWatch& bus, NonBlockingClient& io, NonBlockingClient& mon, const Plan& plan);
 
-    /// Makes a step with what the clients have read meanwhile; false when nothing
-    /// has happened.
+    /// Handles what the clients have read since the last step, and sends more. False if
+    /// nothing has happened.
     bool step();
-    /// Everything has been sent and seen.
+    /// True if everything has been sent and seen.
     bool done() const;
-    /// What is still under way is taken for lost.
+    /// Counts everything that is still under way as lost.
     void close();
     Result result() const;
 
@@ -86,8 +86,8 @@ class Traffic {
     Ledger lines_;
 };
 
-/// A card of every kind with outputs, eight digital inputs, a key matrix and an
-/// analogue card; at D nobody answers.
+/// The bus file: a card of every kind with outputs, eight digital inputs, a key matrix and an
+/// analogue card. The card at D does not answer.
 extern const char* const kTrafficBus;
 
 }  // namespace reliability

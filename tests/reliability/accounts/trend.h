@@ -10,18 +10,17 @@ struct TrendPoint {
     double value = 0;
 };
 
-/// The straight line through the points after the warm-up, which is their first
-/// third.
+/// The straight line through all points except the first third, which is the warm-up.
 struct Trend {
     std::size_t points = 0;
-    /// Per minute, and its standard error.
+    /// The rise per minute, and its standard error.
     double slope = 0;
     double error = 0;
-    /// Minutes from the first point to the last.
+    /// The minutes from the first point to the last.
     double span = 0;
 
-    /// The rise over the span is more than `noise`, and the slope more than three
-    /// times its standard error: neither chance nor a single step explains it.
+    /// True if the rise over the span is more than `noise` and the slope more than three
+    /// times its standard error: neither chance nor a single step explains such a rise.
     bool risesAbove(double noise) const;
 };
 

@@ -12,7 +12,7 @@ const std::string& prepared(const std::string& busText, const support::DaemonSet
     return busText;
 }
 
-/// What FORCEDISCOVER has to answer on the bus of the traffic.
+/// The reply to FORCEDISCOVER on the bus of the traffic.
 std::string trafficBusList() {
     return consoleReply({"FORCED DISCOVER LIST:", "DTI:0x0:6 channel RC SERVO CONTROLLER",
                          "DTI:0x1:16 channel DIGITAL INPUT", "DTI:0x2:16 channel DIGITAL INPUT",

@@ -13,43 +13,42 @@
 
 namespace reliability {
 
-/// The daemon did not do what it has to; what() is the reason.
+/// Thrown when the daemon did not do what it has to do; what() is the reason.
 class Failure : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// How long the daemon may take over whatever is sure to come.
+/// The longest time that the daemon may take for anything.
 inline constexpr std::chrono::seconds kHang{60};
 
-/// A daemon on a watched bus with one client on each port, in the private view
-/// of this process. One thread; one at a time.
+/// A daemon on a watched bus with one client on each port, in the private view of this
+/// process. To be used by one thread; only one may exist at a time.
 class WatchedDaemon {
   public:
-    /// Starts both; the bus is at /dev/ttyUSB0. Throws std::runtime_error.
+    /// Starts the bus, at /dev/ttyUSB0, and the daemon. Throws std::runtime_error.
     WatchedDaemon(const support::DaemonSettings& settings, const std::string& busText);
 
-    /// Lets the clients read; throws Failure when the daemon has ended.
+    /// Lets the clients read. Throws Failure if the daemon has ended.
     virtual void tick();
-    /// Ticks until `done`; throws Failure ("WHAT does not come") after kHang.
+    /// Ticks until `done` returns true. Throws Failure ("WHAT does not come") after kHang.
     void await(const std::string& what, const std::function<bool()>& done);
-    /// Waits until all three clients have been greeted, connecting those that are not.
+    /// Connects the clients that are not connected, and waits until all three are greeted.
     void serveClients();
-    /// Types a command line on the console and waits until `reply` is part of what
-    /// has come; what came is taken.
+    /// Sends a line to the console, waits until `reply` has come and drops all that was
+    /// received there.
     void ask(const std::string& line, const std::string& reply);
-    /// Waits until a card answers: then the link stands, and requests to cards that
-    /// were typed before have been worked off.
+    /// Waits until a card answers. Then the link is up, and all earlier requests to cards
+    /// have been processed.
     void findLink();
-    /// Discovers the cards anew until the console lists every card of the
-    /// traffic's bus: it looks one second after it has asked, and a busy machine may
-    /// take longer.
+    /// Repeats the discovery until the console lists every card of the traffic's bus. The
+    /// console lists what has answered within a second, and a busy machine may take longer.
     void findCards();
 
-    /// Starts a daemon after stop. Throws Failure.
+    /// Starts the daemon again after stop(). Throws Failure.
     void start();
-    /// Ends the daemon; throws Failure when it does not end well or has printed
-    /// anything as an error.
+    /// Ends the daemon. Throws Failure if the daemon ends with another status than 0 or has
+    /// written to its standard error.
     void stop();
 
     support::DaemonProcess& daemon() { return daemon_; }
@@ -70,7 +69,7 @@ class WatchedDaemon {
     NonBlockingClient mon_{support::kMonPort};
 };
 
-/// Reply lines as the console sends them, with its prompt at the end.
+/// The reply of the console with these lines and its prompt, as it comes on the port.
 std::string consoleReply(const std::vector<std::string>& lines);
 
 }  // namespace reliability

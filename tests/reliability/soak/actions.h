@@ -8,12 +8,12 @@
 
 namespace reliability {
 
-/// One thing that may happen in a storm. What it does follows from the numbers
-/// it draws; it draws the same ones whatever state the stage is in, and does
-/// nothing where the state does not allow it.
+/// One thing that may happen in a storm. The numbers that an action draws decide what it
+/// does. An action draws the same numbers in every state of the stage, and does nothing in
+/// a state that does not allow it.
 struct Action {
     const char* name;
-    /// How often it is drawn, relative to the others.
+    /// The chance that this action is drawn, relative to the weights of the others.
     std::size_t weight;
     void (*perform)(SoakStage& stage, Random& random);
 };
@@ -23,13 +23,13 @@ std::span<const Action> consoleActions();
 std::span<const Action> busActions();
 std::span<const Action> systemActions();
 
-/// More at once than storms bring, so that the daemon's heap has had its largest
-/// size before anybody looks whether it grows. All clients have been greeted.
+/// Sends more at once than any storm does, so that the daemon's heap reaches its largest
+/// size before the soak watches its growth. REQUIRES: all clients have been greeted.
 void floodAtMost(SoakStage& stage);
 
-/// All of them.
+/// The actions of all four tables.
 std::vector<Action> allActions();
-/// One of them, by weight.
+/// Draws one of the actions by their weights.
 const Action& drawAction(const std::vector<Action>& actions, Random& random);
 
 }  // namespace reliability

@@ -1,4 +1,4 @@
-// What happens to inputs, answers and adapters.
+// Actions on inputs, answers and adapters.
 #include <array>
 #include <filesystem>
 
@@ -12,11 +12,11 @@ void changeInput(SoakStage& stage, Random& random) {
     constexpr std::array kInputs{"set 1 0", "set 3 0",  "set 3 1", "set C 1",
                                  "key 8",   "turn F 0", "turn F 5"};
     const std::string input = random.oneOf(kInputs);
-    // Calm phases use the values above for their marks.
+    // The values above 7F are kept for the marks of the calm phases.
     stage.bus().control(input + " " + zolt_text::hexNumber(random.below(0x80), 2));
 }
 
-// The bus moves between names with odd numbers, strangers have even ones.
+// The adapter of the bus gets odd numbers, strange adapters get even ones.
 std::string adapterName(std::size_t number) {
     return "/dev/ttyUSB" + std::to_string(number);
 }
@@ -59,15 +59,15 @@ void silence(SoakStage& stage, Random& random) {
     stage.spoil("silence" + request + " " + timesText(random));
 }
 
-// Around the daemon's limit, which is some tens of milliseconds.
+// The delays are below and above the daemon's limit, which is some tens of milliseconds.
 void answerLate(SoakStage& stage, Random& random) {
     const std::string delay = std::to_string(1 + random.below(200));
     stage.spoil("delay " + delay + " " + timesText(random));
 }
 
-// Of the discovery's answers none is bent: a card would be taken for another
-// kind, and its commands would be illegal.
-const char* bendable(Random& random) {
+// The requests whose answers may be changed. Discovery is not among them: a card would count
+// as another kind, and its commands would be illegal.
+const char* spoilable(Random& random) {
     constexpr std::array kRequests{"poll", "output", "check", "config"};
     return random.oneOf(kRequests);
 }
@@ -80,7 +80,7 @@ void makeNoise(SoakStage& stage, Random& random) {
         const std::size_t byte = random.below(256);
         fault += " " + zolt_text::hexNumber(byte == kDiscoveryAnswer ? 0 : byte, 2);
     }
-    stage.spoil(fault + " for " + bendable(random) + " " + timesText(random));
+    stage.spoil(fault + " for " + spoilable(random) + " " + timesText(random));
 }
 
 void babble(SoakStage& stage, Random& random) {
@@ -89,9 +89,9 @@ void babble(SoakStage& stage, Random& random) {
     stage.spoil(fault + " for poll " + std::to_string(10 + random.below(90)) + " times");
 }
 
-void bendAnswer(SoakStage& stage, Random& random) {
-    constexpr std::array kBends{"truncate", "oversize", "length", "address", "class"};
-    const std::string kind = random.oneOf(kBends);
+void spoilAnswer(SoakStage& stage, Random& random) {
+    constexpr std::array kFaults{"truncate", "oversize", "length", "address", "class"};
+    const std::string kind = random.oneOf(kFaults);
     const std::size_t number = random.below(256);
     std::string fault = kind;
     if (kind == "truncate" || kind == "oversize") {
@@ -101,7 +101,7 @@ void bendAnswer(SoakStage& stage, Random& random) {
     } else {
         fault += " " + zolt_text::hexNumber(number, 2);
     }
-    stage.spoil(fault + " for " + bendable(random) + " " + timesText(random));
+    stage.spoil(fault + " for " + spoilable(random) + " " + timesText(random));
 }
 
 void clearFaults(SoakStage& stage, Random& /*random*/) {
@@ -118,7 +118,7 @@ constexpr Action kBusActions[] = {
     {"late answers", 3, answerLate},
     {"noise", 3, makeNoise},
     {"babble", 1, babble},
-    {"bent answers", 4, bendAnswer},
+    {"spoiled answers", 4, spoilAnswer},
     {"clear faults", 4, clearFaults},
 };
 

@@ -14,10 +14,10 @@ using support::Clock;
 
 constexpr std::chrono::milliseconds kQuiet{300};
 constexpr int kRepeats = 3;
-// Commands and input changes of one calm phase.
+// The number of commands, and of input changes, in one calm phase.
 constexpr std::size_t kItems = 300;
 
-// Not to be excused by a link that was lost meanwhile.
+// A failure that a link loss in the same phase does not explain.
 class Unexplained : public Failure {
   public:
     using Failure::Failure;
@@ -46,9 +46,9 @@ class Calm {
         return stage_.cae().served() && stage_.io().served() && stage_.mon().served();
     }
 
-    // Everything that clients sent before has been worked off once lines sent now
-    // are answered. An EXIT among it ends a connection, and then it takes another
-    // attempt.
+    // Once the daemon answers lines that are sent now, it has processed everything that
+    // the clients sent before. An EXIT among the earlier lines ends a connection and makes
+    // another attempt necessary.
     void passQueuedLines() {
         const auto deadline = Clock::now() + kHang;
         do {
@@ -58,11 +58,11 @@ class Calm {
     }
 
     bool exchangeTokens(const std::string& token) {
-        stage_.await("the reading of what clients sent", [this] {
+        stage_.await("the daemon's reading of what clients sent", [this] {
             return !allServed() || (stage_.cae().hasBeenRead() && stage_.io().hasBeenRead());
         });
         if (!allServed()) return false;
-        // The console repeats the number as typed, and shows IO's illegal line.
+        // The console repeats the number as typed, and reports the illegal line of IO.
         stage_.cae().send("SPEED=100 " + token + "\r\n");
         stage_.io().send(token + "\r\n");
         stage_.await("the answers to " + token, [&] {
@@ -97,9 +97,9 @@ class Calm {
         stage_.setCardsKnown(true);
     }
 
-    // The storm's commands have all passed once new ones have. Each storm is
-    // judged by itself: what the link's losses in one would explain does not make
-    // up for a command lost in another.
+    // Once new commands have reached the cards, all commands of the storm have done so or
+    // are lost. Each storm is judged by itself: the link losses of one storm do not excuse
+    // a command that is lost in another.
     void settleOutputs() {
         if (stage_.outputs().sent == 0) stage_.bus().takeOutputs();
         stage_.accountForOutputs(true);
@@ -123,7 +123,7 @@ class Calm {
         stage_.beginAccount();
     }
 
-    // Reports of the storm that still wait come ahead of these.
+    // Reports of the storm that still wait come before the reports of these changes.
     void drainReports() {
         stage_.ask("ENABLEPOLL", consoleReply({"CIA: GLOBAL POLLING IS ENABLED"}));
         for (const char* value : {"F1", "00"}) {
@@ -190,7 +190,7 @@ void calmDown(SoakStage& stage, Random& random, CalmCounts& counts) {
         const std::size_t lossesBefore = stage.bus().counts().losses;
         try {
             Calm(stage, random, counts).run();
-            // From here on the losses of the next storm.
+            // The account of the next storm begins here.
             stage.beginAccount();
             return;
         } catch (const Unexplained&) {
@@ -198,7 +198,7 @@ void calmDown(SoakStage& stage, Random& random, CalmCounts& counts) {
         } catch (const Failure& failure) {
             stage.diary().pause(false);
             stage.diary().note(failure.what());
-            // Once the storm's commands are settled, what comes is of this phase.
+            // When the commands of the storm are settled, all frames belong to this phase.
             stage.accountForOutputs(stage.outputs().sent > 0);
             const bool linkLost = stage.bus().counts().losses > lossesBefore;
             if (!linkLost || attempt == kRepeats || !stage.daemon().running()) throw;

@@ -8,23 +8,23 @@
 
 namespace reliability {
 
-/// What calm phases have found so far.
+/// The results of all calm phases so far.
 struct CalmCounts {
     Tally commands;
     Tally reports;
-    /// Of storms, and how many of them a lost link or a connection that ended
-    /// would have explained.
+    /// The commands of the storms, and how many of them may be lost because the link was
+    /// lost or a connection had ended.
     Tally stormCommands;
     std::size_t mayBeLost = 0;
-    /// Phases that were begun again because the link was lost in them: on a busy
-    /// machine the daemon may get no processor for so long.
+    /// The number of phases that were repeated because the link was lost meanwhile, which
+    /// happens if a busy machine gives the daemon no processor for the time of an answer.
     std::size_t repeated = 0;
 };
 
-/// Ends a storm and insists that the daemon serves again as if nothing had been:
-/// every client, the console, the link, discovery, commands of the storm that
-/// still wait, then commands and input changes of which none may be lost or come
-/// twice. Throws Failure.
+/// Ends a storm and checks that the daemon serves again as if nothing had happened: every
+/// client, the console, the link, discovery, and the commands of the storm that still wait.
+/// Then come commands and input changes of which none may be lost or doubled. Throws
+/// Failure.
 void calmDown(SoakStage& stage, Random& random, CalmCounts& counts);
 
 }  // namespace reliability

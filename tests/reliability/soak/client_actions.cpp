@@ -1,4 +1,4 @@
-// What clients do: well-behaved ones, and all the others.
+// Actions of well-behaved and of other clients.
 #include <array>
 
 #include "tests/reliability/soak/actions.h"
@@ -37,8 +37,8 @@ void sendRubbish(SoakStage& stage, Random& random) {
     stage.type(client, random.bytes(1 + random.below(kLongestPacket)));
 }
 
-// Halves of commands, and whole ones in pieces, are for D: there is no card, so
-// that none gets a frame when the daemon reads them together with what comes next.
+// Parts of commands are for address D, which has no card: if the daemon reads them together
+// with the next bytes, no card gets a frame.
 void sendHalfLine(SoakStage& stage, Random& random) {
     constexpr std::array kBeginnings{"aDb1dF", "aDlPAp03",  "aDsH", "FORCEDISCOVE",
                                      "SPEED=", "GETLASTIN", "EXIT"};
@@ -47,7 +47,7 @@ void sendHalfLine(SoakStage& stage, Random& random) {
     stage.type(client, line.substr(0, 1 + random.below(line.size())));
 }
 
-// A line of its own each, unless the daemon reads several at once.
+// Each byte makes a line of its own, unless the daemon reads several at once.
 void dawdle(SoakStage& stage, Random& random) {
     NonBlockingClient& client = anyClient(stage, random);
     stage.dawdle(client, "aDb0d00\r\n");
@@ -65,7 +65,8 @@ void floodIo(SoakStage& stage, Random& random) {
     flood(stage.io(), line + "\r\n", 1 + random.below(kLongestFlood));
 }
 
-// To an address without a card: an empty frame each takes its turn on the bus.
+// The commands are for an address without a card: each takes its turn on the bus as an empty
+// frame.
 void floodIoWithEmptyFrames(SoakStage& stage, Random& random) {
     std::string packet;
     while (packet.size() < 240) packet += "aDb0d00\r\n";

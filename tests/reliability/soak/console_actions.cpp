@@ -1,4 +1,4 @@
-// What an operator types.
+// Actions of an operator on the console.
 #include <array>
 
 #include "tests/reliability/soak/actions.h"
@@ -17,7 +17,7 @@ void command(SoakStage& stage, Random& random) {
     stage.cae().send(std::string(random.oneOf(kLines)) + "\r\n");
 }
 
-// Each stops the master loop for a second.
+// Each of these commands stops the master loop for a second.
 void configureCard(SoakStage& stage, Random& random) {
     constexpr std::array kLines{
         "LCDSELFTEST:E=ON", "LCDINITLIGHT:E=OF", "REBOOT:E",      "REBOOT:3",     "SETANMASK:F=0F",
@@ -26,7 +26,7 @@ void configureCard(SoakStage& stage, Random& random) {
     stage.cae().send(std::string(random.oneOf(kLines)) + "\r\n");
 }
 
-// Nobody answers there, which costs the link.
+// No card answers at this address, which costs the link.
 void askSilentAddress(SoakStage& stage, Random& /*random*/) {
     stage.bus().dropMeasurement();
     stage.cae().send("REBOOT:D\r\n");
@@ -37,8 +37,8 @@ void setSpeed(SoakStage& stage, Random& random) {
     stage.cae().send("SPEED=" + std::to_string(random.oneOf(kPercents)) + "\r\n");
 }
 
-// Only when no command is under way that the clearing of the cards could make
-// illegal.
+// FORCEDISCOVER clears the cards, which makes commands illegal: it is only sent if none is
+// under way.
 void forceDiscover(SoakStage& stage, Random& /*random*/) {
     if (stage.outputsUnderWay() > 0 || !stage.cae().connected()) return;
     stage.setCardsKnown(false);

@@ -9,14 +9,14 @@
 
 namespace reliability {
 
-/// Lets the daemon have no descriptor with a higher number for a while.
+/// Limits the number of the highest descriptor that the daemon may have, for some time.
 class DescriptorLimit {
   public:
-    /// Nothing when one is in force. Throws std::system_error.
+    /// Sets a limit, unless one is set already. Throws std::system_error.
     void set(pid_t daemon, rlim_t limit, std::chrono::milliseconds duration);
-    /// Takes the limit back when its time is over; true then.
+    /// Lifts the limit if its time is over; true if it did.
     bool tick();
-    /// Takes it back at once; true when there was one.
+    /// Lifts the limit now; true if there was one.
     bool lift();
 
   private:

@@ -6,8 +6,8 @@
 
 namespace reliability {
 
-/// A small file system of its own, below the work folder, with the daemon's log
-/// on it. It goes with the private view.
+/// A small file system below the work folder, with the daemon's log on it. It ends with the
+/// private view.
 class LogDisk {
   public:
     /// Throws std::system_error.
@@ -17,10 +17,10 @@ class LogDisk {
 
     void rotateLog() const;
     void moveLogFolder(bool away) const;
-    /// No line fits any more, until free.
+    /// Fills the disk so that the log takes no line until free().
     void fill() const;
     void free() const;
-    /// How many lines of the log end so.
+    /// The number of log lines that end in `end`.
     std::size_t linesWith(const std::string& end) const;
 };
 

@@ -1,6 +1,6 @@
-// zolt-soak MINUTES [SEED]: storms of everything that clients, the bus and the
-// system may do, with calm phases between them in which the daemon has to serve
-// as if nothing had been. The seed decides the storms.
+// zolt-soak MINUTES [SEED]: makes storms of everything that clients, the bus and the system
+// may do. In the calm phases between them the daemon has to serve as if nothing had
+// happened. The seed decides the storms.
 #include <charconv>
 #include <chrono>
 #include <cstdlib>
@@ -20,7 +20,8 @@ using support::Clock;
 
 constexpr std::size_t kActionsPerStorm = 80;
 constexpr std::size_t kLongestPauseMs = 250;
-// SIGTERM comes in so many storms, each of which takes half a minute with its calm.
+// One storm in so many minutes ends the daemon by SIGTERM. Such a storm and its calm take
+// half a minute.
 constexpr std::size_t kMinutesPerRestart = 10;
 constexpr double kMinutesOfRestart = 0.5;
 
@@ -67,7 +68,7 @@ class Soak {
             std::cout << report_.line() << std::flush;
             minute = static_cast<std::size_t>(minutesSoFar()) + 1;
         }
-        // Last, since memory is judged over the long life of one daemon.
+        // The restarts come last, since memory is judged over the long life of one daemon.
         report_.daemonChanged();
         for (std::size_t i = 0; i < restarts; ++i) {
             storm(Restart::kYes);
@@ -77,18 +78,18 @@ class Soak {
         stopLogged();
     }
 
-    // After all that has happened to the log and its disk.
+    // The log still works after everything that has happened to the log and its disk.
     void stopLogged() {
         const std::string line = "[INF] zolt is stopped by SIGTERM or SIGINT";
         const std::size_t before = stage_.disk().linesWith(line);
         stage_.stop();
         if (stage_.disk().linesWith(line) != before + 1) {
-            throw Failure("the log does not tell of the daemon's end");
+            throw Failure("the log does not report the daemon's end");
         }
     }
 
-    // Each storm and each action draws from numbers of its own, so that none
-    // depends on how many another has drawn.
+    // Each storm and each action has random numbers of its own, so that none depends on how
+    // many numbers another one has drawn.
     void storm(Restart restart = Restart::kNo) {
         ++storm_;
         stage_.diary().begin("storm " + std::to_string(storm_));
@@ -106,13 +107,13 @@ class Soak {
             const auto pause = std::chrono::milliseconds(storm.below(kLongestPauseMs));
             for (const auto end = Clock::now() + pause; Clock::now() < end;) {
                 stage_.tick();
-                dropWhatCame();
+                dropReceived();
                 std::this_thread::sleep_for(std::chrono::milliseconds(2));
             }
         }
     }
 
-    void dropWhatCame() {
+    void dropReceived() {
         for (NonBlockingClient* client : {&stage_.cae(), &stage_.io(), &stage_.mon()}) {
             if (client->served()) client->take();
         }
@@ -156,7 +157,7 @@ int main(int argc, char** argv) {
         std::cerr << "usage: zolt-soak MINUTES [SEED]\n";
         return 2;
     }
-    // What is freed has to be given back for the table to say anything.
+    // A sanitizer has to give freed memory back: only then does the table show leaks.
     ::setenv("ASAN_OPTIONS", "quarantine_size_mb=1:thread_local_quarantine_size_kb=16", 0);
     try {
         return Soak(minutes, seed).run();

@@ -6,8 +6,8 @@
 namespace reliability {
 namespace {
 
-// A heap that has seen its largest storm keeps that size; so much it may still
-// find after the warm-up.
+// A heap keeps the size of its largest storm. A larger storm after the warm-up may add this
+// much.
 constexpr double kMemoryNoiseKib = 512;
 
 constexpr const char* kHeader =
@@ -17,7 +17,7 @@ constexpr const char* kLine =
     "%6.1f  %8zu  %10zu  %4zu  %3zu  %9zu/%-8zu  %11zu/%-9zu  %4zu  "
     "%9zu/%-4zu  %11lld ms\n";
 
-// A sanitizer keeps what is freed, and finds leaks itself.
+// A sanitizer keeps freed memory, and finds leaks itself.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool kMemoryJudged = false;
 #else
@@ -71,15 +71,16 @@ std::string SoakReport::growth() const {
 std::string SoakReport::summary() const {
     const Trend trend = trendOf(memory_);
     std::string text = formatted(
-        "RssAnon without what is kept of MON: %+.1f kB a minute (standard error %.1f) over %zu "
+        "RssAnon without the kept input of MON: %+.1f kB a minute (standard error %.1f) over %zu "
         "calm phases, %.1f minutes\n",
         trend.slope, trend.error, trend.points, trend.span);
     text += formatted("descriptors %zu at first, %zu at last; threads %zu and %zu\n",
                       first_.descriptors, last_.descriptors, first_.threads, last_.threads);
-    text += "back in service after the adapter's return: " + returnsText(bus_.returnsAlone) + "\n";
+    text +=
+        "back in service after a return of the adapter: " + returnsText(bus_.returnsAlone) + "\n";
     text += "the same with other adapters plugged in: " + returnsText(bus_.returnsAmongStrangers) +
             "\n";
-    text += formatted("commands of storms: %zu, of them lost %zu and could explain %zu\n",
+    text += formatted("commands of storms: %zu, of which %zu were lost and %zu may be lost\n",
                       calm_.stormCommands.sent, calm_.stormCommands.lost, calm_.mayBeLost);
     text += formatted("calm phases repeated because the link was lost: %zu\n", calm_.repeated);
     return text;

@@ -11,20 +11,20 @@
 
 namespace reliability {
 
-/// The table that a soak prints, and its verdict on memory and descriptors.
+/// The table that a soak prints, and its judgement of memory and descriptors.
 class SoakReport {
   public:
     static std::string header();
 
-    /// Adds what a calm phase has found, `minutes` after the start.
+    /// Adds the results of a calm phase that ended `minutes` after the start.
     void add(double minutes, SoakStage& stage, const CalmCounts& calm);
-    /// From now on it is another daemon, whose memory is not judged.
+    /// Reports that another daemon runs from now on; its memory is not judged.
     void daemonChanged() { memoryJudged_ = false; }
-    /// The table's line about the last one added.
+    /// The line of the table about the last phase that was added.
     std::string line() const { return line_; }
-    /// What has grown, over lines; empty when nothing has.
+    /// What has grown, in whole lines; empty if nothing has.
     std::string growth() const;
-    /// The trends and the longest return, over lines.
+    /// The trends and the longest return of the adapter, in whole lines.
     std::string summary() const;
 
   private:

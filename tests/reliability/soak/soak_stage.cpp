@@ -8,7 +8,7 @@
 namespace reliability {
 namespace {
 
-// What is typed on MON is kept for good, a list node of 32 bytes for each byte.
+// The daemon keeps what is typed on MON forever, in a list node of 32 bytes per byte.
 constexpr std::size_t kMonitorBudget = 16 * 1024;
 constexpr std::size_t kBytesPerByte = 32;
 constexpr std::chrono::seconds kReadPatience{5};
@@ -29,10 +29,10 @@ SoakStage::SoakStage() : WatchedDaemon(soakSettings(), kTrafficBus) {
     const auto noteAs = [this](const std::string& who) {
         return [this, who](const std::string& what) { diary_.note("  " + who + " " + what); };
     };
-    cae().tell(noteAs("console"));
-    io().tell(noteAs("IO"));
-    mon().tell(noteAs("MON"));
-    bus().tell(noteAs("bus:"));
+    cae().setObserver(noteAs("console"));
+    io().setObserver(noteAs("IO"));
+    mon().setObserver(noteAs("MON"));
+    bus().setObserver(noteAs("bus:"));
 }
 
 void SoakStage::tick() {
@@ -40,7 +40,7 @@ void SoakStage::tick() {
     for (NonBlockingClient& client : others_) client.tick();
     strangers_.tick();
     sendSlowly();
-    // A return under way has been held up.
+    // The limit has held up a return that is under way.
     if (descriptors_.tick()) bus().dropMeasurement();
     if (accounting_) takeFrames();
 }
@@ -66,7 +66,7 @@ void SoakStage::sendOutputs(std::size_t count) {
         tick();
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
-    // A connection that has ended also has nothing left to be read.
+    // hasBeenRead() is also true for a connection that has ended.
     tick();
     read = read && io().connected() && io().hasBeenRead();
     if (!read) excused_ += count;

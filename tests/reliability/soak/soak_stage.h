@@ -16,71 +16,71 @@
 
 namespace reliability {
 
-/// The bench with all that a storm does to it: clients too many, strange
-/// adapters, a log that moves; and with an account of the output commands that
-/// are sent in the midst of it.
+/// A watched daemon and everything that a storm does to it: too many clients, strange
+/// adapters, a log that moves. It also accounts for the output commands that are sent during
+/// a storm.
 class SoakStage : public WatchedDaemon {
   public:
     SoakStage();
 
     void tick() override;
 
-    /// What clients, bus and actions do is noted there.
+    /// The record of what clients, bus and actions do.
     Diary& diary() { return diary_; }
 
-    /// Sends so many commands whose way is accounted for, when the IO client is
-    /// in a state to: everything sent before has been read, and the cards are
-    /// known. Nothing otherwise.
+    /// Sends `count` commands and accounts for them. Sends nothing if the daemon has not
+    /// read everything that the IO client sent before, or if the cards are not known.
     void sendOutputs(std::size_t count);
-    /// Whether the frames at the cards are those of sendOutputs.
+    /// Says whether the frames that the cards get belong to sendOutputs().
     void accountForOutputs(bool on) { accounting_ = on; }
     std::size_t outputsUnderWay() const;
-    /// Of sendOutputs since beginAccount. At most explainedLosses() may be lost: a
-    /// frame that may have been under way when the adapter was unplugged, packets
-    /// that the daemon had not read when their connection ended, and what had not
-    /// come when the daemon was ended.
+    /// The commands of sendOutputs() since beginAccount(). At most explainedLosses() of them
+    /// may be lost: a frame that may have been under way when the adapter was unplugged,
+    /// packets that the daemon had not read when their connection ended, and commands that
+    /// had not arrived when the daemon was ended.
     Tally outputs() const;
     std::size_t explainedLosses();
-    /// Forgets the commands sent so far; one that comes yet, nobody has sent.
+    /// Forgets the commands sent so far: one that still arrives counts as never sent.
     void beginAccount();
-    /// A discovery that clears the cards is under way or has been disturbed:
-    /// until the next calm nobody knows which commands are legal.
+    /// False if a discovery that clears the cards is under way or has been disturbed: which
+    /// commands are legal is then unknown until the next calm.
     bool cardsKnown() const { return cardsKnown_; }
     void setCardsKnown(bool known) { cardsKnown_ = known; }
 
-    /// Sends on one of the three clients; on the monitor, as long as what is typed there, and kept
-    /// for good, stays within bounds.
+    /// Sends the text on one of the three clients. On the monitor, whose input the daemon
+    /// keeps forever, it sends nothing once a total of 16 KiB is reached.
     void type(NonBlockingClient& client, const std::string& text);
     std::size_t typedOnMonitor() const { return typedOnMonitor_; }
-    /// What the daemon holds for it, at least.
+    /// The memory that the daemon holds at least for what was typed on the monitor.
     std::size_t monitorKib() const;
 
-    /// Has this client send a byte each second, unless one is at it already.
+    /// Sends the text one byte per second on this client, unless such a text is being sent.
     void dawdle(NonBlockingClient& client, const std::string& text);
 
-    /// A further client, beside the one that the port has.
+    /// Connects a second client to a port.
     void addClient(std::uint16_t port);
     std::size_t otherClients() const { return others_.size(); }
     void removeOtherClients() { others_.clear(); }
-    /// How often the daemon has greeted the three ports' own clients.
+    /// The number of greetings that the three clients of the stage have got.
     std::size_t connections();
 
-    /// The adapter comes back under this name; without one, under the last.
+    /// Plugs the adapter in under this name, or under its last name if there is none.
     void plugIn(const std::string& link = "");
-    /// A fault that may cost the link or bend an answer.
+    /// Sets a fault that may cost the link or change an answer.
     void spoil(const std::string& fault);
     StrangeAdapters& strangers() { return strangers_; }
 
     LogDisk& disk() { return disk_; }
-    /// Ends by itself. A return of the adapter meanwhile is not measured.
+    /// Limits the descriptors of the daemon for this time. A return of the adapter in this
+    /// time is not measured.
     void limitDescriptors(std::size_t limit, std::chrono::milliseconds duration);
 
-    /// SIGTERM, and another daemon. What waits in the queues goes with the first.
+    /// Ends the daemon by SIGTERM and starts another. What waits in the queues is lost.
     void restart();
 
-    /// Takes everything bad away: faults, strange adapters, clients too many or
-    /// slow, stalls, shortages; the adapter is plugged in and the log folder in
-    /// its place.
+    /// Removes everything bad: faults, strange adapters, additional and slow clients, stalls
+    /// and shortages. Afterwards the adapter is plugged in and the log folder is in its
+    /// place.
     void endStorm();
 
   private:

@@ -8,25 +8,24 @@
 
 namespace reliability {
 
-/// An adapter that sends without a pause, and never what the bus controller
-/// would answer.
+/// An adapter that sends without a pause, but never an answer of the bus controller.
 class BabblingAdapter {
   public:
     explicit BabblingAdapter(const std::filesystem::path& link);
 
-    /// Sends what the line takes; to be called every few milliseconds.
+    /// Sends as much as the line takes. To be called every few milliseconds.
     void tick();
 
   private:
     support::SilentAdapter adapter_;
 };
 
-/// Adapters besides that of the bus.
+/// The adapters other than that of the bus.
 class StrangeAdapters {
   public:
     void addSilent(const std::filesystem::path& link) { silent_.emplace_back(link); }
     void addBabbling(const std::filesystem::path& link) { babbling_.emplace_back(link); }
-    /// Unplugs the one that was plugged in first, of each kind.
+    /// Unplugs the oldest adapter of each kind.
     void removeOldest();
     void clear();
     std::size_t count() const { return silent_.size() + babbling_.size(); }

@@ -1,4 +1,4 @@
-// What happens to the log, the disk and the descriptors.
+// Actions on the log, the disk and the descriptors.
 #include "tests/reliability/soak/actions.h"
 
 namespace reliability {
@@ -24,8 +24,8 @@ void freeDisk(SoakStage& stage, Random& /*random*/) {
     stage.disk().free();
 }
 
-// From none at all, also for what is opened again, to about as many as there are
-// in service.
+// The limits reach from no descriptor at all, not even for a file that is opened again, to
+// about as many as the daemon has in service.
 void limitDescriptors(SoakStage& stage, Random& random) {
     constexpr std::size_t kNone = 3;
     constexpr std::size_t kInService = 17;

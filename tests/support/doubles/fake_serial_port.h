@@ -14,20 +14,21 @@ namespace support {
 class SerialLine {
   public:
     virtual ~SerialLine() = default;
-    /// As read(2) of the host's port: bytes of the line into `buffer`, at most
-    /// `size`; -1 when there are none yet.
+    /// Is called for each read(2) of the host: writes at most `size` bytes of the line to
+    /// `buffer` and returns their number, or -1 if there are none yet.
     virtual ssize_t read(char* buffer, std::size_t size) = 0;
-    /// The host has written a frame.
+    /// Is called with each frame that the host writes.
     virtual void written(std::string_view frame) = 0;
 };
 
-/// What is behind every port from now on, whatever its device; it outlives the
-/// ports. Whatever links fake_serial_port.cpp in gets a stand-in for the daemon's port.
+/// Connects every serial port of the daemon to `line` from now on, whatever its device.
+/// REQUIRES: `line` outlives the ports. A program that contains fake_serial_port.cpp uses the
+/// fake in place of the daemon's SerialPort.
 void plugIn(SerialLine& line);
 
-/// A serial link on a port to `line`, which outlives it. Where its worker has no
-/// thread (hand_run_workers.h) the test runs its cycles itself. One link at a
-/// time.
+/// A serial link on a port that is connected to `line`. If its worker has no thread
+/// (hand_run_workers.h), the test runs the cycles. REQUIRES: `line` outlives the link; one
+/// link exists at a time.
 std::unique_ptr<SERIAL_INTERFACE> makeLink(SerialLine& line, CardTable& cards, ZLQUEUE* reports);
 
 }  // namespace support

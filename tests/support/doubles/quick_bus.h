@@ -10,13 +10,13 @@
 
 namespace support {
 
-/// A bus whose cards answer at once and that takes nothing from the heap while it
-/// runs, so that what is measured is the host's side alone.
+/// A bus whose cards answer without delay and without taking anything from the heap, so that
+/// measurements show the host alone.
 class QuickBus final : public SerialLine {
   public:
     /// The kind codes that a discovery finds, by address.
     std::array<char, wire::kAddresses> kinds{};
-    /// What each card answers its poll with; as many bytes as the poll asks for.
+    /// The bytes with which each card answers a poll; the poll asks for their number.
     std::array<std::array<char, 6>, wire::kAddresses> inputs{};
 
     ssize_t read(char* buffer, std::size_t size) override;
@@ -30,7 +30,7 @@ class QuickBus final : public SerialLine {
   private:
     void answer(std::string_view first, std::string_view rest);
 
-    /// What the host has not read; empty: nothing.
+    /// The bytes that the host has not read yet.
     std::array<char, 64> pending_{};
     std::size_t pendingSize_ = 0;
     std::size_t requests_ = 0;

@@ -7,10 +7,9 @@
 
 namespace support {
 
-/// While one lives, the program's pauses of whole seconds are written down and
-/// return at once. Works by standing in for sleepsec: the test program compiles
-/// recorded_pauses.cpp and is linked with --wrap=_Z8sleepseci. One at a time;
-/// any thread.
+/// As long as such an object exists, the pauses of whole seconds are recorded and return at
+/// once. It replaces sleepsec(): the test program contains recorded_pauses.cpp and is linked
+/// with --wrap=_Z8sleepseci. Only one may exist at a time; any thread may pause.
 class RecordedPauses {
   public:
     RecordedPauses();
@@ -20,10 +19,10 @@ class RecordedPauses {
 
     /// The pauses since the last call, in seconds.
     std::vector<int> take();
-    /// Lets something happen during the next pause, once; on its thread.
+    /// Calls `action` once during the next pause, on the thread that pauses.
     void duringNext(std::function<void()> action);
 
-    // For the wrapped call.
+    /// The replacement of sleepsec() calls this.
     void pause(int seconds);
 
   private:

@@ -17,7 +17,7 @@ class RecordingHost : public ConsoleHost {
   public:
     /// Puts a card into the bus: discovery will find it, its record stays as it is.
     void plugIn(std::size_t address, char kind);
-    /// Puts a card into the bus and enters it into its record.
+    /// Plugs a card into the bus and sets its record up.
     void addCard(std::size_t address, char kind);
     /// Lets all cards answer each configuration request with these bytes (at most
     /// 16, in hexadecimal); without this call the cards are silent.
@@ -29,12 +29,12 @@ class RecordingHost : public ConsoleHost {
     /// Lets the bus answer the last request, unless it has done so.
     void answerRequest();
 
-    /// What has happened since the last call: "reply TEXT", "request HEX",
+    /// The events since the last call: "reply TEXT", "request HEX",
     /// "report TEXT", "polling on" or "off", "delay MICROSECONDS", "pause
     /// SECONDS", "close".
     std::vector<std::string> takeEvents();
 
-    /// Called at each event, before it takes effect.
+    /// Is called with each event before the event takes effect.
     std::function<void(const std::string& event)> watch = [](const std::string&) {};
 
     void reply(ByteList item) override;
@@ -52,7 +52,7 @@ class RecordingHost : public ConsoleHost {
     void happened(const std::string& event);
 
     std::array<PERIFCARD, wire::kAddresses> cards_;
-    /// The kinds in the bus, which the records need not show.
+    /// The kinds of the cards in the bus; their records may differ.
     std::array<char, wire::kAddresses> kinds_{};
     std::optional<std::array<char, 16>> answer_;
     bool atOnce_ = false;

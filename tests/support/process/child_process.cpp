@@ -17,10 +17,10 @@
 namespace support {
 namespace {
 
-// What the kernel keeps of a program's name.
+// The kernel keeps this many characters of a program's name.
 constexpr std::string::size_type kKernelNameLength = 15;
 
-// Only async-signal-safe calls from here to exec.
+// From here to exec only async-signal-safe functions may be called.
 void connectStream(int source, int target) {
     if (source == StandardStreams::kClosed) {
         ::close(target);

@@ -13,7 +13,7 @@
 namespace support {
 namespace {
 
-/// What each thread of a process that does not end is in, for the report.
+/// What each thread of a process that does not end is doing, for the report.
 std::string threadStates(pid_t process) {
     std::string text;
     std::error_code gone;
@@ -64,8 +64,8 @@ std::string DaemonProcess::start(const StandardStreams& streams) {
     const pid_t parent = spawn({program_}, streams);
     const auto status = reap(parent);
     if (!status) throw std::runtime_error("the started process does not end");
-    // Orphaned by its parent's end, the daemon is now a child of this process,
-    // even when it has already ended.
+    // The end of its parent has made the daemon a child of this process, even if it has
+    // already ended itself.
     for (const pid_t child : childrenRunning(program_)) {
         if (std::find(before.begin(), before.end(), child) == before.end()) daemon_ = child;
     }

@@ -12,39 +12,38 @@
 
 namespace support {
 
-/// One run of the zolt program. Its files are the fixed ones of the private
-/// view; its standard output and error go to files in the work folder. It must
-/// run in the process that called enterTestBed, from one thread.
+/// One run of the zolt program. It uses the fixed files of the private view; its standard
+/// output and standard error go to files in the work folder. REQUIRES: enterTestBed() was
+/// called in this process, and one thread makes all calls.
 class DaemonProcess {
   public:
     explicit DaemonProcess(std::string program = defaultProgram()) : program_(std::move(program)) {}
-    /// Kills what is left of it.
+    /// Kills the daemon if it still runs.
     ~DaemonProcess();
     DaemonProcess(const DaemonProcess&) = delete;
     DaemonProcess& operator=(const DaemonProcess&) = delete;
 
-    /// How the process that was started ended ("status 0"): it leaves the daemon
-    /// behind, whose end is another matter. Throws when it does not end. Standard
-    /// output goes to a file, or to `output`: a descriptor of the caller's, or
-    /// StandardStreams::kClosed.
-    /// A daemon that has ended may be started again.
+    /// Starts the daemon and returns how the started process ended ("status 0"), which
+    /// leaves the daemon in the background. Throws if that process does not end. Standard
+    /// output goes to a file or to `output`: a descriptor of the caller, or
+    /// StandardStreams::kClosed. A daemon that has ended may be started again.
     std::string start(std::optional<int> output = std::nullopt);
-    /// As above, with all its standard streams the caller's.
+    /// The same with standard streams that all belong to the caller.
     std::string start(const StandardStreams& streams);
-    /// The daemon's process number, found by its parentage and so independent of
-    /// the PID file; -1 before start.
+    /// The process number of the daemon; -1 before start(). It is found among the children
+    /// of this process and does not depend on the PID file.
     pid_t number() const { return daemon_; }
     bool running();
     /// Sends a signal to the daemon.
     void signal(int number) const;
-    /// How the daemon ended; "still running" when it has not after `patience`.
+    /// How the daemon ended; "still running" if it has not ended after `patience`.
     std::string waitForEnd(std::chrono::milliseconds patience = kPatience);
-    /// Ends it by SIGTERM and returns what is wrong with that: another status
-    /// than 0, anything on standard error. Empty when all is well.
+    /// Ends the daemon by SIGTERM and returns what went wrong: another status than 0, or
+    /// anything on standard error. Empty if all is well.
     std::string stop();
 
     std::string standardOutput() const;
-    /// What the daemon and its sanitizers print as errors.
+    /// Everything that the daemon and its sanitizers have printed as errors.
     std::string standardError() const;
 
     /// The zolt program of the same build.

@@ -12,20 +12,20 @@ inline constexpr std::uint16_t kMonPort = 5003;
 inline constexpr const char* kConfigurationFile = "/etc/zolt/zoltconf.xml";
 inline constexpr const char* kPidFile = "/run/zolt/zolt.pid";
 
-/// One TCP interface as the configuration file describes it; separators are
-/// written as there, with \r and \n in letters.
+/// One TCP interface as the configuration file describes it. Separators are written as in
+/// the file, with \r and \n as two characters each.
 struct InterfaceSettings {
     int port = 0;
     std::string inSeparator = "\\r\\n";
     std::string outSeparator = "\\r\\n";
 };
 
-/// The daemon's configuration. The defaults suit tests: quick loops, everything
-/// logged, nothing on the bus that was not asked for.
+/// The daemon's configuration. The defaults suit tests: fast loops, a log of everything, and
+/// no polling and no discovery that a test has not asked for.
 struct DaemonSettings {
     std::string logFile = defaultLogFile();
     int logLevel = 1;
-    /// Without a value the setting is left out.
+    /// No value leaves the setting out.
     std::optional<int> percent = 50;
     bool polling = false;
     bool discover = false;

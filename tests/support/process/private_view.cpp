@@ -33,10 +33,10 @@ void bringUpLoopback() {
     }
 }
 
-// The daemon gives an answer up after a number of attempts to read it, not after
-// a time. On one processor its attempts stand still while the simulated bus has
-// its turn; on several they would run out while the bus, on a busy machine, still
-// waits for its own.
+// The daemon gives up on an answer after a number of attempts to read it, not after a time.
+// On one processor the daemon makes no attempt while the simulated bus runs. On several
+// processors of a busy machine the attempts could run out while the bus still waits for
+// its turn.
 void keepToOneProcessor() {
     cpu_set_t allowed;
     CPU_ZERO(&allowed);
@@ -52,10 +52,10 @@ void keepToOneProcessor() {
     ::sched_setaffinity(0, sizeof one, &one);
 }
 
-// Where the system shares the processors out by sessions, each daemon has a share of
-// its own, since it starts a session. The tests, and with them all simulated buses,
-// would have one share together if they did not, too: a dozen daemons would wait for
-// buses that get a thirteenth of the machine. It fails for who leads a session already.
+// A system may share its processors out by sessions. Each daemon starts a session and so has
+// a share of its own. Without sessions of their own all tests, with their simulated buses,
+// would have one share together: a dozen daemons would wait for buses that get a thirteenth
+// of the machine. The call fails for the leader of a session, which needs no new one.
 void startSession() {
     ::setsid();
 }

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The number that a folder of /proc is named by, 0 for others.
+// The number in the name of a folder of /proc; 0 for other names.
 pid_t numberOf(const fs::path& folder) {
     const std::string name = folder.filename();
     pid_t number = 0;
@@ -20,7 +20,7 @@ pid_t numberOf(const fs::path& folder) {
     return end == name.data() + name.size() ? number : 0;
 }
 
-// Numbered folders below `folder`; processes and threads may go at any time.
+// The numbered folders below `folder`; processes and threads may end at any time.
 template <typename Action>
 void eachNumber(const fs::path& folder, const Action& action) {
     std::error_code gone;

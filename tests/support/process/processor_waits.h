@@ -7,14 +7,14 @@
 
 namespace support {
 
-/// How long each thread of this private view (the daemon's, the simulated bus's)
-/// has been ready to run without getting a processor, by thread number. Empty on
-/// a kernel that does not count it.
+/// The time that each thread of this private view (those of the daemon and of the simulated
+/// bus) has been ready to run without getting a processor, by thread number. Empty on a
+/// kernel that does not count this.
 using ProcessorWaits = std::map<pid_t, std::chrono::nanoseconds>;
 ProcessorWaits processorWaits();
 
-/// The longest that any one thread has waited between two looks; one that is new
-/// in the second has waited since its start.
+/// The longest time that any thread has waited between two calls of processorWaits(). The
+/// wait of a thread that is only in `after` counts from its start.
 std::chrono::milliseconds longestWait(const ProcessorWaits& before, const ProcessorWaits& after);
 
 }  // namespace support

@@ -6,16 +6,16 @@
 
 namespace support {
 
-/// What a process holds at rest.
+/// The resources that a process holds.
 struct Resources {
-    /// Kibibytes; all that is in memory, and of it what is the process's own.
+    /// Memory in KiB: all that is resident, and the part that belongs to this process alone.
     std::size_t residentKib = 0;
     std::size_t anonymousKib = 0;
     std::size_t descriptors = 0;
     std::size_t threads = 0;
 };
 
-/// The least of several looks in some tenths of a second: a log line that is just
+/// The lowest values of several looks within some tenths of a second: a log line that is
 /// being written holds a descriptor for a moment.
 Resources resourcesAtRest(pid_t process);
 

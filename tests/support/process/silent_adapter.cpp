@@ -17,7 +17,7 @@ SilentAdapter::SilentAdapter(std::filesystem::path link)
         ::unlockpt(controller_.get()) != 0 || (name = ::ptsname(controller_.get())) == nullptr) {
         throw std::system_error(errno, std::generic_category(), "pseudo-terminal");
     }
-    // Held open in raw mode: without it the terminal would echo, and so answer.
+    // The terminal is kept open in raw mode: otherwise it would echo, which is an answer.
     terminal_.reset(::open(name, O_RDWR | O_NOCTTY | O_CLOEXEC));
     termios settings{};
     ::cfmakeraw(&settings);

@@ -6,8 +6,8 @@
 
 namespace support {
 
-/// A serial adapter behind which nobody answers: a pseudo-terminal under the
-/// given name for as long as the object lives.
+/// A serial adapter that never answers: a pseudo-terminal under the given name. It is
+/// unplugged when the object goes.
 class SilentAdapter {
   public:
     explicit SilentAdapter(std::filesystem::path link);
@@ -15,7 +15,8 @@ class SilentAdapter {
     SilentAdapter(const SilentAdapter&) = delete;
     SilentAdapter& operator=(const SilentAdapter&) = delete;
 
-    /// The end behind the adapter: what is written there it sends. Stays owned.
+    /// The other end of the adapter's line: the adapter sends what is written there. The
+    /// descriptor stays with this object.
     int farEnd() const { return controller_.get(); }
 
   private:

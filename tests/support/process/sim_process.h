@@ -11,43 +11,42 @@
 
 namespace support {
 
-/// A running simulated card bus (the program zolt-sim) with its control socket
-/// and its full trace.
+/// A running zolt-sim, the simulated card bus, with its control socket and its full trace.
 class SimProcess {
   public:
     struct Options {
-        /// The bus description, as a bus file holds it.
+        /// The content of the bus file.
         std::string bus;
-        /// Name under which the daemon finds the adapter.
+        /// The name under which the daemon finds the adapter.
         std::filesystem::path link = "/dev/ttyUSB0";
-        /// Speed of the wire; 0 answers at once.
+        /// The speed of the wire; 0 answers without delay.
         int baud = 0;
         std::string program = defaultProgram();
-        /// Whether it writes the trace, which grows with every poll.
+        /// False turns the trace off, which grows with every poll.
         bool traced = true;
     };
 
-    /// Starts it and waits until the daemon could open it; throws
-    /// std::runtime_error with what it printed when it does not come up.
+    /// Starts zolt-sim and waits until a daemon could open its adapter. Throws
+    /// std::runtime_error with the output of zolt-sim if that does not happen.
     explicit SimProcess(const Options& options);
-    /// Ends it.
+    /// Ends zolt-sim.
     ~SimProcess();
     SimProcess(const SimProcess&) = delete;
     SimProcess& operator=(const SimProcess&) = delete;
 
-    /// Runs one control line and returns the lines of its answer without the
-    /// final "ok"; throws std::runtime_error when it is refused.
+    /// Runs one control line and returns the lines of the answer without the final "ok".
+    /// Throws std::runtime_error if the line is refused.
     std::vector<std::string> control(const std::string& line);
-    /// Runs many control lines whose answers do not matter, in one go.
+    /// Runs many control lines at once; their answers are ignored.
     void controlAll(const std::vector<std::string>& lines);
 
-    /// The trace lines that have come since the last call.
+    /// The lines of the trace since the last call.
     std::vector<std::string> readNewTrace() { return trace_.readNewLines(); }
-    /// The last lines of the trace, for a report of a failure.
+    /// The last lines of the trace, for the report of a failure.
     std::string traceTail(std::size_t lines) const;
 
-    /// Ends it as a user would and returns what is wrong with that: its exit
-    /// status and all it printed as errors. Empty when all is well.
+    /// Ends zolt-sim as a user would and returns what went wrong: its exit status and
+    /// everything that it printed as errors. Empty if all is well.
     std::string stop();
 
     /// The zolt-sim of the same build.
@@ -66,8 +65,7 @@ class SimProcess {
     std::string controlInput_;
 };
 
-/// Text of a bus file that comes with the simulated bus, for example
-/// "all-kinds".
+/// The content of a bus file that is part of zolt-sim, for example "all-kinds".
 std::string shippedBus(const std::string& name);
 
 }  // namespace support

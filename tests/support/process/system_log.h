@@ -7,8 +7,8 @@
 
 namespace support {
 
-/// Stands in for the system log: binds /dev/log and keeps what is sent there.
-/// Needs a private view of /dev, and only one may exist at a time.
+/// Takes the place of the system log: binds /dev/log and keeps what is sent there.
+/// REQUIRES: a private view of /dev; only one may exist at a time.
 class SystemLog {
   public:
     SystemLog();
@@ -16,8 +16,8 @@ class SystemLog {
     SystemLog(const SystemLog&) = delete;
     SystemLog& operator=(const SystemLog&) = delete;
 
-    /// The messages that have come since the last call, with the priority in
-    /// front and without the time stamp: "<13>program: text".
+    /// The messages since the last call, with the priority and without the time stamp:
+    /// "<13>program: text".
     std::vector<std::string> readNew();
 
   private:

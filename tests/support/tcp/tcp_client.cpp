@@ -39,7 +39,7 @@ std::optional<TcpClient> TcpClient::tryConnect(std::uint16_t port) {
         if (errno == ECONNREFUSED || errno == ECONNRESET) return std::nullopt;
         fail("connect to port " + std::to_string(port));
     }
-    // One packet per send, at once.
+    // Every send() makes a packet at once.
     const int yes = 1;
     ::setsockopt(socket.get(), IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
     return TcpClient(std::move(socket));
@@ -102,7 +102,7 @@ void TcpClient::reset() {
 }
 
 void TcpClient::vanish() const {
-    // Keeps 0 bytes of every packet: the system drops it unseen and unanswered.
+    // This filter keeps 0 bytes of every packet: the system drops the packet without an answer.
     sock_filter dropAll{BPF_RET | BPF_K, 0, 0, 0};
     const sock_fprog program{1, &dropAll};
     if (::setsockopt(socket_.get(), SOL_SOCKET, SO_ATTACH_FILTER, &program, sizeof program) != 0) {

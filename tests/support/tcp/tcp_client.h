@@ -14,32 +14,30 @@ namespace support {
 /// A client of one of the daemon's TCP ports, on the loopback interface.
 class TcpClient {
   public:
-    /// Connects, trying again while the port is refused; throws
-    /// std::runtime_error when that lasts longer than `patience`.
+    /// Connects, trying again while the port is refused. Throws std::runtime_error if that
+    /// lasts longer than `patience`.
     static TcpClient connect(std::uint16_t port, std::chrono::milliseconds patience = kPatience);
-    /// One attempt; nothing when the port is refused.
+    /// Makes one attempt; returns nothing if the port is refused.
     static std::optional<TcpClient> tryConnect(std::uint16_t port);
 
-    /// Sends the bytes in one packet; throws std::runtime_error on failure.
+    /// Sends the bytes in one packet. Throws std::runtime_error.
     void send(std::string_view bytes);
-    /// What has come since the last call, or the first `most` bytes of it.
+    /// The bytes since the last call, but not more than `most`.
     std::string receive(std::size_t most = std::string::npos);
-    /// Waits until there is something to receive, or the other side has closed;
-    /// false when `patience` passes first.
+    /// Waits until there is something to receive or the other side has closed. False if
+    /// `patience` has passed first.
     bool waitReadable(std::chrono::milliseconds patience = kPatience) const;
-    /// What comes until it ends in `end`, or until `patience` has passed.
+    /// Receives until the bytes end in `end` or `patience` has passed.
     std::string receiveUntil(std::string_view end, std::chrono::milliseconds patience = kPatience);
-    /// True once the other side has closed or reset the connection; known after
-    /// a receive.
+    /// True if receive() has found that the other side has closed or reset the connection.
     bool closedByPeer() const { return closedByPeer_; }
-    /// True when the other side's program has read every byte sent, or has
-    /// closed the connection: only then does the next send make a chunk of its
-    /// own.
+    /// True if the program on the other side has read every byte that was sent, or has closed
+    /// the connection: only then does that program read the next packet by itself.
     bool peerHasReadAll() const;
-    /// Closes by a reset, as a client that crashed does.
+    /// Closes the connection by a reset, as the system does for a crashed client.
     void reset();
-    /// From now on nothing reaches it and it says nothing, not even that it is
-    /// gone: as a machine that has lost its power. Lasts as long as the object.
+    /// Behaves like a machine that has lost its power: from now on this client receives and
+    /// sends nothing, not even the end of the connection, until the object goes.
     void vanish() const;
 
   private:

@@ -15,7 +15,7 @@ namespace {
 
 using AddressOf = int (*)(int, sockaddr*, socklen_t*);
 
-// How the kernel's table ends the address at one end; empty when there is none.
+// The end of the line of an address in the kernel's table; empty if there is no address.
 std::string portIn(int socket, AddressOf addressOf) {
     sockaddr_in address{};
     socklen_t size = sizeof address;

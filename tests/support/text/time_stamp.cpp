@@ -25,8 +25,8 @@ bool fits(char character, char shape) {
     }
 }
 
-// True when the text has this shape from `start` on: 0 stands for a digit, _ for
-// a digit or blank, A and a for letters, all else for itself.
+// True if the text has this shape from `start` on. In the shape 0 is a digit, _ a digit or a
+// blank, A and a are letters; any other character is itself.
 bool hasShape(std::string_view text, std::size_t start, std::string_view shape) {
     if (text.size() < start + shape.size()) return false;
     for (std::size_t i = 0; i < shape.size(); ++i) {
