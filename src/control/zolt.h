@@ -52,8 +52,6 @@ class ZOLT final {
     void forwardBusReport();
     void handleIoLine();
     void handleCaeLine();
-
-    // io_output.cpp: what IO clients type
     bool ParseOutCommand(const ByteList& list);
     /// Queues `text` for the console's client, and a prompt.
     void reportIllegalCommand(const std::string& text);
