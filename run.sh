@@ -106,12 +106,12 @@ runInside() {
     trap stopAll EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP
-    # A simulator in the background reads no terminal rather than being stopped.
+    # A simulator in the background then gets no terminal input, but is not stopped.
     trap '' TTIN
 
     writeConfiguration
-    # In the background, where Ctrl-C does not reach it, and with the terminal as
-    # input: the shell gives background programs an empty one unless told otherwise.
+    # The simulator runs in the background, where Ctrl-C does not reach it, with the terminal as
+    # input: by default the shell gives background programs an empty one.
     exec 3<&0
     "$build/apps/zolt-sim/zolt-sim" --bus "$bus" --link /dev/ttyUSB0 --trace commands <&3 3<&- &
     simulator=$!
@@ -175,7 +175,7 @@ while [ $# -gt 0 ]; do
             exit 0
             ;;
         --bus | --ports)
-            [ $# -ge 2 ] || fail "$1 needs a value (--help tells more)"
+            [ $# -ge 2 ] || fail "$1 needs a value (see --help)"
             case "$1" in
                 --bus) bus=$2 ;;
                 --ports) ports=$2 ;;

@@ -8,7 +8,7 @@ if [ "${1-}" = --help ]; then
 usage: ./test.sh [PRESET] [CTEST-ARGUMENT...]
 
 Builds and runs every test; PRESET is dev (the default), asan (address, leak and
-undefined-behaviour sanitizers) or tsan (thread sanitizer). Arguments behind it
+undefined-behaviour sanitizers) or tsan (thread sanitizer). The arguments after it
 go to ctest, for example
   ./test.sh dev -R golden.block_output
   ./test.sh tsan --rerun-failed
