@@ -230,7 +230,8 @@ checkPorts
 cd "$root"
 tools/install-packages --build
 echo "Building; the first time it takes some minutes"
-if ! { cmake --preset release && cmake --build --preset release; } >"$build/build.log" 2>&1; then
+if ! { cmake --preset release && cmake --build --preset release \
+    --target zolt zolt-sim zoltctl; } >"$build/build.log" 2>&1; then
     cat "$build/build.log" >&2
     fail "the build failed"
 fi

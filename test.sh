@@ -7,9 +7,9 @@ if [ "${1-}" = --help ]; then
     cat <<'END'
 usage: ./test.sh [PRESET] [CTEST-ARGUMENT...]
 
-Builds and runs every test; PRESET is dev (the default), asan (address, leak and
-undefined-behaviour sanitizers) or tsan (thread sanitizer). The arguments after it
-go to ctest, for example
+Builds and runs every test; PRESET is dev (the default), asan (clang with the address,
+leak and undefined-behaviour sanitizers) or tsan (gcc with the thread sanitizer, and
+only the tests of what has threads). Further arguments go to ctest, for example
   ./test.sh dev -R golden.block_output
   ./test.sh tsan --rerun-failed
 END
@@ -24,7 +24,11 @@ case "${1-}" in
         ;;
 esac
 
-tools/install-packages --tests
+if [ "$preset" = asan ]; then
+    tools/install-packages --clang
+else
+    tools/install-packages --tests
+fi
 cmake --preset "$preset"
 cmake --build --preset "$preset"
 exec ctest --preset "$preset" "$@"

@@ -44,10 +44,24 @@ if(ZOLT_SANITIZE)
   target_link_options(zolt_options INTERFACE -fsanitize=${ZOLT_SANITIZE})
 endif()
 
-if(ZOLT_FUZZ)
-  # Counts what a run of a fuzzer reaches; the fuzzers add libFuzzer's main.
-  target_compile_options(zolt_options INTERFACE -fsanitize=fuzzer-no-link)
-endif()
+# zolt_targets_below(RESULT FOLDER): the programs and libraries of a folder of sources and of
+# the folders in it.
+function(zolt_targets_below result folder)
+  get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)
+  get_property(folders DIRECTORY ${folder} PROPERTY SUBDIRECTORIES)
+  set(found)
+  foreach(target IN LISTS targets)
+    get_target_property(type ${target} TYPE)
+    if(type MATCHES "EXECUTABLE|STATIC_LIBRARY")
+      list(APPEND found ${target})
+    endif()
+  endforeach()
+  foreach(inner IN LISTS folders)
+    zolt_targets_below(more ${inner})
+    list(APPEND found ${more})
+  endforeach()
+  set(${result} ${found} PARENT_SCOPE)
+endfunction()
 
 # zolt_library(NAME SOURCES... [DEPENDS libraries...]): one folder of src/.
 function(zolt_library name)

@@ -145,7 +145,7 @@ void showIoExamples(ConsoleContext& console, const ConsoleLine& /*line*/) {
     replyLines(console, help_text::ioExamples());
 }
 
-constexpr std::array kCommands{
+constexpr std::array kDriverCommands{
     DriverCommand{"SPEED=", Match::kKeywordOnly, setSpeed},
     DriverCommand{"DISABLEPOLL", Match::kExact, disablePolling},
     DriverCommand{"DRVVER", Match::kExact, showVersion},
@@ -165,5 +165,5 @@ constexpr std::array kCommands{
 }  // namespace
 
 std::span<const DriverCommand> driverCommands() {
-    return kCommands;
+    return kDriverCommands;
 }

@@ -11,7 +11,7 @@ namespace ctl {
 namespace {
 
 /// Lines without the last one's line feed.
-std::string joined(const std::vector<std::string>& lines) {
+std::string joinedLines(const std::vector<std::string>& lines) {
     std::string text;
     for (const std::string& line : lines) {
         text += (text.empty() ? "" : "\n") + line;
@@ -31,7 +31,7 @@ void printCards(const Settings& settings, const std::vector<CardEntry>& cards, b
     if (lines.empty()) {
         lines.emplace_back("no cards");
     }
-    writeResult(settings, joined(lines), json);
+    writeResult(settings, joinedLines(lines), json);
 }
 
 std::vector<CardEntry> askCards(const Settings& settings, const std::string& command) {
@@ -52,7 +52,7 @@ void showPolling(const Settings& settings, ConsoleSession& console) {
         cards.push_back({{"address", address}, {"polling", card.polling}});
         lines.push_back(address + "  " + stateText(card.polling));
     }
-    writeResult(settings, joined(lines), {{"global", states.global}, {"cards", cards}});
+    writeResult(settings, joinedLines(lines), {{"global", states.global}, {"cards", cards}});
 }
 
 void switchGlobalPolling(const Settings& settings, ConsoleSession& console, bool on) {

@@ -4,12 +4,12 @@
 
 using namespace ctl;
 
-using Words = std::vector<std::string>;
+using Completions = std::vector<std::string>;
 
 TEST(CtlConsoleWords, CompleteWhatIsTyped) {
-    EXPECT_EQ(consoleWords("DISC"), Words{"DISCOVER"});
-    EXPECT_EQ(consoleWords("POLL"), (Words{"POLLOFF:", "POLLON:", "POLLSTATE"}));
-    EXPECT_EQ(consoleWords("disc"), Words{});
+    EXPECT_EQ(consoleWords("DISC"), Completions{"DISCOVER"});
+    EXPECT_EQ(consoleWords("POLL"), (Completions{"POLLOFF:", "POLLON:", "POLLSTATE"}));
+    EXPECT_EQ(consoleWords("disc"), Completions{});
     EXPECT_EQ(consoleWords("").size(), 28U);
 }
 
