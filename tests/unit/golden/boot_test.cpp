@@ -18,17 +18,17 @@ Setup busSetup() {
     return setup;
 }
 
-std::vector<std::string> written(const std::vector<Item>& items) {
+std::vector<std::string> linesOf(const std::vector<Item>& items) {
     std::vector<std::string> lines;
     for (const auto& item : items) lines.push_back(writeItem(item));
     return lines;
 }
 
-bool contains(const std::vector<std::string>& lines, const std::string& line) {
+bool hasLine(const std::vector<std::string>& lines, const std::string& line) {
     return std::find(lines.begin(), lines.end(), line) != lines.end();
 }
 
-std::string refusal(const std::string& text) {
+std::string bootRefusal(const std::string& text) {
     try {
         Dialogue::parse("x.dialogue", text);
     } catch (const std::invalid_argument& error) {
@@ -38,7 +38,7 @@ std::string refusal(const std::string& text) {
 }
 
 TEST(Boot, DemandsTheWholeStart) {
-    EXPECT_EQ(written(bootItems(busSetup(), {})),
+    EXPECT_EQ(linesOf(bootItems(busSetup(), {})),
               (std::vector<std::string>{
                   "log    [INF] zolt is started",
                   "log    [INF] Initparam Autodiscover: FALSE",
@@ -63,18 +63,18 @@ TEST(Boot, FollowsTheSettings) {
     setup.settings.polling = true;
     setup.settings.percent = -400;
     setup.link = "/dev/ttyUSB10";
-    const auto lines = written(bootItems(setup, {}));
-    EXPECT_TRUE(contains(lines, "log    [INF] Initparam Autodiscover: TRUE"));
-    EXPECT_TRUE(contains(lines, "log    [INF] Initparam Enablepoll: TRUE"));
-    EXPECT_TRUE(contains(lines, "log    [INF] Initparam Speed (ThreadDelay): 25248"));
-    EXPECT_TRUE(contains(lines, "log    [INF] try to catch hardware on /dev/ttyUSB10"));
-    EXPECT_TRUE(contains(lines, "log    [INF] hardware found on /dev/ttyUSB10 version: 1.04"));
-    EXPECT_TRUE(contains(lines, "bus    host> 01 | 30"));
+    const auto lines = linesOf(bootItems(setup, {}));
+    EXPECT_TRUE(hasLine(lines, "log    [INF] Initparam Autodiscover: TRUE"));
+    EXPECT_TRUE(hasLine(lines, "log    [INF] Initparam Enablepoll: TRUE"));
+    EXPECT_TRUE(hasLine(lines, "log    [INF] Initparam Speed (ThreadDelay): 25248"));
+    EXPECT_TRUE(hasLine(lines, "log    [INF] try to catch hardware on /dev/ttyUSB10"));
+    EXPECT_TRUE(hasLine(lines, "log    [INF] hardware found on /dev/ttyUSB10 version: 1.04"));
+    EXPECT_TRUE(hasLine(lines, "bus    host> 01 | 30"));
 }
 
 TEST(Boot, DemandsTheGreetingOfEachClient) {
     const std::size_t start = bootItems(busSetup(), {}).size();
-    auto lines = written(bootItems(busSetup(), {"cae", "mon"}));
+    auto lines = linesOf(bootItems(busSetup(), {"cae", "mon"}));
     lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(start));
     EXPECT_EQ(lines,
               (std::vector<std::string>{
@@ -93,7 +93,7 @@ TEST(Boot, IsReadAsAnActionWithImpliedItems) {
     ASSERT_EQ(dialogue.steps().size(), 1U);
     EXPECT_EQ(dialogue.steps()[0].text(), "boot io");
     EXPECT_EQ(dialogue.steps()[0].implied, bootItems(busSetup(), {"io"}));
-    EXPECT_EQ(written(dialogue.steps()[0].expected),
+    EXPECT_EQ(linesOf(dialogue.steps()[0].expected),
               std::vector<std::string>{"bus    bus> 01 | 31"});
 }
 
@@ -114,12 +114,12 @@ TEST(Boot, RebuildRefusesAnotherStart) {
 }
 
 TEST(Boot, RefusesSetupsWhoseStartItDoesNotKnow) {
-    EXPECT_EQ(refusal("boot\n"), "x.dialogue:1: boot needs a bus and no config-line");
-    EXPECT_EQ(refusal("bus-line 5 digital-output\nconfig-line <a/>\nboot\n"),
+    EXPECT_EQ(bootRefusal("boot\n"), "x.dialogue:1: boot needs a bus and no config-line");
+    EXPECT_EQ(bootRefusal("bus-line 5 digital-output\nconfig-line <a/>\nboot\n"),
               "x.dialogue:3: boot needs a bus and no config-line");
-    EXPECT_EQ(refusal("bus-line 5 digital-output\npercent 7\nboot\n"),
+    EXPECT_EQ(bootRefusal("bus-line 5 digital-output\npercent 7\nboot\n"),
               "x.dialogue:3: boot knows the delays of percent 50 and -400 only");
-    EXPECT_EQ(refusal("bus-line 5 digital-output\nboot dmi\n"),
+    EXPECT_EQ(bootRefusal("bus-line 5 digital-output\nboot dmi\n"),
               "x.dialogue:2: \"dmi\" is not a client");
 }
 
