@@ -5,7 +5,7 @@
 namespace golden {
 namespace {
 
-// Words of a trace line of a frame: "host>", length, "|", then the payload.
+// The words of the trace line of a frame are "host>", the length, "|" and the payload.
 constexpr std::size_t kTypeWord = 3;
 constexpr std::size_t kAddressWord = 4;
 constexpr const char* kPollType = "20";
@@ -43,7 +43,7 @@ std::vector<Item> BusTrace::read(const std::string& line) {
 }
 
 std::vector<Item> BusTrace::request(const std::string& frame) {
-    // A poll that got no answer is known as such only now.
+    // Only the next request shows that a poll got no answer.
     auto items = endPoll();
     const auto words = wordsOf(frame);
     polling_ = words.size() > kAddressWord && words[kTypeWord] == kPollType;
@@ -60,7 +60,7 @@ std::vector<Item> BusTrace::answer(const std::string& frame) {
     if (!polling_) return {busItem(frame)};
     if (pollEnded_) return {};
     poll_.answer += (poll_.answer.empty() ? "" : "\n") + frame;
-    // What follows noise is still part of the answer.
+    // A frame that follows noise is still part of the answer.
     return frame.starts_with("bus>") ? endPoll() : std::vector<Item>();
 }
 

@@ -11,8 +11,8 @@ namespace golden {
 /// Turns the trace of the simulated bus into items: frames on channel "bus",
 /// changes of cards on channel "card", without the times.
 ///
-/// How many polls there are depends on the machine's speed. They are left out,
-/// or shown only when a card is asked or answers other than the last time.
+/// The number of polls depends on the machine's speed. Polls are left out, or shown only when
+/// the request to a card or its answer differs from the last one.
 class BusTrace {
   public:
     explicit BusTrace(bool pollsShown) : pollsShown_(pollsShown) {}
@@ -31,11 +31,11 @@ class BusTrace {
     std::vector<Item> endPoll();
 
     bool pollsShown_;
-    // The last request was a poll, and whether its answer is complete.
+    // State of the last request if that was a poll: whether its answer is complete.
     bool polling_ = false;
     bool pollEnded_ = false;
     Exchange poll_;
-    // Card address, as the trace writes it, to the last exchange shown.
+    // The last exchange shown, by the card's address as the trace writes it.
     std::map<std::string, Exchange> shown_;
 };
 

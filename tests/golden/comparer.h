@@ -10,17 +10,17 @@
 
 namespace golden {
 
-/// Compares what comes with what a dialogue expects. Items of one channel have
-/// to come in the written order; the log counts as one channel per source.
+/// Compares the items that come with those that a dialogue expects. Items of one channel have
+/// to come in the written order; each source of the log counts as a channel.
 class Comparer {
   public:
-    /// What the next items have to be. Everything expected before must have come.
+    /// Sets what the next items have to be. REQUIRES: complete().
     void expect(const std::vector<Item>& items);
-    /// Takes one item; the result says in words what is wrong with it.
+    /// Takes one item. Returns a description of what is wrong with it, or nothing.
     std::optional<std::string> take(const Item& item);
-    /// True when everything expected has come.
+    /// Returns true when everything expected has come.
     bool complete() const;
-    /// What has not come, as written in a dialogue.
+    /// Returns the items that have not come, as a dialogue writes them.
     std::vector<std::string> missing() const;
 
   private:

@@ -12,13 +12,13 @@ namespace golden {
 
 /// The settings before the first action: the bus, and the daemon's configuration.
 struct Setup {
-    /// Text of the bus file; without one no simulated bus runs.
+    /// Text of the bus file. Without a text no simulated bus runs.
     std::optional<std::string> bus;
     std::string link = "/dev/ttyUSB0";
     int baud = 0;
     bool pollsShown = false;
     support::DaemonSettings settings;
-    /// The whole configuration file instead of the settings.
+    /// Text of a whole configuration file, which replaces the settings.
     std::optional<std::string> configuration;
 };
 
@@ -41,7 +41,7 @@ struct Step {
 /// A golden dialogue. The format is described in docs/dialogues.md.
 class Dialogue {
   public:
-    /// Throws std::invalid_argument, "NAME:LINE: reason".
+    /// Throws std::invalid_argument with the text "NAME:LINE: reason".
     static Dialogue parse(const std::string& name, const std::string& text);
 
     const std::string& name() const { return name_; }

@@ -34,8 +34,8 @@ Dialogue load(const std::string& path) {
     return Dialogue::parse(path, support::readFile(path));
 }
 
-// A run on a machine that was too slow proves nothing and is repeated; a
-// fault of the daemon that looks like that fails all the same, at the last run.
+// A run on a machine that was too slow proves nothing and is repeated. A fault of the daemon
+// that looks like a slow machine fails in every run, so also in the last one.
 bool checkFile(const std::string& path) {
     const auto dialogue = load(path);
     for (int attempt = 1;; ++attempt) {

@@ -41,7 +41,7 @@ void readSeparator(Setup& setup, const std::string& argument) {
         quoted.size() < 2 || quoted.front() != '"' || quoted.back() != '"') {
         throw std::invalid_argument("expected: separator io|cae|mon in|out \"TEXT\"");
     }
-    // As in the configuration file, where \r and \n are written in letters.
+    // The text stays as it is: the configuration file, too, has \r and \n in letters.
     const std::string value = quoted.substr(1, quoted.size() - 2);
     (direction == "in" ? found->second->inSeparator : found->second->outSeparator) = value;
 }

@@ -7,11 +7,11 @@
 
 namespace golden {
 
-/// Takes over one line from before the first action ("polling on"); throws
+/// Applies one line that precedes the first action, for example "polling on". Throws
 /// std::invalid_argument.
 void applySetting(Setup& setup, const std::string& keyword, const std::string& argument);
 
-/// Decimal seconds; throws std::invalid_argument.
+/// Reads decimal seconds, for example "0.5". Throws std::invalid_argument.
 std::chrono::milliseconds readSeconds(const std::string& text);
 
 }  // namespace golden

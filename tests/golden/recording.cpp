@@ -9,8 +9,8 @@
 namespace golden {
 namespace {
 
-// Channels in the order in which they are written; all others, by name, between
-// the cards and the exit.
+// The channels in the order in which they are written. All others follow the cards, by name,
+// and the exit is last.
 constexpr std::array<std::string_view, 8> kFirst = {"log of main", "log of cae",    "log of io",
                                                     "log of mon",  "log of serial", "syslog",
                                                     "bus",         "card"};
@@ -22,8 +22,8 @@ std::size_t rank(std::string_view channel) {
     return static_cast<std::size_t>(found - kFirst.begin());
 }
 
-// A reply ends in a carriage return of its own after its line end, a line of
-// standard output in a line feed.
+// A reply ends in a carriage return of its own after its line end. A line of standard output
+// ends in a line feed.
 std::vector<Item> cutIntoLines(const Item& bytes) {
     std::vector<Item> lines;
     Item line{bytes.channel, ItemKind::kBytes, ""};

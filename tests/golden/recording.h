@@ -9,14 +9,14 @@
 
 namespace golden {
 
-/// Collects what comes, step by step, in the form in which a dialogue expects
-/// it: channels in a fixed order, byte streams cut into lines, three and more
-/// equal log lines in a row as one that may repeat.
+/// Collects the items of a run, step by step, in the form in which a dialogue expects them:
+/// channels in a fixed order, byte streams cut into lines, and three or more equal log lines in
+/// a row as one line that may repeat.
 class Recording {
   public:
-    /// Returns false when the item says nothing new: a further repetition.
+    /// Returns false when the item is only one more repetition of a line.
     bool add(const Item& item);
-    /// What came since the last call, ready to be written.
+    /// Returns the items that came since the last call, ready to be written.
     std::vector<Item> endStep();
 
   private:

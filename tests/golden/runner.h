@@ -16,21 +16,21 @@ struct Listener {
 };
 
 struct Outcome {
-    /// What went wrong, over several lines; empty when the dialogue went as
+    /// A description of what went wrong, of several lines. Empty when the dialogue went as
     /// written.
     std::string failure;
-    /// The daemon gave up an answer that the simulated bus did give, or a thread
-    /// waited long for a processor: the machine was too slow for the daemon's time
-    /// limits, and the failure may come from that. Never when the daemon ended
-    /// other than the dialogue says or printed an error: no machine is so slow.
+    /// True when the daemon gave up an answer that the simulated bus did give, or when a thread
+    /// waited long for a processor: the machine was too slow for the daemon's time limits, and
+    /// the failure may come from that. False when the daemon ended other than the dialogue says
+    /// or printed an error: a slow machine is no reason for that.
     bool machineTooSlow = false;
 };
 
-/// Plays a dialogue once and compares what comes with its expectations.
+/// Plays a dialogue once and compares the items that come with its expectations.
 Outcome check(const Dialogue& dialogue, const Listener& listener = {});
 
-/// Plays a dialogue and returns what came in each step. Throws std::exception
-/// when an action is impossible.
+/// Plays a dialogue and returns the items of each step. Throws std::exception when an action is
+/// impossible.
 std::vector<std::vector<Item>> record(const Dialogue& dialogue);
 
 }  // namespace golden

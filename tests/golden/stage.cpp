@@ -55,7 +55,7 @@ Stage::Stage(const Setup& setup)
     }
 }
 
-// A new action is one row here, and one in docs/testing.md.
+// A new action is one row here, and one in docs/dialogues.md.
 const std::map<std::string, void (Stage::*)(const std::string&), std::less<>>& Stage::actions() {
     static const std::map<std::string, void (Stage::*)(const std::string&), std::less<>> rows = {
         {"boot", &Stage::boot},

@@ -24,24 +24,24 @@ namespace golden {
 /// private view of this process. A process may have one Stage at a time.
 class Stage {
   public:
-    /// Prepares everything and starts the simulated bus, not yet the daemon.
+    /// Prepares everything and starts the simulated bus. The daemon does not run yet.
     explicit Stage(const Setup& setup);
 
-    /// True for the first word of an action.
+    /// Returns true for the first word of an action.
     static bool hasAction(std::string_view verb);
 
     /// Carries out one action; throws std::exception when that is impossible.
     void perform(const Step& step);
     /// Returns everything that has come on any channel since the last call.
     std::vector<Item> collect();
-    /// Waits until the daemon has read what the last send sent, so that the next
-    /// one is not read together with it.
+    /// Waits until the daemon has read the bytes of the last send, so that it does not read the
+    /// next ones together with them.
     void waitForReads();
     /// Ends daemon and bus. Returns a description of what went wrong, or nothing.
     std::string finish();
     /// Returns the last frames on the bus, with their times.
     std::string frameLog() const;
-    /// True once the daemon has been told to stop.
+    /// Returns true once the daemon has been signalled to stop.
     bool stopping() const { return stopping_; }
 
   private:
