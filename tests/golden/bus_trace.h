@@ -31,8 +31,9 @@ class BusTrace {
     std::vector<Item> endPoll();
 
     bool pollsShown_;
-    // State of the last request if that was a poll: whether its answer is complete.
+    // True when the last request was a poll.
     bool polling_ = false;
+    // True once the answer to that poll is complete.
     bool pollEnded_ = false;
     Exchange poll_;
     // The last exchange shown, by the card's address as the trace writes it.

@@ -14,7 +14,7 @@ namespace golden {
 /// to come in the written order; each source of the log counts as a channel.
 class Comparer {
   public:
-    /// Sets what the next items have to be. REQUIRES: complete().
+    /// Adds to the items that have to come next.
     void expect(const std::vector<Item>& items);
     /// Takes one item. Returns a description of what is wrong with it, or nothing.
     std::optional<std::string> take(const Item& item);
