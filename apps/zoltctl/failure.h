@@ -3,26 +3,26 @@
 #include <stdexcept>
 #include <string>
 
-namespace ctl {
+namespace zoltctl {
 
-/// How the program ends.
+/// The exit status of the program.
 enum class Status : int {
     kDone = 0,
-    kRefused = 1,    ///< by the daemon or the card
-    kUsage = 2,      ///< option, command or argument
+    kRefused = 1,    ///< the daemon or the card has refused
+    kUsage = 2,      ///< wrong option, command or argument
     kNoDaemon = 3,   ///< unknown or unreachable host, connection refused
     kHeld = 4,       ///< another client holds the port
-    kCut = 5,        ///< the connection ended in mid-answer
+    kCut = 5,        ///< the connection ended too early
     kTimeout = 6,    ///< no answer in time
-    kNotZolt = 7,    ///< an answer that is none of the daemon's
-    kLocalFile = 8,  ///< the configuration, or the output
+    kNotZolt = 7,    ///< the peer does not look like zolt
+    kLocalFile = 8,  ///< the configuration, the output or a resource of this machine
     kInterrupted = 130,
-    kOutputGone = 141,  ///< who read the output has left
+    kOutputGone = 141,  ///< the reader of the output has left
     kTerminated = 143,
 };
 
-/// Ends the program with a status and one line on standard error; with an empty
-/// text it ends without a word.
+/// Ends the program with a status and one line on standard error, or without a line if
+/// the text is empty.
 class Failure : public std::runtime_error {
   public:
     Failure(Status status, const std::string& text) : std::runtime_error(text), status_(status) {}
@@ -33,4 +33,4 @@ class Failure : public std::runtime_error {
     Status status_;
 };
 
-}  // namespace ctl
+}  // namespace zoltctl

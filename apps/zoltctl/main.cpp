@@ -1,4 +1,3 @@
-// zoltctl: the command-line client of zolt.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -12,11 +11,12 @@
 #include "apps/zoltctl/command_line/command_line.h"
 #include "apps/zoltctl/failure.h"
 #include "apps/zoltctl/output/output.h"
+#include "apps/zoltctl/port_failure.h"
 
 namespace {
 
-// A connection must not become one of the standard streams. One that was closed
-// at the start becomes one that cannot be used, so that this is told.
+/// Replaces a standard stream that is closed by /dev/null opened the wrong way, so that
+/// using the stream fails visibly. Otherwise a connection would get its number.
 void openMissingStreams() {
     struct Stream {
         int number;
@@ -31,12 +31,12 @@ void openMissingStreams() {
 }
 
 void run(const std::vector<std::string>& arguments) {
-    const ctl::Invocation invocation = ctl::readCommandLine(arguments);
+    const zoltctl::Invocation invocation = zoltctl::readCommandLine(arguments);
     if (invocation.row == nullptr) {
-        ctl::writeOut(invocation.text, ctl::Settings().timeout);
+        zoltctl::writeOut(invocation.text, zoltctl::Settings().timeout);
         return;
     }
-    ctl::Settings settings = ctl::makeSettings(invocation.given);
+    zoltctl::Settings settings = zoltctl::makeSettings(invocation.given);
     settings.json = invocation.json;
     settings.check = invocation.check;
     if (!settings.note.empty()) {
@@ -45,24 +45,29 @@ void run(const std::vector<std::string>& arguments) {
     invocation.row->run(settings, invocation.request);
 }
 
+int statusOf(const zoltctl::Failure& failure) {
+    if (*failure.what() != '\0') {
+        std::fprintf(stderr, "zoltctl: %s\n", failure.what());
+    }
+    return static_cast<int>(failure.status());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     openMissingStreams();
     std::setlocale(LC_CTYPE, "");
-    // Who read the output and has left is told by the write.
+    // A reader of the output that has gone shows as EPIPE.
     std::signal(SIGPIPE, SIG_IGN);
     try {
         run({argv + 1, argv + argc});
         return 0;
-    } catch (const ctl::Failure& failure) {
-        if (*failure.what() != '\0') {
-            std::fprintf(stderr, "zoltctl: %s\n", failure.what());
-        }
-        return static_cast<int>(failure.status());
+    } catch (const zoltctl::Failure& failure) {
+        return statusOf(failure);
+    } catch (const zolt_ports::PortError& error) {
+        return statusOf(zoltctl::failureOf(error));
     } catch (const std::exception& error) {
-        // The system refuses something that it has for every program.
-        std::fprintf(stderr, "zoltctl: %s\n", error.what());
-        return static_cast<int>(ctl::Status::kLocalFile);
+        // The system has refused memory, a descriptor or a thread.
+        return statusOf({zoltctl::Status::kLocalFile, error.what()});
     }
 }

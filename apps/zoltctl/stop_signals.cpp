@@ -2,14 +2,13 @@
 
 #include <sys/signalfd.h>
 
-#include <cerrno>
 #include <csignal>
-#include <system_error>
 
-namespace ctl {
+namespace zoltctl {
 namespace {
 
-/// A blocked signal comes even if it is ignored: those that are have to be left out.
+/// The signals to wait for. A blocked signal is delivered to signalfd even if it is
+/// ignored, so ignored signals are left out.
 sigset_t stopSet() {
     sigset_t set;
     ::sigemptyset(&set);
@@ -33,10 +32,7 @@ void unblock() {
 StopSignals::StopSignals() {
     const sigset_t set = stopSet();
     ::pthread_sigmask(SIG_BLOCK, &set, nullptr);
-    signals_ = Descriptor(::signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK));
-    if (!signals_.valid()) {
-        throw std::system_error(errno, std::generic_category(), "signalfd");
-    }
+    signals_ = zolt_os::checked(::signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK), "signalfd");
 }
 
 StopSignals::~StopSignals() {
@@ -51,4 +47,4 @@ Status StopSignals::take() {
     return terminated ? Status::kTerminated : Status::kInterrupted;
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "apps/zoltctl/failure.h"
-#include "apps/zoltctl/ports/descriptor.h"
+#include "lib/os/descriptor.h"
 
-namespace ctl {
+namespace zoltctl {
 
-/// While it lives, SIGINT and SIGTERM end nothing by themselves but make a
-/// descriptor readable. Those that were ignored at the start stay ignored, as for
-/// a job in the background of a script.
+/// As long as it exists, SIGINT and SIGTERM make a descriptor readable instead of ending
+/// the program. A signal that was ignored at the start stays ignored, as for a background
+/// job of a script. REQUIRES: it is constructed before other threads are started.
 class StopSignals {
   public:
     StopSignals();
@@ -16,12 +16,12 @@ class StopSignals {
     StopSignals& operator=(const StopSignals&) = delete;
 
     int descriptor() const { return signals_.get(); }
-    /// How the program ends by the signal that has come. A second one ends it at
-    /// once.
+    /// The exit status for the signal that has come. After this call a second signal ends
+    /// the program at once.
     Status take();
 
   private:
-    Descriptor signals_;
+    zolt_os::Descriptor signals_;
 };
 
-}  // namespace ctl
+}  // namespace zoltctl

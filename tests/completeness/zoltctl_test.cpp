@@ -42,7 +42,7 @@ TEST_P(EveryCommandOfZoltctl, HasItsJsonInTheManualPage) {
 
 std::vector<std::string> commandNames() {
     std::vector<std::string> names;
-    for (const auto& row : ctl::commandRows()) names.emplace_back(row.name);
+    for (const auto& row : zoltctl::commandRows()) names.emplace_back(row.name);
     return names;
 }
 

@@ -51,8 +51,8 @@ TEST_F(Answers, AnAnswerThatDoesNotComeOrNotWholly) {
         SCOPED_TRACE(sent);
         const FakeTcpPort cae(kDefaultCae, answering("DRVVER", sent, hold));
         expectOutcome(run({"--timeout", "0.3", "version"}), 6, "",
-                      "zoltctl: console 127.0.0.1:4001 does not answer DRVVER within the time of "
-                      "--timeout");
+                      "zoltctl: console 127.0.0.1:4001 does not answer DRVVER in time "
+                      "(--timeout)");
     }
 }
 
@@ -95,7 +95,7 @@ TEST_F(Answers, OfAnotherCommandOrRubbish) {
         const FakeTcpPort cae(kDefaultCae, answering(row.command, row.sent, hold));
         expectOutcome(
             run(row.arguments), 7, "",
-            "zoltctl: the answer to " + row.command + " is none of zolt's: " + row.quoted);
+            "zoltctl: the answer to " + row.command + " does not look like zolt: " + row.quoted);
     }
 }
 

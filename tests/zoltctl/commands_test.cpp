@@ -53,7 +53,7 @@ TEST_F(Commands, PollingOfSeveralCardsIsNotSwitchedByHalves) {
         kDefaultCae,
         playing({{"POLLSTATE", {"CIA: GLOBAL POLLING IS ENABLED", "PTI:0x3:ON", "PTI:0xF:ON"}}}));
     expectOutcome(run({"poll", "off", "3", "5", "F"}), 1, "",
-                  "zoltctl: card 5 is no input card; the polling of none has been switched");
+                  "zoltctl: card 5 is not an input card; the polling of no card has been switched");
 }
 
 TEST_F(Commands, NoCards) {

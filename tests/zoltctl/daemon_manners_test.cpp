@@ -100,9 +100,10 @@ TEST_F(Manners, RefusalsOfDaemonAndCard) {
     start();
     expectOutcome(run({"config", "motor", "E", "silent-range", "2"}), 1, "",
                   "zoltctl: CIE: THIS COMMAND IS VALID ON DC MOTOR CONTROLLER CARD ONLY");
-    expectOutcome(run({"set", "6", "1", "FB"}), 1, "",
-                  "zoltctl: card 6 is EMPTY; set needs a digital output, RC servo or DC motor "
-                  "card");
+    expectOutcome(
+        run({"set", "6", "1", "FB"}), 1, "",
+        "zoltctl: card 6 is EMPTY; set needs a digital output card, an RC servo card or a DC "
+        "motor card");
 }
 
 TEST_F(Manners, ADaemonThatDiesInMidAnswer) {
@@ -121,16 +122,17 @@ TEST_F(Manners, ADaemonThatStandsStill) {
     ASSERT_TRUE(reached("host> 04 | 50 0E 01 AB"));
     daemon_.signal(SIGSTOP);
     expectOutcome(process.waitForEnd(), 6, "",
-                  "zoltctl: console 127.0.0.1:5001 does not answer REBOOT:E within the time of "
-                  "--timeout");
+                  "zoltctl: console 127.0.0.1:5001 does not answer REBOOT:E in time "
+                  "(--timeout)");
     daemon_.signal(SIGCONT);
 }
 
 TEST_F(Manners, AnotherPortOfTheDaemonIsNoConsole) {
     start();
-    expectOutcome(run({"--timeout", "5", "--cae-port", "5002", "version"}), 7, "",
-                  "zoltctl: console 127.0.0.1:5002 is none of zolt's: instead of its banner it "
-                  "sent \"ZOLT IO interface is ready\\r\\n\\r\"");
+    expectOutcome(
+        run({"--timeout", "5", "--cae-port", "5002", "version"}), 7, "",
+        "zoltctl: console 127.0.0.1:5002 does not look like zolt: instead of its banner it "
+        "sent \"ZOLT IO interface is ready\\r\\n\\r\"");
 }
 
 TEST_F(Manners, AnOutputThatCannotBeWritten) {

@@ -163,12 +163,13 @@ TEST_F(Listening, TheDaemonsEndIsToldBehindTheLastLine) {
         });
         auto outcome = run({"watch", "--no-names"});
         outcome.output = withoutTime(outcome.output, kTextTime);
-        expectOutcome(outcome, 5, "0000-00-00 00:00:00.000  3  block 0  40\n",
-                      "zoltctl: IO 127.0.0.1:4002: the connection ended while it was listened to");
+        expectOutcome(
+            outcome, 5, "0000-00-00 00:00:00.000  3  block 0  40\n",
+            "zoltctl: IO 127.0.0.1:4002: the connection ended while its lines were awaited");
     }
 }
 
-TEST_F(Listening, WhatIsNoChangeIsToldBehindTheLastLine) {
+TEST_F(Listening, ALineThatIsNoChangeIsReportedAfterTheLastChange) {
     struct Row {
         std::string sent;
         std::string quoted;
@@ -185,7 +186,8 @@ TEST_F(Listening, WhatIsNoChangeIsToldBehindTheLastLine) {
         auto outcome = run({"watch", "--no-names"});
         outcome.output = withoutTime(outcome.output, kTextTime);
         expectOutcome(outcome, 7, "0000-00-00 00:00:00.000  3  block 0  40\n",
-                      "zoltctl: what came on the IO port is no input change: " + row.quoted);
+                      "zoltctl: what came on the IO port does not look like zolt: " + row.quoted +
+                          " is not an input change");
     }
 }
 

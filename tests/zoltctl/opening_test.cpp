@@ -131,10 +131,11 @@ TEST_F(Opening, AnotherServiceIsNotTakenForTheDaemon) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.quoted);
         const FakeTcpPort cae(kDefaultCae, sending(row.sent));
-        expectOutcome(run({"--timeout", "0.5", "version"}), 7, "",
-                      "zoltctl: console 127.0.0.1:4001 is none of zolt's: instead of its banner "
-                      "it sent " +
-                          row.quoted);
+        expectOutcome(
+            run({"--timeout", "0.5", "version"}), 7, "",
+            "zoltctl: console 127.0.0.1:4001 does not look like zolt: instead of its banner "
+            "it sent " +
+                row.quoted);
     }
 }
 

@@ -116,10 +116,11 @@ TEST_F(OutputCommands, ACardThatDoesNotFitIsRefusedBeforeAnythingIsSent) {
     };
     for (const Row& row : std::vector<Row>{
              {{"set", "1", "1", "FB"},
-              "card 1 is EMPTY; set needs a digital output, RC servo or DC motor card"},
+              "card 1 is EMPTY; set needs a digital output card, an RC servo card or a DC motor "
+              "card"},
              {{"set", "3", "1", "FB"},
-              "card 3 is 16 channel DIGITAL INPUT; set needs a digital output, RC servo or DC "
-              "motor card"},
+              "card 3 is 16 channel DIGITAL INPUT; set needs a digital output card, an RC servo "
+              "card or a DC motor card"},
              {{"set", "5", "2", "FB"}, "card 5 has blocks 0 to 1"},
              {{"set", "0", "6", "FB"}, "card 0 has blocks 0 to 5"},
              {{"set", "A", "4", "FB"}, "card A has blocks 0 to 3"},
@@ -186,8 +187,8 @@ TEST_F(OutputCommands, ADaemonThatDoesNotReadTheCommandIsATimeOut) {
         client.hold();
     });
     expectOutcome(run({"--no-check", "--timeout", "0.3", "set", "5", "1", "FB"}), 6, "",
-                  "zoltctl: IO 127.0.0.1:4002 does not take the line within the time of "
-                  "--timeout");
+                  "zoltctl: IO 127.0.0.1:4002 does not take the line in time "
+                  "(--timeout)");
 }
 
 }  // namespace

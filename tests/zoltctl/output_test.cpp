@@ -33,7 +33,7 @@ class Output : public FakeTest {
     }
 
     static constexpr const char* kNobodyReads =
-        "zoltctl: cannot write the output: nobody reads it; the last lines are lost";
+        "zoltctl: cannot write the output: its reader takes nothing; the last lines are lost";
     const Replies version_{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
 };
 

@@ -104,8 +104,10 @@ TEST_F(Configuration, AFileThatIsNamedAndCannotBeUsed) {
 
 TEST_F(Configuration, APortThatItDoesNotNameIsAskedFor) {
     support::writeFile(support::kConfigurationFile, "<ZOLTConfig/>");
-    expectOutcome(run({"version"}), 8, "",
-                  "zoltctl: the configuration names no port for console: give it as an option");
+    expectOutcome(
+        run({"version"}), 8, "",
+        "zoltctl: no port number is known for console: the configuration gives none; give it "
+        "as an option");
 }
 
 class LineEnds : public FakeTest {
@@ -191,19 +193,19 @@ TEST_F(LineEnds, AnEmptyOneIsNone) {
     expectOutcome(run({"version", "--line-end", ""}), 0, kVersionText);
 }
 
-TEST_F(LineEnds, ADaemonThatTakesNoneOfThemIsTold) {
+TEST_F(LineEnds, ADaemonThatTakesNoneOfThemIsReported) {
     std::string asked;
     const FakeTcpPort cae(kDefaultCae, daemonWith(";", "\r\n", asked));
     expectOutcome(ctl_test::run({"--line-end", "auto", "version"}), 1, "",
-                  "zoltctl: console 127.0.0.1:4001: the daemon takes none of CR LF, LF and CR for "
-                  "a line's end; name its InpSeparator with --line-end");
+                  "zoltctl: console 127.0.0.1:4001: the daemon takes none of CR LF, LF and CR as "
+                  "the end of a line; name its InpSeparator with --line-end");
 }
 
 TEST_F(LineEnds, AWrongOneIsGuessed) {
     const FakeTcpPort cae(kDefaultCae, console({}));
     expectOutcome(run({"version"}), 1, "",
                   "zoltctl: the daemon does not know DRVVER (CIE: UNKNOWN COMMAND), or its "
-                  "InpSeparator is another than --line-end");
+                  "InpSeparator is not what --line-end says");
 }
 
 }  // namespace

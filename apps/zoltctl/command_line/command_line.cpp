@@ -5,81 +5,25 @@
 #include <memory>
 #include <utility>
 
+#include "apps/zoltctl/arguments/phrase.h"
+#include "apps/zoltctl/command_line/options.h"
+#include "apps/zoltctl/command_line/usage.h"
 #include "apps/zoltctl/failure.h"
-#include "apps/zoltctl/output/text.h"
+#include "lib/text/printable.h"
 
-namespace ctl {
+namespace zoltctl {
 namespace {
 
-/// More words than any command has: poll with the sixteen addresses has most.
+/// More words than any command has: "poll on" with all sixteen addresses has the most.
 constexpr std::size_t kMostWords = 20;
 
-struct OptionRow {
-    const char* name;
-    const char* variable;
-    const char* value;
-    const char* purpose;
-    std::optional<std::string>& (*target)(GivenSettings& given);
-};
-
-template <std::optional<std::string> GivenSettings::*member>
-std::optional<std::string>& memberTarget(GivenSettings& given) {
-    return given.*member;
-}
-
-template <Port port>
-std::optional<std::string>& portTarget(GivenSettings& given) {
-    return given.ports[static_cast<std::size_t>(port)];
-}
-
-constexpr std::array kOptions{
-    OptionRow{"--host", "ZOLT_HOST", "HOST", "where the daemon runs, default 127.0.0.1",
-              memberTarget<&GivenSettings::host>},
-    OptionRow{"--cae-port", "ZOLT_CAE_PORT", "PORT", "the console's port, default 4001",
-              portTarget<Port::kCae>},
-    OptionRow{"--io-port", "ZOLT_IO_PORT", "PORT", "the IO port, default 4002",
-              portTarget<Port::kIo>},
-    OptionRow{"--mon-port", "ZOLT_MON_PORT", "PORT", "the monitor's port, default 4003",
-              portTarget<Port::kMon>},
-    OptionRow{"--config", "ZOLT_CONFIG", "FILE",
-              "gives ports and separators, default /etc/zolt/zoltconf.xml",
-              memberTarget<&GivenSettings::config>},
-    OptionRow{"--line-end", "ZOLT_LINE_END", "END",
-              "what ends a line that is sent: auto, crlf, lf, cr or the characters themselves",
-              memberTarget<&GivenSettings::lineEnd>},
-    OptionRow{"--timeout", "ZOLT_TIMEOUT", "SECONDS", "longest time of each wait, default 20",
-              memberTarget<&GivenSettings::timeout>},
-};
-
-/// The forms of a command and what its parameters are.
-std::string formsText(const CommandRow& row) {
-    std::string text;
-    std::vector<std::string> names;
-    for (const std::string& form : row.forms) {
-        text += (text.empty() ? "Use: " : "     ") + ("zoltctl " + form) + "\n";
-        for (const std::string& name : parameterNames(form)) {
-            if (std::find(names.begin(), names.end(), name) == names.end()) {
-                names.push_back(name);
-            }
-        }
-    }
-    text += '\n';
-    for (const std::string& name : names) {
-        constexpr std::size_t kColumn = 12;
-        std::string line = "  " + name;
-        line.resize(std::max(line.size() + 1, kColumn), ' ');
-        text += line + parameterOf(name)->what + '\n';
-    }
-    return text + (names.empty() ? "" : "\n");
-}
-
-/// The parser's help, with the forms of a command for its usage.
+/// The parser's help, with the forms of a command as its usage.
 class HelpText : public CLI::Formatter {
   public:
     std::string make_usage(const CLI::App* app, std::string name) const override {
         for (const CommandRow& row : commandRows()) {
             if (app->get_name() == row.name) {
-                return formsText(row) + "zoltctl --help tells the options of every command.\n";
+                return usageOf(row) + "zoltctl --help shows the options of all commands.\n";
             }
         }
         return "Use: " + name + " [OPTION...] COMMAND [ARGUMENT...]\n" + "     " + name +
@@ -88,15 +32,15 @@ class HelpText : public CLI::Formatter {
     std::string make_positionals(const CLI::App* /*app*/) const override { return ""; }
 };
 
-/// The parser's options, kept to be asked once it has parsed. Texts are taken as
-/// they were given: its own conversions drop empty ones and split "[a,b]".
+/// Keeps the parser's options and reads their values after it has parsed. Texts are taken
+/// as they were given: the parser's own conversions drop empty ones and split "[a,b]".
 class Parser {
   public:
     Parser() : app_("Client of the card bus daemon zolt.", "zoltctl") {
         const auto help = std::make_shared<HelpText>();
         app_.formatter(help);
         app_.fallthrough();
-        // Otherwise "--json=false" would ask for it, too.
+        // Otherwise "--json=false" would switch JSON on.
         app_.option_defaults()->disable_flag_override();
         app_.require_subcommand(1);
         app_.set_help_flag("--help", "print this text");
@@ -104,9 +48,9 @@ class Parser {
         json_ = app_.add_flag("--json")->description("results as JSON");
         noCheck_ = app_.add_flag("--no-check")
                        ->description(
-                           "set, lcd, ir: do not use the console to check the card and "
-                           "to learn of a refusal");
-        for (const OptionRow& row : kOptions) {
+                           "set, lcd, ir: do not ask the console for the kind of the card "
+                           "and for refusals");
+        for (const OptionRow& row : optionRows()) {
             options_.push_back(app_.add_option(row.name)
                                    ->description(row.purpose)
                                    ->type_name(row.value)
@@ -128,10 +72,10 @@ class Parser {
             invocation.text = app_.version() + "\n";
             return invocation;
         } catch (const CLI::ParseError& error) {
-            throw Failure(Status::kUsage, complaint(error) + " (zoltctl --help tells the use)");
+            throw Failure(Status::kUsage, complaint(error) + " (see zoltctl --help)");
         }
-        for (std::size_t i = 0; i < kOptions.size(); ++i) {
-            kOptions[i].target(invocation.given) = textOf(options_[i]);
+        for (std::size_t i = 0; i < options_.size(); ++i) {
+            invocation.given.*optionRows()[i].given = textOf(options_[i]);
         }
         invocation.json = json_->count() > 0;
         invocation.check = noCheck_->count() == 0;
@@ -150,7 +94,8 @@ class Parser {
         Command command{app_.add_subcommand(row.name, row.purpose), {}, {}};
         command.app->group("Commands");
         command.app->set_help_flag("--help", "print this text");
-        // One by one, so that "--" in front of a word that begins with "-" works.
+        // Each word is an option of its own: then "--" before a word that begins with
+        // "-" works.
         for (std::size_t i = 0; i < kMostWords; ++i) {
             command.words.push_back(command.app->add_option("word" + std::to_string(i)));
         }
@@ -166,9 +111,8 @@ class Parser {
         commands_.push_back(command);
     }
 
-    /// From the back, as the parser takes them. To it an empty value behind "=" is
-    /// none, and the next argument becomes the value; as an argument of its own it
-    /// is one.
+    /// The arguments in reverse, as the parser takes them. "--option=" becomes two
+    /// arguments: the parser would take the argument after it for its value.
     std::vector<std::string> prepared(const std::vector<std::string>& arguments) const {
         std::vector<std::string> words;
         const auto end = std::find(arguments.begin(), arguments.end(), "--");
@@ -226,12 +170,13 @@ class Parser {
     std::string complaint(const CLI::ParseError& error) const {
         const std::vector<std::string> rest = app_.remaining(true);
         if (!rest.empty()) {
-            return quote(rest[0]) + (startsWith(rest[0], "-") ? " is no option" : " is no command");
+            return (rest[0].starts_with('-') ? "unknown option " : "unknown command ") +
+                   zolt_text::quote(rest[0]);
         }
         if (app_.get_subcommands().empty() && error.get_name() == "RequiredError") {
             return "a command is missing";
         }
-        return printable(error.what());
+        return zolt_text::printable(error.what());
     }
 
     CLI::App app_;
@@ -247,4 +192,4 @@ Invocation readCommandLine(const std::vector<std::string>& arguments) {
     return Parser().parse(arguments);
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

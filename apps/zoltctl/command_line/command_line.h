@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "apps/zoltctl/command_line/settings.h"
+#include "apps/zoltctl/arguments/settings.h"
 #include "apps/zoltctl/commands/commands.h"
 
-namespace ctl {
+namespace zoltctl {
 
-/// What the user wants.
+/// A command line, read and checked.
 struct Invocation {
     GivenSettings given;
     bool json = false;
@@ -19,8 +19,8 @@ struct Invocation {
     std::string text;
 };
 
-/// Reads the arguments (without the program's name) and the environment. Throws
-/// Failure of status kUsage.
+/// Reads the arguments, without the program's name, and the environment. Throws Failure
+/// of status kUsage.
 Invocation readCommandLine(const std::vector<std::string>& arguments);
 
-}  // namespace ctl
+}  // namespace zoltctl

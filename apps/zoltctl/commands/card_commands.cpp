@@ -1,16 +1,28 @@
-// cards, discover, poll.
 #include <nlohmann/json.hpp>
 
-#include "apps/zoltctl/commands/commands.h"
+#include "apps/zoltctl/commands/command.h"
 #include "apps/zoltctl/output/output.h"
-#include "apps/zoltctl/output/text.h"
-#include "apps/zoltctl/ports/console_session.h"
-#include "apps/zoltctl/ports/replies.h"
+#include "lib/ports/blocking/console_session.h"
+#include "lib/ports/replies.h"
+#include "lib/text/printable.h"
 
-namespace ctl {
+namespace zoltctl {
+
+using zolt_ports::CardEntry;
+using zolt_ports::ConsoleSession;
+using zolt_ports::foreignReply;
+using zolt_ports::onlyLine;
+using zolt_ports::parseCards;
+using zolt_ports::parsePollStates;
+using zolt_ports::PollEntry;
+using zolt_ports::PollStates;
+using zolt_ports::Port;
+using zolt_ports::PortError;
+using zolt_ports::Reply;
+
 namespace {
 
-/// Lines without the last one's line feed.
+/// The lines with a line feed between them.
 std::string joinedLines(const std::vector<std::string>& lines) {
     std::string text;
     for (const std::string& line : lines) {
@@ -23,9 +35,9 @@ void printCards(const Settings& settings, const std::vector<CardEntry>& cards, b
     Json json = Json::array();
     std::vector<std::string> lines;
     for (const CardEntry& card : cards) {
-        if (all || card.kind != kNoCard) {
-            json.push_back({{"address", std::string(1, card.address)}, {"kind", card.kind}});
-            lines.push_back(std::string(1, card.address) + "  " + printable(card.kind));
+        if (all || zolt_ports::rowOf(card.kind).isCard) {
+            json.push_back({{"address", std::string(1, card.address)}, {"kind", card.name}});
+            lines.push_back(std::string(1, card.address) + "  " + zolt_text::printable(card.name));
         }
     }
     if (lines.empty()) {
@@ -64,7 +76,8 @@ void switchGlobalPolling(const Settings& settings, ConsoleSession& console, bool
     writeResult(settings, "global polling is " + stateText(on), {{"global", on}});
 }
 
-/// So that a refusal does not come when some are switched already.
+/// Throws if one of the cards is no input card. Without this check the daemon would refuse
+/// that card after it has switched the ones before it.
 void expectInputCards(ConsoleSession& console, const std::string& addresses) {
     std::string inputs;
     for (const PollEntry& card : parsePollStates(console.ask("POLLSTATE"), "POLLSTATE").cards) {
@@ -74,7 +87,7 @@ void expectInputCards(ConsoleSession& console, const std::string& addresses) {
     if (other != std::string::npos) {
         throw Failure(Status::kRefused,
                       std::string("card ") + addresses[other] +
-                          " is no input card; the polling of none has been switched");
+                          " is not an input card; the polling of no card has been switched");
     }
 }
 
@@ -86,8 +99,8 @@ void switchCardPolling(ConsoleSession& console, bool on, const std::string& addr
         if (onlyLine(reply, command, "CIA: " + word + " is OK at address ") != address) {
             throw foreignReply(reply, command);
         }
-    } catch (const Failure& failure) {
-        throw Failure(failure.status(), "card " + address + ": " + failure.what());
+    } catch (const PortError& error) {
+        throw PortError(error.reason(), "card " + address + ": " + error.what());
     }
 }
 
@@ -105,12 +118,12 @@ void discover(const Settings& settings, const Request& request) {
 void poll(const Settings& settings, const Request& request) {
     ConsoleSession console(settings.at(Port::kCae), settings.timeout);
     const Fields& fields = request.fields;
-    if (!fields.on) {
+    if (!fields.card.on) {
         showPolling(settings, console);
         return;
     }
     if (fields.addresses.empty()) {
-        switchGlobalPolling(settings, console, *fields.on);
+        switchGlobalPolling(settings, console, *fields.card.on);
         return;
     }
     if (fields.addresses.size() > 1) {
@@ -120,12 +133,12 @@ void poll(const Settings& settings, const Request& request) {
     std::string text;
     for (const char digit : fields.addresses) {
         const std::string address(1, digit);
-        switchCardPolling(console, *fields.on, address);
-        json.push_back({{"address", address}, {"polling", *fields.on}});
+        switchCardPolling(console, *fields.card.on, address);
+        json.push_back({{"address", address}, {"polling", *fields.card.on}});
         text += (text.empty() ? "card " : "\ncard ") + address + ": polling is " +
-                stateText(*fields.on);
+                stateText(*fields.card.on);
     }
     writeResult(settings, text, json);
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

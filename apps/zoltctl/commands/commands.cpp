@@ -1,17 +1,11 @@
 #include "apps/zoltctl/commands/commands.h"
 
-#include "apps/zoltctl/commands/card_config.h"
+#include "apps/zoltctl/commands/config_command.h"
+#include "apps/zoltctl/commands/lcd_command.h"
+#include "apps/zoltctl/commands/raw_command.h"
 
-namespace ctl {
+namespace zoltctl {
 namespace {
-
-std::vector<std::string> configForms() {
-    std::vector<std::string> forms;
-    for (const CardConfigRow& row : cardConfigRows()) {
-        forms.push_back(std::string("config ") + row.pattern);
-    }
-    return forms;
-}
 
 const CommandOption kFor{"--for", "SECONDS", "end after this time"};
 const CommandOption kCount{"--count", "N", "end after N lines"};
@@ -28,7 +22,7 @@ std::span<const CommandRow> commandRows() {
         {"discover",
          "show what is at all sixteen addresses",
          {"discover"},
-         {{"--force", nullptr, "identify the cards anew; takes 2 seconds"}},
+         {{"--force", nullptr, "identify the cards again; takes 2 seconds"}},
          discover},
         {"poll",
          "show or switch the polling of all input cards or of some",
@@ -41,12 +35,7 @@ std::span<const CommandRow> commandRows() {
          {},
          showInput},
         {"set", "set a block of an output card", {"set ADDRESS BLOCK DATA"}, {}, setBlock},
-        {"lcd",
-         "steer an LCD",
-         {"lcd ADDRESS clear", "lcd ADDRESS light STATE", "lcd ADDRESS cursor STATE",
-          "lcd ADDRESS blink STATE", "lcd ADDRESS text COLUMN ROW TEXT"},
-         {},
-         lcd},
+        {"lcd", "write on an LCD and switch it", patternsOf(lcdForms()), {}, lcd},
         {"ir", "send a stream by infrared", {"ir ADDRESS HEX"}, {}, infrared},
         {"watch",
          "show input changes as they come",
@@ -58,7 +47,7 @@ std::span<const CommandRow> commandRows() {
          {"monitor"},
          {kFor, kCount},
          monitor},
-        {"config", "configure a card", configForms(), {}, configureCard},
+        {"config", "configure a card", patternsOf(configForms()), {}, configureCard},
         {"speed", "set how fast the daemon's loops run, 1 to 100", {"speed PERCENT"}, {}, setSpeed},
         {"version", "show the daemon's version", {"version"}, {}, showVersion},
         {"console",
@@ -67,12 +56,12 @@ std::span<const CommandRow> commandRows() {
          {},
          interactiveConsole},
         {"raw",
-         "send a line as it stands: to the console, showing its reply, or to IO",
-         {"raw cae LINE", "raw io LINE"},
+         "send a line as it is: to the console, showing the reply, or to IO",
+         patternsOf(rawForms()),
          {},
          raw},
     };
     return rows;
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

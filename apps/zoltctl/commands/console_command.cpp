@@ -1,18 +1,27 @@
-// console: a conversation with the daemon's console.
 #include <unistd.h>
 
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "apps/zoltctl/commands/commands.h"
+#include "apps/zoltctl/commands/command.h"
 #include "apps/zoltctl/console/line_input.h"
 #include "apps/zoltctl/failure.h"
 #include "apps/zoltctl/output/output.h"
-#include "apps/zoltctl/output/text.h"
-#include "apps/zoltctl/ports/console_session.h"
+#include "lib/ports/blocking/console_session.h"
+#include "lib/text/printable.h"
 
-namespace ctl {
+namespace zoltctl {
+
+using zolt_ports::ConsoleSession;
+using zolt_ports::Port;
+using zolt_ports::PortError;
+using zolt_ports::Reason;
+using zolt_ports::Reply;
+using zolt_text::printable;
+
 namespace {
+
+/// A conversation with the daemon's console.
 
 class Conversation {
   public:
@@ -28,7 +37,7 @@ class Conversation {
                 command.pop_back();
             }
             if (command == "EXIT") {
-                // The daemon's own EXIT would stop all of it for a second.
+                // The daemon's own EXIT would stop the whole daemon for a second.
                 return;
             }
             if (!command.empty() && !say(command)) {
@@ -38,7 +47,7 @@ class Conversation {
     }
 
   private:
-    /// What comes while the user is typing.
+    /// Shows what comes while the user is typing.
     void hear() {
         console_.readUnasked();
         if (console_.unasked().empty()) {
@@ -49,28 +58,24 @@ class Conversation {
         input_.comeBack();
     }
 
-    /// False when the daemon has ended the conversation.
+    /// False if the daemon has ended the conversation.
     bool say(const std::string& command) {
         Reply reply;
         try {
             reply = console_.ask(command);
-        } catch (const Failure& failure) {
-            // Whoever is there can type it again.
-            if (!atTerminal_ || failure.status() != Status::kUsage) {
+        } catch (const PortError& error) {
+            // At a terminal the user can type the line again.
+            if (!atTerminal_ || error.reason() != Reason::kBadLine) {
                 throw;
             }
-            std::fprintf(stderr, "zoltctl: %s\n", failure.what());
+            std::fprintf(stderr, "zoltctl: %s\n", error.what());
             return true;
         }
         writeUnasked();
         if (settings_.json) {
             write(oneLine({{"command", command}, {"reply", reply.lines}}) + '\n');
         } else {
-            std::string text;
-            for (const std::string& line : reply.lines) {
-                text += printable(line) + '\n';
-            }
-            write(text);
+            write(printableLines(reply.lines));
         }
         return !reply.ended;
     }
@@ -105,4 +110,4 @@ void interactiveConsole(const Settings& settings, const Request& /*request*/) {
     Conversation(console, *input, settings, atTerminal).run();
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

@@ -1,5 +1,4 @@
-# bash completion for zoltctl. Needs bash alone, asks no daemon and so waits for
-# nobody.
+# bash completion for zoltctl. It needs bash alone and asks no daemon, so it never waits.
 
 # Offers those of the words that begin with what is typed.
 _zoltctl_offer() {

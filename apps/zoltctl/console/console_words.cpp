@@ -3,12 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "apps/zoltctl/output/text.h"
-
-namespace ctl {
+namespace zoltctl {
 namespace {
 
-/// Those that take a card's address end with what stands before it.
 constexpr std::array kWords{
     "DISABLEPOLL", "DISCOVER",      "DRVVER",       "ENABLEPOLL",   "EXIT",     "FORCEDISCOVER",
     "GETANMASK:",  "GETLASTINPST:", "GETMSR",       "GETSCA",       "GETSCB",   "HELP",
@@ -19,11 +16,15 @@ constexpr std::array kWords{
 
 }  // namespace
 
-std::vector<std::string> consoleWords(const std::string& start) {
+std::span<const char* const> consoleWords() {
+    return kWords;
+}
+
+std::vector<std::string> completionsOf(const std::string& start) {
     std::vector<std::string> words;
-    for (const char* word : kWords) {
-        if (startsWith(word, start)) {
-            words.emplace_back(word);
+    for (const std::string word : kWords) {
+        if (word.starts_with(start)) {
+            words.push_back(word);
         }
     }
     return words;
@@ -41,4 +42,4 @@ std::string commonStart(const std::vector<std::string>& words) {
     return start;
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

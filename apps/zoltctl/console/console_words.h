@@ -1,14 +1,19 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
-namespace ctl {
+namespace zoltctl {
 
-/// The console's command words that begin with `start`, in their order.
-std::vector<std::string> consoleWords(const std::string& start);
+/// The first words of all commands of the console, in alphabetical order. A word whose
+/// parameter follows at once ends with the character before the parameter: "POLLON:".
+std::span<const char* const> consoleWords();
+
+/// The words that begin with `start`, in the same order.
+std::vector<std::string> completionsOf(const std::string& start);
 
 /// The longest beginning that all words share.
 std::string commonStart(const std::vector<std::string>& words);
 
-}  // namespace ctl
+}  // namespace zoltctl

@@ -1,4 +1,3 @@
-// Where the lines of the interactive console come from.
 #pragma once
 
 #include <functional>
@@ -6,8 +5,9 @@
 #include <optional>
 #include <string>
 
-namespace ctl {
+namespace zoltctl {
 
+/// Where the lines of the interactive console come from. Used by one thread.
 class LineInput {
   public:
     LineInput() = default;
@@ -15,23 +15,22 @@ class LineInput {
     LineInput(const LineInput&) = delete;
     LineInput& operator=(const LineInput&) = delete;
 
-    /// The next line without its end; nothing at the end of the input. While it
-    /// waits it calls `onReadable` whenever `descriptor` is readable, and lets its
-    /// exceptions through.
+    /// The next line without its end; nothing at the end of the input. While this waits,
+    /// it calls `onReadable` whenever `descriptor` is readable, and passes exceptions of
+    /// that call on.
     virtual std::optional<std::string> next(int descriptor,
                                             const std::function<void()>& onReadable) = 0;
-    /// Called before and after something is written while next() waits.
+    /// Removes the line that is being typed from the screen and shows it again. To be
+    /// called before and after `onReadable` writes something.
     virtual void stepAside() = 0;
     virtual void comeBack() = 0;
 };
 
-/// Lines with editing, history and completion of the console's words.
+/// Reads lines with editing, history and completion of the console's words. REQUIRES:
+/// standard input and output are a terminal.
 std::unique_ptr<LineInput> makeTerminalInput();
 
-/// Lines of standard input as they come.
+/// Reads the lines of standard input as they are.
 std::unique_ptr<LineInput> makePlainInput();
 
-/// Waits for standard input, and calls `onReadable` as LineInput::next does.
-void awaitInput(int descriptor, const std::function<void()>& onReadable);
-
-}  // namespace ctl
+}  // namespace zoltctl

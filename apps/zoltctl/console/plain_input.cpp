@@ -1,14 +1,13 @@
-#include <poll.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <system_error>
 #include <utility>
 
+#include "apps/zoltctl/console/await_input.h"
 #include "apps/zoltctl/console/line_input.h"
 
-namespace ctl {
+namespace zoltctl {
 namespace {
 
 class PlainInput : public LineInput {
@@ -36,7 +35,7 @@ class PlainInput : public LineInput {
     void comeBack() override {}
 
   private:
-    /// The input may end without a line feed.
+    /// What is left at the end of the input: it may end without a line feed.
     std::optional<std::string> lastLine() {
         if (buffer_.empty()) {
             return std::nullopt;
@@ -49,24 +48,8 @@ class PlainInput : public LineInput {
 
 }  // namespace
 
-void awaitInput(int descriptor, const std::function<void()>& onReadable) {
-    for (;;) {
-        std::array<pollfd, 2> waited{pollfd{STDIN_FILENO, POLLIN, 0},
-                                     pollfd{descriptor, POLLIN, 0}};
-        if (::poll(waited.data(), waited.size(), -1) < 0 && errno != EINTR) {
-            throw std::system_error(errno, std::generic_category(), "poll");
-        }
-        if (waited[1].revents != 0) {
-            onReadable();
-        }
-        if (waited[0].revents != 0) {
-            return;
-        }
-    }
-}
-
 std::unique_ptr<LineInput> makePlainInput() {
     return std::make_unique<PlainInput>();
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

@@ -1,4 +1,3 @@
-// The only user of the editing library.
 #include <histedit.h>
 #include <unistd.h>
 
@@ -11,19 +10,20 @@
 #include <filesystem>
 #include <utility>
 
+#include "apps/zoltctl/console/await_input.h"
 #include "apps/zoltctl/console/console_words.h"
 #include "apps/zoltctl/console/line_input.h"
 
-namespace ctl {
+namespace zoltctl {
 namespace {
 
 constexpr int kHistorySize = 1000;
 
-/// What the terminal makes of a Ctrl-D that is typed before the prompt is there.
+/// The byte that the terminal makes of a Ctrl-D that is typed before the prompt.
 constexpr char kTypedAheadEnd = '\0';
 constexpr char kCtrlD = '\x04';
 
-/// Empty when there is no place for it.
+/// The file of the history; empty if there is no place for one.
 std::filesystem::path historyFile() {
     const char* state = std::getenv("XDG_STATE_HOME");
     const char* home = std::getenv("HOME");
@@ -100,7 +100,8 @@ class TerminalInput : public LineInput {
     void comeBack() override { ::el_set(line_, EL_REFRESH); }
 
   private:
-    /// Ends the line that the cursor stands in. A terminal that is gone needs none.
+    /// Ends the line that the cursor is in. Failures do not matter: a terminal that is gone
+    /// needs no end.
     static void endLine() {
         [[maybe_unused]] const ssize_t written = ::write(STDOUT_FILENO, "\n", 1);
     }
@@ -116,13 +117,14 @@ class TerminalInput : public LineInput {
         return text.data();
     }
 
-    /// For the library: 1 with a character, 0 at the end, -1 to give up.
+    /// The library's source of characters. Returns 1 with a character, 0 at the end of the
+    /// input, -1 to give up.
     static int readCharacter(EditLine* line, wchar_t* character) {
         TerminalInput& input = self(line);
         try {
             return input.read(character);
         } catch (...) {
-            // The library's own frames let no exception through.
+            // An exception must not pass through the library's functions, which are C.
             input.thrown_ = std::current_exception();
             return -1;
         }
@@ -142,7 +144,7 @@ class TerminalInput : public LineInput {
             }
             const std::size_t length = std::mbrtowc(character, &byte, 1, &state);
             if (length == static_cast<std::size_t>(-1)) {
-                // No character of the locale: as it stands.
+                // The byte is not a character of the locale and is taken as it is.
                 *character = static_cast<unsigned char>(byte);
                 return 1;
             }
@@ -155,7 +157,7 @@ class TerminalInput : public LineInput {
     static unsigned char complete(EditLine* line, int /*key*/) {
         const LineInfo* info = ::el_line(line);
         const std::string typed(info->buffer, info->cursor);
-        const std::vector<std::string> words = consoleWords(typed);
+        const std::vector<std::string> words = completionsOf(typed);
         const std::string rest = commonStart(words).substr(words.empty() ? 0 : typed.size());
         if (!rest.empty()) {
             ::el_insertstr(line, rest.c_str());
@@ -173,7 +175,7 @@ class TerminalInput : public LineInput {
         return CC_REDISPLAY;
     }
 
-    /// Failing to keep the history is no reason to stop.
+    /// Adds the line to the history. Failures are ignored: the line is carried out anyway.
     void remember(const std::string& line) {
         if (line.empty()) {
             return;
@@ -199,4 +201,4 @@ std::unique_ptr<LineInput> makeTerminalInput() {
     return std::make_unique<TerminalInput>();
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

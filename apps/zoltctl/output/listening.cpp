@@ -3,79 +3,52 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <optional>
+#include <system_error>
 #include <utility>
 
-#include "apps/zoltctl/output/text.h"
-#include "apps/zoltctl/ports/items.h"
-#include "apps/zoltctl/ports/opening.h"
+#include "apps/zoltctl/output/live_output.h"
 #include "apps/zoltctl/stop_signals.h"
+#include "lib/ports/blocking/port_follower.h"
 
-namespace ctl {
+namespace zoltctl {
+
+using zolt_os::Clock;
+using zolt_os::Deadline;
+using zolt_ports::PortFollower;
+
 namespace {
-
-struct Limits {
-    std::optional<Seconds> time;
-    std::optional<unsigned> count;
-};
-
-Limits limitsOf(const Request& request) {
-    constexpr double kYear = 31'536'000;
-    constexpr unsigned kManyLines = 2'000'000'000;
-    Limits limits;
-    if (request.has("--for")) {
-        const std::string& text = request.options.at("--for");
-        const auto seconds = parsePositive(text, kYear);
-        if (!seconds) {
-            throw Failure(Status::kUsage, quote(text) + " is no time: --for takes seconds above 0");
-        }
-        limits.time = Seconds(*seconds);
-    }
-    if (request.has("--count")) {
-        const std::string& text = request.options.at("--count");
-        limits.count = parseDecimal(text, kManyLines);
-        if (!limits.count || *limits.count == 0) {
-            throw Failure(Status::kUsage,
-                          quote(text) + " is no count: --count takes a number from 1 on");
-        }
-    }
-    return limits;
-}
 
 /// What the wait for the next line has found.
 enum class Found { kBytes, kSignal, kOutputFailed, kOutputGone, kTime };
 
 class Listener {
   public:
-    Listener(OpenPort port, const Settings& settings, const Listening& listening,
-             const Limits& limits)
+    Listener(PortFollower port, const Settings& settings, const Limits& limits,
+             std::shared_ptr<LineFormat> format)
         : port_(std::move(port)),
-          lines_(listening.separators),
-          convert_(listening.convert),
+          format_(std::move(format)),
           left_(limits.count),
-          output_(listening.before),
+          output_(format_),
           patience_(settings.timeout) {
         if (limits.time) {
             end_ = Deadline::in(*limits.time).end();
         }
-        lines_.feed(port_.received);
     }
 
-    /// How it ended; the lines so far are written then, unless it throws.
+    /// How it ended. Unless this throws, all lines so far have been written.
     Status run(StopSignals& signals) {
         const Status status = follow(signals);
         if (status != Status::kDone) {
             output_.hurry();
         }
-        port_.connection.leave();
+        port_.leave();
         output_.finish(patience_);
         return status;
     }
 
-    /// For an end by failure: what has come before it is still written.
+    /// Writes the lines that came before the port failed.
     void finish() { output_.finish(patience_); }
 
   private:
@@ -83,7 +56,7 @@ class Listener {
         while (takeLines()) {
             switch (wait(signals)) {
                 case Found::kBytes:
-                    receive();
+                    port_.receive();
                     break;
                 case Found::kSignal:
                     return signals.take();
@@ -97,10 +70,12 @@ class Listener {
         return Status::kDone;
     }
 
-    /// False when that was the last one wanted.
+    /// False if that was the last line that is wanted.
     bool takeLines() {
-        while (const auto line = lines_.next()) {
-            output_.add(convert_(*line));
+        while (auto line = port_.nextReceived()) {
+            const WallTime now = std::chrono::system_clock::now();
+            format_->check(*line);
+            output_.add({now, std::move(*line)});
             if (left_ && --*left_ == 0) {
                 return false;
             }
@@ -108,29 +83,29 @@ class Listener {
         return true;
     }
 
-    void receive() {
-        std::string bytes;
-        if (port_.connection.receiveNow(bytes) == Connection::Wait::kEnd) {
-            throw port_.connection.cut("while it was listened to");
-        }
-        lines_.feed(bytes);
-    }
-
     Found wait(const StopSignals& signals) const {
         for (;;) {
-            std::array<pollfd, 4> waited{pollfd{port_.connection.descriptor(), POLLIN, 0},
-                                         pollfd{signals.descriptor(), POLLIN, 0},
-                                         pollfd{output_.failed(), POLLIN, 0},
-                                         // Nothing is awaited there but the end.
-                                         pollfd{STDOUT_FILENO, 0, 0}};
-            ::poll(waited.data(), waited.size(), milliseconds());
-            constexpr std::array kMeaning{Found::kBytes, Found::kSignal, Found::kOutputFailed,
-                                          Found::kOutputGone};
-            // Bytes last: a port that never falls silent does not keep the others out.
-            for (std::size_t i = kMeaning.size(); i-- > 0;) {
-                if (waited[i].revents != 0) {
-                    return kMeaning[i];
-                }
+            std::array waited{pollfd{STDOUT_FILENO, 0, 0},  // only its end is awaited
+                              pollfd{output_.failed(), POLLIN, 0},
+                              pollfd{signals.descriptor(), POLLIN, 0},
+                              pollfd{port_.descriptor(), POLLIN, 0}};
+            if (::poll(waited.data(), waited.size(), zolt_os::pollMilliseconds(end_)) < 0 &&
+                errno != EINTR) {
+                throw std::system_error(errno, std::generic_category(), "poll");
+            }
+            const auto& [output, failure, signal, bytes] = waited;
+            if (output.revents != 0) {
+                return Found::kOutputGone;
+            }
+            if (failure.revents != 0) {
+                return Found::kOutputFailed;
+            }
+            if (signal.revents != 0) {
+                return Found::kSignal;
+            }
+            // Bytes come last: a port that never falls silent must not hide the others.
+            if (bytes.revents != 0) {
+                return Found::kBytes;
             }
             if (end_ && Clock::now() >= *end_) {
                 return Found::kTime;
@@ -138,39 +113,28 @@ class Listener {
         }
     }
 
-    int milliseconds() const {
-        constexpr std::chrono::milliseconds kLongest{60'000};
-        if (!end_) {
-            return -1;
-        }
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*end_ - Clock::now());
-        return static_cast<int>(std::clamp(left, std::chrono::milliseconds{0}, kLongest).count());
-    }
-
-    OpenPort port_;
-    LineReader lines_;
-    std::function<std::function<std::string()>(const std::string&)> convert_;
+    PortFollower port_;
+    std::shared_ptr<LineFormat> format_;
     std::optional<unsigned> left_;
     std::optional<Clock::time_point> end_;
     LiveOutput output_;
-    Seconds patience_;
+    zolt_os::Seconds patience_;
 };
 
 }  // namespace
 
-void listenTo(const Settings& settings, const Request& request, const Listening& listening) {
-    const Limits limits = limitsOf(request);
-    // Until it is open a signal may end the program as it likes.
-    OpenPort port = openPort(settings.at(listening.port), settings.timeout);
+void listenTo(const Settings& settings, zolt_ports::Port port,
+              const std::vector<std::string>& separators, const Limits& limits,
+              std::shared_ptr<LineFormat> format) {
+    // Until the port is open, a signal may end the program at once.
+    PortFollower follower(zolt_ports::openPort(settings.at(port), settings.timeout), separators);
     StopSignals signals;
-    Listener listener(std::move(port), settings, listening, limits);
+    Listener listener(std::move(follower), settings, limits, std::move(format));
     Status status = Status::kDone;
     try {
         status = listener.run(signals);
-    } catch (const Failure& failure) {
-        if (failure.status() == Status::kCut || failure.status() == Status::kNotZolt) {
-            listener.finish();
-        }
+    } catch (const zolt_ports::PortError&) {
+        listener.finish();
         throw;
     }
     if (status != Status::kDone) {
@@ -178,4 +142,4 @@ void listenTo(const Settings& settings, const Request& request, const Listening&
     }
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

@@ -1,30 +1,27 @@
-// Following a port line by line until something ends it.
 #pragma once
 
-#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "apps/zoltctl/command_line/settings.h"
-#include "apps/zoltctl/commands/commands.h"
-#include "apps/zoltctl/output/live_output.h"
+#include "apps/zoltctl/arguments/settings.h"
+#include "apps/zoltctl/output/line_format.h"
 
-namespace ctl {
+namespace zoltctl {
 
-struct Listening {
-    Port port;
-    /// What ends lines there, besides carriage return and line feed.
-    std::vector<std::string> separators;
-    /// Runs beside, before the first line is written; `hurry` as in LiveOutput.
-    std::function<void(int hurry)> before;
-    /// What becomes of a line of the port. It is called as soon as the line is
-    /// there; what it returns makes the text, beside and later.
-    std::function<std::function<std::string()>(const std::string& line)> convert;
+/// When listening ends by itself; never if both are nothing.
+struct Limits {
+    std::optional<zolt_os::Seconds> time;
+    std::optional<unsigned> count;  ///< of lines, at least 1
 };
 
-/// Reads without a pause and hands the output to a thread of its own, so that an
-/// output that is slow never makes the daemon wait. Ends by --for and --count of
-/// the request; throws Failure for all other ends.
-void listenTo(const Settings& settings, const Request& request, const Listening& listening);
+/// Follows a port line by line until a limit is reached. It reads without a pause and
+/// leaves the output to another thread, so that a slow reader of the output never makes
+/// the daemon wait. `separators` end lines besides carriage return and line feed. Throws
+/// Failure or zolt_ports::PortError for every other end.
+void listenTo(const Settings& settings, zolt_ports::Port port,
+              const std::vector<std::string>& separators, const Limits& limits,
+              std::shared_ptr<LineFormat> format);
 
-}  // namespace ctl
+}  // namespace zoltctl

@@ -1,92 +1,80 @@
 #include "apps/zoltctl/output/live_output.h"
 
-#include <sys/eventfd.h>
-
-#include <cerrno>
 #include <condition_variable>
 #include <deque>
 #include <exception>
 #include <mutex>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <thread>
 #include <utility>
 
 #include "apps/zoltctl/failure.h"
 #include "apps/zoltctl/output/output.h"
-#include "apps/zoltctl/ports/descriptor.h"
+#include "lib/os/event.h"
 
-namespace ctl {
-namespace {
+namespace zoltctl {
 
-Descriptor makeEvent() {
-    Descriptor event(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
-    if (!event.valid()) {
-        throw std::system_error(errno, std::generic_category(), "eventfd");
-    }
-    return event;
-}
-
-void raise(const Descriptor& event) {
-    ::eventfd_write(event.get(), 1);
-}
-
-}  // namespace
+using zolt_os::Clock;
+using zolt_os::Event;
+using zolt_os::Seconds;
 
 struct LiveOutput::Shared {
-    /// A failure's parts: an exception that two threads hold is let go of in the
-    /// standard library, where the thread sanitizer does not see its counting.
+    /// A failure by its values. An exception shared by two threads would be released by the
+    /// standard library, whose reference count the thread sanitizer does not see.
     struct Problem {
         Status status;
         std::string text;
     };
 
-    Descriptor failedEvent = makeEvent();
-    Descriptor hurryEvent = makeEvent();
+    explicit Shared(std::shared_ptr<LineFormat> lineFormat) : format(std::move(lineFormat)) {}
+
+    const std::shared_ptr<LineFormat> format;
+    Event failedEvent;
+    Event hurryEvent;
 
     std::mutex mutex;
     std::condition_variable changed;
-    // Under the mutex:
-    std::deque<std::function<std::string()>> lines;
-    bool begun = false;  ///< `before` is over
+    // The mutex guards all members below.
+    std::deque<TimedLine> lines;
+    bool begun = false;  ///< the format is prepared
     std::size_t written = 0;
-    bool ending = false;
-    bool ended = false;
+    bool ending = false;  ///< no more lines are added
+    bool ended = false;   ///< the thread writes no more
     std::optional<Problem> problem;
 
-    /// Nothing at the end.
-    std::function<std::string()> next() {
+    /// Waits for the next line; nothing if there are no more.
+    std::optional<TimedLine> next() {
         std::unique_lock lock(mutex);
         changed.wait(lock, [this] { return ending || !lines.empty(); });
         if (lines.empty()) {
-            return nullptr;
+            return std::nullopt;
         }
-        auto line = std::move(lines.front());
+        TimedLine line = std::move(lines.front());
         lines.pop_front();
         return line;
     }
 
-    void write(const std::function<void(int)>& before) {
-        before(hurryEvent.get());
+    void write() {
+        format->prepare(hurryEvent.get());
         {
             const std::lock_guard lock(mutex);
             begun = true;
             changed.notify_all();
         }
         while (const auto line = next()) {
-            // The reader may be slow as long as the daemon is listened to.
-            writeOut(line() + '\n', std::nullopt);
+            // The reader may take its time as long as the daemon is listened to.
+            writeOut(format->format(*line) + '\n', std::nullopt);
             const std::lock_guard lock(mutex);
             ++written;
             changed.notify_all();
         }
     }
 
-    void run(const std::function<void(int)>& before) {
+    void run() {
         std::optional<Problem> met;
         try {
-            write(before);
+            write();
         } catch (const Failure& failure) {
             met = Problem{failure.status(), failure.what()};
         } catch (const std::exception& error) {
@@ -96,18 +84,18 @@ struct LiveOutput::Shared {
         problem = met;
         ended = true;
         if (problem) {
-            raise(failedEvent);
+            failedEvent.raise();
         }
         changed.notify_all();
     }
 };
 
-LiveOutput::LiveOutput(std::function<void(int hurry)> before)
-    : shared_(std::make_shared<Shared>()) {
-    std::thread([shared = shared_, before = std::move(before)] { shared->run(before); }).detach();
+LiveOutput::LiveOutput(std::shared_ptr<LineFormat> format)
+    : shared_(std::make_shared<Shared>(std::move(format))) {
+    std::thread([shared = shared_] { shared->run(); }).detach();
 }
 
-void LiveOutput::add(std::function<std::string()> line) {
+void LiveOutput::add(TimedLine line) {
     const std::lock_guard lock(shared_->mutex);
     shared_->lines.push_back(std::move(line));
     shared_->changed.notify_all();
@@ -118,14 +106,14 @@ int LiveOutput::failed() const {
 }
 
 void LiveOutput::hurry() {
-    raise(shared_->hurryEvent);
+    shared_->hurryEvent.raise();
 }
 
 void LiveOutput::finish(Seconds patience) {
     std::unique_lock lock(shared_->mutex);
     shared_->ending = true;
     shared_->changed.notify_all();
-    // It has deadlines of its own.
+    // No time limit is needed here: prepare() comes to an end by itself.
     shared_->changed.wait(lock, [this] { return shared_->begun || shared_->ended; });
     const auto time = std::chrono::duration_cast<Clock::duration>(patience);
     while (!shared_->ended) {
@@ -134,7 +122,7 @@ void LiveOutput::finish(Seconds patience) {
             return shared_->ended || shared_->written != written;
         });
         if (!moved) {
-            throw nobodyReads();
+            throw outputStuck();
         }
     }
     if (shared_->problem) {
@@ -142,4 +130,4 @@ void LiveOutput::finish(Seconds patience) {
     }
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

@@ -1,39 +1,36 @@
-// Lines that are written while others come: whoever adds one never waits for the
-// output.
 #pragma once
 
-#include <functional>
 #include <memory>
-#include <string>
 
-#include "apps/zoltctl/ports/deadline.h"
+#include "apps/zoltctl/output/line_format.h"
+#include "lib/os/deadline.h"
 
-namespace ctl {
+namespace zoltctl {
 
+/// Writes lines on a thread of its own: a caller that adds a line never waits for the
+/// output. All calls come from one thread.
 class LiveOutput {
   public:
-    /// `before` runs first, beside the caller; until it returns no line is
-    /// written. It must come to an end by itself; its argument becomes readable
-    /// when it should hurry.
-    explicit LiveOutput(std::function<void(int hurry)> before);
+    /// Starts the thread, which calls format->prepare() and then format->format() for each
+    /// line.
+    explicit LiveOutput(std::shared_ptr<LineFormat> format);
     LiveOutput(const LiveOutput&) = delete;
     LiveOutput& operator=(const LiveOutput&) = delete;
 
-    /// Adds a line without its line feed. It is made beside the caller, after
-    /// `before`.
-    void add(std::function<std::string()> line);
-    /// Readable once the output has failed; finish() then tells how.
+    void add(TimedLine line);
+    /// A descriptor that becomes readable when the output has failed; finish() then throws.
     int failed() const;
+    /// Makes the descriptor readable that LineFormat::prepare() was given.
     void hurry();
-    /// Returns when all lines are written. Throws Failure when the output has
-    /// failed or takes nothing for `patience`.
-    void finish(Seconds patience);
+    /// Returns when all lines are written. Throws Failure if the output has failed or takes
+    /// nothing for `patience`.
+    void finish(zolt_os::Seconds patience);
 
   private:
     struct Shared;
-    /// Also held by the thread that writes, which a reader who takes nothing can
-    /// keep for ever.
+    /// The output thread holds it, too: a reader that takes nothing can keep that thread
+    /// waiting until the program ends.
     std::shared_ptr<Shared> shared_;
 };
 
-}  // namespace ctl
+}  // namespace zoltctl

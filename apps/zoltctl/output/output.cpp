@@ -9,10 +9,25 @@
 #include <nlohmann/json.hpp>
 #include <system_error>
 
-namespace ctl {
+#include "lib/os/deadline.h"
+#include "lib/text/printable.h"
+
+namespace zoltctl {
+
+using zolt_os::Clock;
+using zolt_os::Deadline;
+using zolt_os::Seconds;
 
 std::string oneLine(const Json& json) {
     return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+std::string printableLines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += zolt_text::printable(line) + '\n';
+    }
+    return text;
 }
 
 void writeOut(std::string_view text, std::optional<Seconds> patience) {
@@ -20,10 +35,10 @@ void writeOut(std::string_view text, std::optional<Seconds> patience) {
     while (!text.empty()) {
         const Deadline until =
             limited ? Deadline::in(*patience) : Deadline(Clock::time_point::max());
-        if (!waitFor(STDOUT_FILENO, POLLOUT, until)) {
-            throw nobodyReads();
+        if (!zolt_os::waitFor(STDOUT_FILENO, POLLOUT, until)) {
+            throw outputStuck();
         }
-        // More might not fit into a pipe that is ready, and the write would wait.
+        // A pipe that is ready takes at least this much; a longer write might wait.
         const std::size_t piece = std::min<std::size_t>(text.size(), PIPE_BUF);
         const ssize_t count = ::write(STDOUT_FILENO, text.data(), piece);
         if (count >= 0) {
@@ -37,13 +52,13 @@ void writeOut(std::string_view text, std::optional<Seconds> patience) {
     }
 }
 
-Failure nobodyReads() {
+Failure outputStuck() {
     return {Status::kLocalFile,
-            "cannot write the output: nobody reads it; the last lines are lost"};
+            "cannot write the output: its reader takes nothing; the last lines are lost"};
 }
 
 void writeResult(const Settings& settings, const std::string& text, const Json& json) {
     writeOut((settings.json ? oneLine(json) : text) + '\n', settings.timeout);
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

@@ -1,34 +1,35 @@
-// Standard output, as text for people or as JSON for programs. zoltctl(1) lists
-// the JSON of each command.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "apps/zoltctl/command_line/settings.h"
+#include "apps/zoltctl/arguments/settings.h"
 #include "apps/zoltctl/failure.h"
-#include "apps/zoltctl/ports/deadline.h"
 
-namespace ctl {
+/// Standard output: a text for people, or JSON for programs. zoltctl(1) lists the JSON of
+/// each command.
+namespace zoltctl {
 
 using Json = nlohmann::ordered_json;
 
-/// The JSON in one line; bytes that are no UTF-8 become the replacement
-/// character.
+/// The JSON in one line. Bytes that are not UTF-8 become the replacement character.
 std::string oneLine(const Json& json);
 
-/// Writes all of it to standard output, now. `patience` is how long a reader may
-/// take nothing; without it, and at a terminal, where somebody has stopped it, for
-/// as long as it takes. Throws Failure: quietly when the reader has left, and
-/// telling why when the output cannot be written.
-void writeOut(std::string_view text, std::optional<Seconds> patience);
+/// The lines for a terminal, with a line feed after each.
+std::string printableLines(const std::vector<std::string>& lines);
+
+/// Writes the whole text to standard output at once. `patience` is how long the reader may
+/// take nothing. Without it, and at a terminal, which Ctrl-S may have stopped, this waits
+/// without a limit. Throws Failure, with an empty text if the reader has left.
+void writeOut(std::string_view text, std::optional<zolt_os::Seconds> patience);
 
 /// The failure for a reader that takes nothing.
-Failure nobodyReads();
+Failure outputStuck();
 
-/// Writes the one that the settings want, with a line feed behind it.
+/// Writes the text or, if the settings say so, the JSON, with a line feed after it.
 void writeResult(const Settings& settings, const std::string& text, const Json& json);
 
-}  // namespace ctl
+}  // namespace zoltctl

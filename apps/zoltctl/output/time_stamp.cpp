@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <ctime>
 
-namespace ctl {
+namespace zoltctl {
 namespace {
 
 std::tm localTime(WallTime time) {
@@ -42,4 +42,4 @@ std::string timeIso(WallTime time) {
     return withMilliseconds(local, time, "%Y-%m-%dT%H:%M:%S") + offset;
 }
 
-}  // namespace ctl
+}  // namespace zoltctl

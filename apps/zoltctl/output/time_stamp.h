@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-namespace ctl {
+namespace zoltctl {
 
 using WallTime = std::chrono::system_clock::time_point;
 
@@ -13,4 +13,4 @@ std::string timeText(WallTime time);
 /// Local time as ISO 8601, "2026-11-21T14:03:07.123+01:00".
 std::string timeIso(WallTime time);
 
-}  // namespace ctl
+}  // namespace zoltctl

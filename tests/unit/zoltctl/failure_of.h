@@ -4,12 +4,12 @@
 
 #include "apps/zoltctl/failure.h"
 
-/// What a call fails with, "STATUS TEXT"; "none" when it does not fail.
+/// "STATUS TEXT" of the failure that a call throws; "none" if it throws none.
 template <typename Call>
 std::string failureOf(Call call) {
     try {
         call();
-    } catch (const ctl::Failure& failure) {
+    } catch (const zoltctl::Failure& failure) {
         return std::to_string(static_cast<int>(failure.status())) + " " + failure.what();
     }
     return "none";

@@ -1,4 +1,4 @@
-#include "apps/zoltctl/command_line/settings.h"
+#include "apps/zoltctl/arguments/settings.h"
 
 #include <gtest/gtest.h>
 
@@ -6,11 +6,13 @@
 #include "tests/support/temporary_folder.h"
 #include "tests/unit/zoltctl/failure_of.h"
 
-using namespace ctl;
+using namespace zoltctl;
+using zolt_os::Seconds;
+using zolt_ports::Port;
 
 namespace {
 
-class CtlSettings : public testing::Test {
+class SettingsTest : public testing::Test {
   protected:
     std::string write(const std::string& interfaces) {
         const std::string path = folder_.file("zoltconf.xml");
@@ -32,7 +34,7 @@ constexpr const char* kInterfaces =
     R"(<I Name="CAE" Port="5001" InpSeparator="\n" OutSeparator=";"/>
        <I Name="IO" Port="5002"/>)";
 
-TEST_F(CtlSettings, DefaultsWithoutAnything) {
+TEST_F(SettingsTest, DefaultsWithoutOptionsAndConfiguration) {
     const Settings settings = make({});
     EXPECT_EQ(settings.at(Port::kCae).label(), "console 127.0.0.1:4001");
     EXPECT_EQ(settings.at(Port::kIo).label(), "IO 127.0.0.1:4002");
@@ -43,7 +45,7 @@ TEST_F(CtlSettings, DefaultsWithoutAnything) {
     EXPECT_EQ(settings.note, "");
 }
 
-TEST_F(CtlSettings, ConfigurationGivesPortsAndSeparators) {
+TEST_F(SettingsTest, ConfigurationGivesPortsAndSeparators) {
     GivenSettings given;
     given.config = write(kInterfaces);
     const Settings settings = make(given);
@@ -55,17 +57,18 @@ TEST_F(CtlSettings, ConfigurationGivesPortsAndSeparators) {
     EXPECT_EQ(settings.at(Port::kMon).number, std::nullopt);
 }
 
-TEST_F(CtlSettings, DefaultConfigurationIsReadWhenItIsThere) {
+TEST_F(SettingsTest, DefaultConfigurationIsReadWhenItIsThere) {
     const Settings settings = makeSettings({}, write(kInterfaces));
     EXPECT_EQ(settings.at(Port::kCae).number, 5001);
     EXPECT_EQ(settings.note, "");
 }
 
-TEST_F(CtlSettings, OptionsStandAboveTheConfiguration) {
+TEST_F(SettingsTest, OptionsComeBeforeTheConfiguration) {
     GivenSettings given;
     given.config = write(kInterfaces);
     given.host = "::1";
-    given.ports = {"6001", std::nullopt, "6003"};
+    given.caePort = "6001";
+    given.monPort = "6003";
     given.lineEnd = "cr";
     given.timeout = "0.5";
     const Settings settings = make(given);
@@ -77,7 +80,7 @@ TEST_F(CtlSettings, OptionsStandAboveTheConfiguration) {
     EXPECT_EQ(settings.timeout, Seconds(0.5));
 }
 
-TEST_F(CtlSettings, LineEnds) {
+TEST_F(SettingsTest, LineEnds) {
     struct Case {
         const char* text;
         std::optional<std::string> end;
@@ -91,7 +94,7 @@ TEST_F(CtlSettings, LineEnds) {
     }
 }
 
-TEST_F(CtlSettings, NamedConfigurationHasToBeUsable) {
+TEST_F(SettingsTest, NamedConfigurationHasToBeUsable) {
     GivenSettings given;
     given.config = folder_.file("missing.xml");
     EXPECT_EQ(complaint(given),
@@ -101,7 +104,7 @@ TEST_F(CtlSettings, NamedConfigurationHasToBeUsable) {
                                     ": CAE interface port number is less than 1025");
 }
 
-TEST_F(CtlSettings, UnusableDefaultConfigurationIsNoted) {
+TEST_F(SettingsTest, UnusableDefaultConfigurationIsNoted) {
     const std::string path = write(R"(<I Name="CAE" Port="80"/>)");
     const Settings settings = makeSettings({}, path);
     EXPECT_EQ(settings.at(Port::kCae).number, 4001);
@@ -110,22 +113,21 @@ TEST_F(CtlSettings, UnusableDefaultConfigurationIsNoted) {
                                  "4002 and 4003 are assumed");
 }
 
-TEST_F(CtlSettings, WrongPortsAreRefused) {
+TEST_F(SettingsTest, WrongPortsAreRefused) {
     for (const char* port : {"", "0", "65536", "80x", "-1"}) {
         GivenSettings given;
-        given.ports[1] = port;
-        EXPECT_EQ(complaint(given), "2 \"" + std::string(port) +
-                                        "\" is no port: --io-port takes a number from 1 to 65535");
+        given.ioPort = port;
+        EXPECT_EQ(complaint(given),
+                  "2 --io-port takes a number from 1 to 65535, not \"" + std::string(port) + "\"");
     }
 }
 
-TEST_F(CtlSettings, WrongTimesAndHostsAreRefused) {
+TEST_F(SettingsTest, WrongTimesAndHostsAreRefused) {
     for (const char* time : {"", "0", "-1", "soon", "86401"}) {
         GivenSettings given;
         given.timeout = time;
-        EXPECT_EQ(complaint(given),
-                  "2 \"" + std::string(time) +
-                      "\" is no time: --timeout takes seconds above 0 and up to 86400");
+        EXPECT_EQ(complaint(given), "2 --timeout takes seconds above 0 and up to 86400, not \"" +
+                                        std::string(time) + "\"");
     }
     GivenSettings given;
     given.host = "";

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+
+#include "apps/zoltctl/arguments/settings.h"
+
+namespace zoltctl {
+
+/// An option of every command that takes a value.
+struct OptionRow {
+    const char* name;
+    const char* variable;  ///< the environment variable that stands in for it
+    const char* value;
+    const char* purpose;
+    std::optional<std::string> GivenSettings::*given;
+};
+
+/// In the order in which --help shows them.
+std::span<const OptionRow> optionRows();
+
+}  // namespace zoltctl
