@@ -8,8 +8,8 @@
 
 namespace {
 
-/// An answer to a discovery, a configuration command, a poll of another card, the
-/// refusal of a card and one of a class that is dropped.
+/// Answers to other requests: to a discovery, to a configuration command and to a poll of
+/// another card, the refusal of a card, and an answer of a class that the daemon drops.
 constexpr std::array kOtherAnswers{
     "31 05 00 00 04 00 03 00 00 08 0A 06 00 00 00 09 07",
     "51 03 40 00 00 00 00 00 00 00 00 00 00 00 00 00",
@@ -18,7 +18,8 @@ constexpr std::array kOtherAnswers{
     "12",
 };
 
-/// Wrong answers, one after the other; after each the next output reaches its card.
+/// Gives wrong answers, one after the other. After each of them the next output must reach
+/// its card.
 class BusAnswer : public FaultTest {
   protected:
     void SetUp() override {
@@ -26,14 +27,14 @@ class BusAnswer : public FaultTest {
         startServing();
     }
 
-    /// Lets the next request of this kind be struck, which an output or the
-    /// polling makes soon.
+    /// Sets a fault for the next request of this kind, which an output or the polling makes
+    /// soon.
     void strike(const std::string& fault, const std::string& requests) {
         bus_->control("fault " + fault + " " + requests + " once");
         ASSERT_TRUE(faultsHaveStruck()) << fault;
     }
 
-    /// An output whose answer is spoilt, and one that has to arrive after it.
+    /// Sends an output whose answer is spoiled, and then one that has to arrive.
     void strikeOutput(const std::string& fault, bool forgetsCards = false) {
         bus_->control("fault " + fault + " at 5 for output once");
         sendOutput(0x5A);
@@ -58,7 +59,7 @@ TEST_F(BusAnswer, EveryFirstByte) {
         const std::string first = hexByte(value);
         strikeOutput("answer " + first, value == kDiscoveryAnswer);
         strike("answer " + first + " 03 FF FF", kPolls);
-        // Taken for a discovery's answer, it leaves no card but those it names.
+        // As the answer to a discovery, it leaves only the cards that it names.
         if (value == kDiscoveryAnswer) expectFullRound();
     }
     expectServesAsBefore();
@@ -75,7 +76,7 @@ TEST_F(BusAnswer, EveryAddress) {
 }
 
 TEST_F(BusAnswer, NoiseBeforeAfterAndInsideIt) {
-    // The same noise in every run, so that a failure comes back.
+    // Every run has the same noise, so that a failure can be repeated.
     constexpr unsigned kSeed = 1;
     std::mt19937 random(kSeed);
     const std::array<std::string, 4> answer{"03", "21", "03", "00"};
@@ -83,7 +84,7 @@ TEST_F(BusAnswer, NoiseBeforeAfterAndInsideIt) {
         std::string noise;
         for (auto count = 1 + random() % 40; count > 0; --count)
             noise += " " + hexByte(static_cast<unsigned>(random()));
-        // In front of byte 0 it comes before the answer, behind byte 4 after it.
+        // The noise comes before byte `place` of the answer; place 5 is after the answer.
         const auto place = static_cast<std::size_t>(round) % 6;
         std::string bytes;
         for (std::size_t i = 0; i < answer.size(); ++i) {
@@ -104,14 +105,13 @@ TEST_F(BusAnswer, SomethingElseThanWasAsked) {
             strike("answer " + answer, requests);
         }
         strikeOutput("answer " + answer);
-        // A configuration command and a discovery have to be answered as well as
-        // the bus lets them.
+        // A configuration command and a discovery still have to get some reply.
         bus_->control("fault answer " + answer + " for config once");
         EXPECT_NE(answered("GETANMASK:F", ">"), "");
         bus_->control("fault answer " + answer + " for discovery once");
         EXPECT_NE(answered("FORCEDISCOVER", "DTI:0xF:"), "");
         expectFullRound();
-        // And the check of the hardware, when the link has to be found again.
+        // The fault also hits the hardware check if the link has to be found again.
         bus_->control("fault answer " + answer + " for check once");
         strikeOutput("silence");
         bus_->control("faults clear");
@@ -126,19 +126,19 @@ TEST_F(BusAnswer, SilenceOfOneCardAndOfAll) {
         sendOutput(0x11);
         ASSERT_TRUE(outputArrives(0x11)) << requests;
     }
-    // The link goes, and is not found at once.
+    // The link is lost and not found again at once.
     bus_->control("fault silence for check 2 times");
     strikeOutput("silence");
     ASSERT_TRUE(faultsHaveStruck());
-    // Nor is a card, as long as the discovery is not answered.
+    // No card is found either as long as the discovery is not answered.
     bus_->control("fault silence for discovery once");
     EXPECT_NE(answered("FORCEDISCOVER", "DTI:0xF:EMPTY"), "");
     expectServesAsBefore();
 }
 
 TEST_F(BusAnswer, LateAroundTheLimit) {
-    // How long the daemon waits is a number of attempts to read: find out what that
-    // is here and now, then answer around it.
+    // The daemon waits for a number of attempts to read. This finds out how long that takes
+    // now, and then answers shortly before and after that time.
     bus_->readNewTrace();
     const long lost = timesLogged("[INF] comm timeout /dev/ttyUSB0");
     unsigned early = 1;

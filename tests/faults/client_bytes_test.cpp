@@ -14,14 +14,14 @@ constexpr std::size_t kChunk = 255;
 
 class ClientBytes : public FaultTest {
   protected:
-    /// Sends a packet and waits until the daemon has read it, so that the next one
-    /// is a chunk of its own.
+    /// Sends a packet and waits until the daemon has read it, so that the daemon reads the
+    /// next packet by itself.
     static void sendChunk(TcpClient& client, const std::string& bytes) {
         client.send(bytes);
         ASSERT_TRUE(waitUntil([&] { return client.peerHasReadAll(); }));
     }
 
-    /// 255 times each byte value, and all values in one chunk.
+    /// Packets of 255 equal bytes, one for each value, and one packet with all values.
     static void sendEveryByteValue(TcpClient& client) {
         std::string all;
         for (int value = 0; value < 256; ++value) {
@@ -36,7 +36,7 @@ class ClientBytes : public FaultTest {
 
     static std::string outputLine(unsigned low) { return "a5b1d" + hexByte(low) + "\r\n"; }
 
-    /// The second blocks of all outputs that card 5 gets, up to this one.
+    /// The second blocks of all outputs that card 5 gets, up to and including this one.
     std::vector<unsigned> outputsUntil(unsigned last) {
         const std::string output = " host> 05 | 10 05 02 FF ";
         std::vector<unsigned> blocks;
@@ -52,7 +52,7 @@ class ClientBytes : public FaultTest {
         return blocks;
     }
 
-    /// As much of `came` as has been sent, in this order.
+    /// The part of `came` that has been sent, in this order.
     static std::vector<unsigned> inOrder(const std::vector<unsigned>& came,
                                          const std::vector<unsigned>& sent) {
         std::vector<unsigned> found;
@@ -67,11 +67,11 @@ class ClientBytes : public FaultTest {
     }
 
     static constexpr const char* kLinkLost = "[INF] comm timeout /dev/ttyUSB0";
-    /// Of a flood; a packet is one read.
+    /// The packets of a flood; the daemon reads each of them by itself.
     static constexpr unsigned kFloodPackets = 60;
     static constexpr unsigned kLinesPerPacket = 28;
 
-    /// What a byte of a queued line costs: an element of a list.
+    /// The memory for one byte of a queued line: an element of a list.
     static constexpr long kKeptPerByte = 40;
 };
 
@@ -81,7 +81,8 @@ TEST_F(ClientBytes, EveryByteValueOnEachPort) {
     for (auto* client : {&monitor, &io(), &console()}) sendEveryByteValue(*client);
     ASSERT_TRUE(waitUntil([&] { return monitor.peerHasReadAll(); }));
     monitor.reset();
-    // What a monitor sends is kept; the replies to all that come before the round's.
+    // The daemon keeps what a monitor sends. The replies to all this come before those of the
+    // round.
     before_.memory += kKeptPerByte * 257 * static_cast<long>(kChunk);
     expectServesAsBefore();
 }
@@ -105,13 +106,13 @@ TEST_F(ClientBytes, AFloodOnIoThatIsReadPacketByPacketReachesTheCardWholeAndInOr
         sent.push_back(kLast);
         sendChunk(io(), outputLine(kLast));
         const std::vector<unsigned> came = outputsUntil(kLast);
-        // A busy machine may cost the link, and that the frame under way.
+        // A busy machine may cost the link, and with the link the frame under way.
         const auto lost = static_cast<std::size_t>(timesLogged(kLinkLost) - lostBefore);
         EXPECT_GE(came.size() + lost, sent.size());
         EXPECT_EQ(came, inOrder(came, sent));
         EXPECT_NE(answered("ENABLEPOLL", "ENABLED"), "");
         expectFullRound();
-        // What the first one has used may be used again by the next.
+        // The second flood may use the memory of the first one again.
         if (flood == 0) noteState();
     }
     expectServesAsBefore();
@@ -124,7 +125,7 @@ TEST_F(ClientBytes, AFloodOnIoAndOnMonCostsNobodyTheService) {
     for (unsigned i = 0; i < kLinesPerPacket; ++i) lines += outputLine(i);
     for (int flood = 0; flood < 2; ++flood) {
         auto monitor = greeted(support::kMonPort);
-        // Nobody waits until a packet is read: what a read finds is cut anywhere.
+        // No packet waits until the previous one is read, so the reads cut the bytes anywhere.
         for (unsigned packet = 0; packet < kFloodPackets; ++packet) {
             io().send(lines);
             monitor.send(lines);
@@ -139,7 +140,7 @@ TEST_F(ClientBytes, AFloodOnIoAndOnMonCostsNobodyTheService) {
         expectFullRound();
         if (flood == 0) before_.memory = memory();
     }
-    // What a monitor sends is kept.
+    // The daemon keeps what a monitor sends.
     before_.memory += kKeptPerByte * kFloodPackets * static_cast<long>(lines.size());
     expectServesAsBefore();
 }
@@ -147,7 +148,7 @@ TEST_F(ClientBytes, AFloodOnIoAndOnMonCostsNobodyTheService) {
 TEST_F(ClientBytes, ErrorsOfIoWaitForTheConsoleAndCostMemoryUntilThen) {
     settings_.percent = 99;
     startServing();
-    // Once with a console, so that what the allocator keeps is known.
+    // The first run has a console and shows what the allocator keeps.
     for (int flood = 0; flood < 2; ++flood) {
         console_.reset();
         const long before = memory();
@@ -156,7 +157,7 @@ TEST_F(ClientBytes, ErrorsOfIoWaitForTheConsoleAndCostMemoryUntilThen) {
         std::string lines;
         for (int i = 0; i < kPerPacket; ++i) lines += "Z\r\n";
         for (int packet = 0; packet < kPackets; ++packet) sendChunk(io(), lines);
-        // Behind them all, so that every error is queued when it arrives.
+        // This line comes after all others, so that every error is queued when it arrives.
         sendOutput(static_cast<unsigned>(flood) + 1);
         EXPECT_TRUE(outputArrives(static_cast<unsigned>(flood) + 1));
         if (flood == 0 && memoryIsMeaningful()) {

@@ -18,8 +18,8 @@ constexpr std::array kPorts{support::kCaePort, support::kIoPort, support::kMonPo
 
 enum class Attempt { kConnected, kRefused, kUnanswered };
 
-/// One try to connect that waits for nothing, and a reset at once when it
-/// succeeds. A port whose backlog is full leaves it unanswered.
+/// Tries once to connect, without waiting, and resets the connection at once. A port whose
+/// backlog is full does not answer.
 Attempt connectAndReset(std::uint16_t port) {
     const zolt_os::Descriptor socket(
         ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
@@ -42,7 +42,7 @@ Attempt connectAndReset(std::uint16_t port) {
 
 class ClientResets : public FaultTest {
   protected:
-    /// Everybody leaves, so that all ports are free for what comes.
+    /// Closes all clients, so that all ports are free.
     void leave() {
         console_.reset();
         io_.reset();
@@ -52,8 +52,8 @@ class ClientResets : public FaultTest {
 TEST_F(ClientResets, TwoThousandAttemptsOnEachPort) {
     startServing();
     leave();
-    // Spread over several rounds of closing, reopening and accepting; faster than
-    // that the daemon takes nobody.
+    // The pace spreads the attempts over several rounds of closing, reopening and accepting.
+    // With faster attempts the daemon would accept no connection.
     constexpr std::chrono::milliseconds kPace{10};
     std::map<std::uint16_t, std::map<Attempt, int>> outcomes;
     for (int attempt = 0; attempt < 2000; ++attempt) {

@@ -11,8 +11,8 @@
 
 namespace {
 
-/// A process (0: this one, and what it starts) may open no file from this number
-/// on, until the object goes.
+/// Limits the descriptors of a process (0: this one and all that it starts) to numbers below
+/// this one, until the object goes.
 class NoDescriptorLeft {
   public:
     NoDescriptorLeft(pid_t process, rlim_t limit) : process_(process) {
@@ -37,7 +37,7 @@ class SystemDescriptors : public FaultTest {
   protected:
     std::size_t descriptors() const { return stateOf(daemon_.number()).descriptors.size(); }
 
-    /// The number that the daemon's next file would get.
+    /// The number that the daemon's next descriptor would get.
     rlim_t nextNumber() const {
         const std::filesystem::path folder = "/proc/" + std::to_string(daemon_.number()) + "/fd";
         rlim_t number = 0;
@@ -49,8 +49,8 @@ class SystemDescriptors : public FaultTest {
 TEST_F(SystemDescriptors, NoneForAClient) {
     startServing();
     {
-        // The system has set the number for the first client of MON aside when
-        // its interface began to wait; the second finds none.
+        // The system reserved the number for the first client of MON when the interface
+        // began to wait. The second client gets no number.
         const NoDescriptorLeft limit(daemon_.number(), nextNumber());
         greeted(support::kMonPort).reset();
         auto monitor = support::TcpClient::connect(support::kMonPort);
@@ -68,20 +68,20 @@ TEST_F(SystemDescriptors, NoneForAnything) {
     startServing();
     const std::size_t all = descriptors();
     {
-        // Neither for the sockets and the port that are to be opened again.
+        // No number is left for the sockets and the port that have to be reopened.
         const NoDescriptorLeft limit(daemon_.number(), 3);
         io_.reset();
         console_.reset();
         bus_->control("fault silence for poll once");
         ASSERT_TRUE(faultsHaveStruck());
-        // Two sockets of each client's interface and the port are gone.
+        // Two sockets of each interface with a client, and the port, are closed.
         EXPECT_TRUE(support::waitUntil([&] { return descriptors() == all - 5; }));
         EXPECT_FALSE(support::TcpClient::tryConnect(support::kIoPort).has_value());
     }
     expectServesAsBefore();
 }
 
-/// The daemon, started by a script of its name that may limit its files.
+/// The daemon, started by a script of the same name that can limit its files.
 class DescriptorsAtStart : public FaultTest {
   protected:
     DescriptorsAtStart() : FaultTest(script()) {}
@@ -114,15 +114,15 @@ TEST_F(DescriptorsAtStart, AnInterfaceThatCannotListenIsDeadUntilTheNextStart) {
     noteState();
     stop();
 
-    // Three standard streams, the wake-up of the master loop, and those of CAE and IO
-    // with their sockets; none that the test has inherited itself.
+    // The descriptors are three standard streams, the wake-up of the master loop, and the
+    // wake-ups and sockets of CAE and IO. The test passes on none that it has inherited.
     startAfter("exec 3<&- 4<&- 5<&- 6<&- 7<&- 8<&- 9<&-\nulimit -S -n 8");
-    // The bus has its thread when all interfaces have had their try.
+    // The bus gets its thread after all interfaces have tried to open.
     ASSERT_TRUE(support::waitUntil(
         [this] { return stateOf(daemon_.number()).threads == before_.threads; }));
     const rlimit usual{64, 64};
     ASSERT_EQ(::prlimit(daemon_.number(), RLIMIT_NOFILE, &usual, nullptr), 0);
-    // The shortage is over: the bus and the other two serve.
+    // The shortage is over: the bus and the other two interfaces serve.
     expectFullRound();
     EXPECT_FALSE(support::TcpClient::tryConnect(support::kMonPort).has_value());
     EXPECT_EQ(timesLogged("[INF] MON interface listening on port 5003"), 0);

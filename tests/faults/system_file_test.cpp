@@ -16,8 +16,8 @@ namespace {
 using support::readFile;
 using support::waitUntil;
 
-/// Puts a file system in memory with these options over a folder; it goes with
-/// the private view.
+/// Mounts a file system in memory, with these options, over a folder. It ends with the
+/// private view.
 void mountOver(const std::filesystem::path& folder, const std::string& options,
                unsigned long flags = 0) {
     std::filesystem::create_directories(folder);
@@ -26,7 +26,7 @@ void mountOver(const std::filesystem::path& folder, const std::string& options,
     }
 }
 
-/// Writes a file until no byte more fits.
+/// Writes to a file until the disk is full.
 void fillUp(const std::filesystem::path& file) {
     std::ofstream filler(file, std::ios::binary);
     while (filler << std::string(512, 'x') << std::flush) {
@@ -50,7 +50,7 @@ TEST_F(SystemLogFile, DiskFull) {
     startServing();
     fillUp(folder_ / "filler");
     fillUp(folder_ / "filler2");
-    // The last page of the log itself may still have room.
+    // The last page of the log may still have room.
     std::ofstream(settings_.logFile, std::ios::app) << std::string(4096 - logSize() % 4096, 'x');
     const auto full = logSize();
     leaveAndComeBack();

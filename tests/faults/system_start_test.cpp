@@ -43,7 +43,7 @@ TEST_F(SystemStart, ClosedStandardStreamsAreNobodysSocketAndNobodysPort) {
     for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         EXPECT_EQ(standardStream(number), "/dev/null");
     }
-    // What is printed goes nowhere, above all not to the bus.
+    // The output of the daemon is dropped and must not go to the bus.
     io().send("a\r\n");
     EXPECT_NE(answered("DRVVER", "COE:Parser exception -> a"), "");
     EXPECT_EQ(io().receive(), "");
@@ -79,7 +79,7 @@ TEST_F(FaultySystem, AClockThatJumpsChangesTheStampsOfTheLogOnly) {
     for (const Jump& jump : {Jump{kMonth, "1970"}, Jump{5'000'000'000, "2128"},
                              Jump{1'000'000'000, "2001"}, Jump{2'147'483'647 + kMonth, "2038"}}) {
         setClock(jump.now);
-        // A loss of the link is logged, and takes its pauses all the same.
+        // A loss of the link is logged and still takes its pauses.
         bus_->control("fault silence for poll once");
         ASSERT_TRUE(waitUntil([&] { return lastStamp() == jump.year; })) << lastStamp();
         sendOutput(0x77);
@@ -90,7 +90,7 @@ TEST_F(FaultySystem, AClockThatJumpsChangesTheStampsOfTheLogOnly) {
 
 TEST_F(FaultySystem, ThreadsAreStartedLaterWhenThereWasNoRoomForThem) {
     plugBus();
-    // The interfaces and the link need one each.
+    // Each interface and the link need a thread.
     for (const int granted : {3, 1, 0}) {
         support::writeFile(faulty_system::kThreadsFile, std::to_string(granted));
         startDaemon();

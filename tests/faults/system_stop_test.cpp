@@ -21,7 +21,7 @@ using support::waitUntil;
 
 constexpr const char* kStopped = "[INF] zolt is stopped by SIGTERM or SIGINT";
 
-/// The daemon that a started process leaves behind, as soon as there is one.
+/// The daemon that a started process leaves in the background, as soon as there is one.
 pid_t daemonOf(pid_t parent) {
     const std::string program = support::DaemonProcess::defaultProgram();
     const std::string number = std::to_string(parent);
@@ -29,7 +29,7 @@ pid_t daemonOf(pid_t parent) {
     for (const auto start = Clock::now(); Clock::now() < start + support::kPatience;) {
         std::istringstream list(support::readFile(children));
         if (pid_t child = 0; list >> child) return child;
-        // The parent may have ended already, and the daemon be a child of ours.
+        // If the parent has already ended, the daemon is a child of this process.
         for (const pid_t child : support::childrenRunning(program)) {
             if (child != parent) return child;
         }
@@ -37,7 +37,7 @@ pid_t daemonOf(pid_t parent) {
     throw std::runtime_error("no daemon of " + number);
 }
 
-/// Both programs run at once where the machine can do that.
+/// Lets both programs run at the same time if the machine has several processors.
 void useAllProcessors() {
     cpu_set_t all;
     std::memset(&all, 0xFF, sizeof all);
@@ -61,8 +61,7 @@ class SystemStop : public FaultTest {
         startDaemon();
     }
 
-    /// How a daemon ends that gets SIGTERM in the midst of its start, once
-    /// `awaitMoment` returns.
+    /// How a daemon ends that gets SIGTERM during its start, when `awaitMoment` returns.
     static std::string endOfAStart(const std::function<void()>& awaitMoment) {
         const std::string program = support::DaemonProcess::defaultProgram();
         const pid_t parent = support::spawn({program}, {});
@@ -71,7 +70,8 @@ class SystemStop : public FaultTest {
         ::kill(daemon, SIGTERM);
         support::reap(parent);
         const auto end = support::reap(daemon);
-        // A shell that it has just forked still looks like a daemon, and is ours now.
+        // A shell that the daemon has just forked still looks like a daemon, and is now a child of
+        // this process.
         EXPECT_TRUE(waitUntil([&] { return support::childrenRunning(program).empty(); }));
         return end ? support::describeWaitStatus(*end) : "still running";
     }
@@ -92,8 +92,8 @@ TEST_F(SystemStop, AtEveryStageOfTheStart) {
     support::writeConfiguration(settings_.toXml());
     useAllProcessors();
     std::map<std::string, int> ends;
-    // Microseconds first, since the first stages last no longer, then from line to
-    // line of the log: a start writes twelve.
+    // The first moments are microseconds apart, since the first stages of a start are that
+    // short. The others follow the lines of the log: a start writes twelve.
     constexpr int kDelays = 30;
     constexpr std::size_t kLines = 12;
     for (int step = 0; step < kDelays; ++step) {
@@ -103,7 +103,7 @@ TEST_F(SystemStop, AtEveryStageOfTheStart) {
             }
         })];
     }
-    // Before its handlers are there the signal simply ends it.
+    // Before the daemon has set its handlers, the signal ends the process.
     EXPECT_EQ(ends["signal 15"] + ends["status 0"], kDelays) << ::testing::PrintToString(ends);
     RecordProperty("before_the_handlers", ends["signal 15"]);
     for (std::size_t line = 1; line <= kLines; ++line) {
@@ -111,7 +111,7 @@ TEST_F(SystemStop, AtEveryStageOfTheStart) {
         const std::string end = endOfAStart([&] {
             ASSERT_TRUE(waitUntil([&] { return logLines() >= awaited; })) << "line " << line;
         });
-        EXPECT_EQ(end, "status 0") << "behind line " << line;
+        EXPECT_EQ(end, "status 0") << "after line " << line;
         ++ends[end];
     }
     EXPECT_EQ(timesLogged(kStopped), ends["status 0"]);

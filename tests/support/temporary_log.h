@@ -48,7 +48,7 @@ class TemporaryLog {
     }
 
   private:
-    /// A 0 stands for any digit.
+    /// Each 0 means any digit.
     static constexpr std::string_view kStampForm = "0000-00-00 00:00:00 ";
 
     static bool hasStamp(const std::string& line) {

@@ -14,13 +14,13 @@
 #include "tests/support/process/daemon_settings.h"
 #include "tests/support/process/private_view.h"
 
-/// Runs zolt-check in a private view, with an empty work folder.
+/// Runs zolt-check in a private view with an empty work folder.
 class CheckProgramTest : public testing::Test {
   protected:
     void SetUp() override { support::enterTestBed(); }
 
-    /// Runs it to its end and returns how that was: "status 0". Standard output
-    /// goes to a file, or to `target`.
+    /// Runs zolt-check and returns how it ended: "status 0". Standard output goes to
+    /// `target`.
     std::string run(std::vector<std::string> arguments, const std::string& target = kOutput) {
         arguments.insert(arguments.begin(), ZOLT_CHECK_PROGRAM);
         const zolt_os::Descriptor output(

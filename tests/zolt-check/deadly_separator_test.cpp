@@ -1,5 +1,4 @@
-// The sizes of an OutSeparator that the check warns of are those at which the
-// daemon ends.
+// The daemon ends at exactly the sizes of an OutSeparator of which zolt-check warns.
 #include "tests/process/process_test.h"
 #include "tests/support/tcp/tcp_client.h"
 
@@ -9,7 +8,8 @@ using support::TcpClient;
 
 class DeadlySeparator : public ProcessTest {
   protected:
-    /// How the daemon takes a packet on a port whose replies end in this many x.
+    /// "answered", or how the daemon ends after this packet on a port whose OutSeparator has
+    /// this many characters.
     std::string after(support::InterfaceSettings& interface, std::size_t size,
                       const std::string& packet) {
         interface.outSeparator.assign(size, 'x');

@@ -1,4 +1,4 @@
-// The settings that the program shows are those that the daemon's reader returns.
+// zolt-check shows the settings that the daemon's reader returns.
 #include <nlohmann/json.hpp>
 
 #include "core/config_reader.h"
@@ -10,7 +10,7 @@ using Json = nlohmann::json;
 
 class SettingsShown : public CheckProgramTest {
   protected:
-    // The daemon's sleep takes a negative pause for a long one.
+    // For the daemon's sleep a negative pause is a long one.
     static std::uint32_t sleepOf(std::int32_t pause) { return static_cast<std::uint32_t>(pause); }
 
     static void expectShown(const INTERFACE_DESCRIPTOR& interface, const Json& shown) {
@@ -21,7 +21,7 @@ class SettingsShown : public CheckProgramTest {
         EXPECT_EQ(shown.at("pause"), sleepOf(interface.threadDelay));
     }
 
-    /// With these children of the root.
+    /// Checks a file with these children of the root.
     void expectShown(const std::string& children) {
         SCOPED_TRACE(children);
         const std::string file = write("<ZOLTConfig>" + children + "</ZOLTConfig>");

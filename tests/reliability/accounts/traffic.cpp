@@ -7,18 +7,18 @@
 namespace reliability {
 namespace {
 
-// Every item ends in its separator and the carriage return behind each item.
+// Every item ends in its separator and one more carriage return.
 constexpr std::string_view kItemEnd = "\r\n\r";
-// An item of the monitor has 254 bytes at most.
+// The limit keeps items of the monitor below their 254 bytes.
 constexpr std::size_t kLongestLine = 250;
-// Commands on their way to the cards at a time.
+// The number of commands that are under way to the cards at a time.
 constexpr std::size_t kCommandsUnderWay = 400;
 constexpr unsigned kAnalogueCard = 0xF;
-// Servos stand at 80 and digital outputs at FF after a discovery, whatever they
-// were set to before; other cards keep what the daemon remembers of them.
+// A discovery sets servos to 80 and digital outputs to FF. Other cards keep the values that
+// the daemon has for them.
 constexpr std::array kPresetCards{0x0U, 0x5U};
 
-// The complete items at the start of `text`, which loses them.
+// Takes the complete items from the start of `text`.
 std::vector<std::string> takeItems(std::string& text) {
     std::vector<std::string> items;
     std::size_t start = 0;

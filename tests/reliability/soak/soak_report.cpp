@@ -64,7 +64,7 @@ std::string SoakReport::growth() const {
     std::string text;
     if (kMemoryJudged && trendOf(memory_).risesAbove(kMemoryNoiseKib)) text += "memory grows\n";
     if (last_.descriptors > first_.descriptors) text += "descriptors were left open\n";
-    if (last_.threads > first_.threads) text += "threads were left behind\n";
+    if (last_.threads > first_.threads) text += "threads were left over\n";
     return text;
 }
 

@@ -1,5 +1,5 @@
-// What the check calls an error is what keeps the daemon from starting, whatever
-// the file.
+// For every file the check reports an error exactly if the file keeps the daemon from
+// starting.
 #include <algorithm>
 #include <array>
 #include <random>
@@ -62,7 +62,7 @@ class Agreement : public CheckFixture {
                                 "</ZOLTConfig><ZOLTConfig/>", "</zoltconfig>"});
     }
 
-    // A fixed beginning, so that a failure comes again.
+    // The seed is fixed, so that a failure can be repeated.
     std::mt19937 random_{4001};
     int starting_ = 0;
 };
@@ -72,7 +72,7 @@ TEST_F(Agreement, OverRandomFiles) {
     for (int i = 0; i < kFiles; ++i) {
         expectAgreement(file());
     }
-    // Both kinds are among them.
+    // There are enough files of both kinds.
     EXPECT_GT(starting_, kFiles / 10);
     EXPECT_LT(starting_, kFiles * 9 / 10);
 }

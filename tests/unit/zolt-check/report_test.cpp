@@ -70,7 +70,7 @@ TEST_F(Report, OfAFileWithWarnings) {
     EXPECT_EQ(text(warned_, {.json = false, .quiet = true, .errorsOnly = false}), findings);
 }
 
-// The daemon takes a negative pause for a long one.
+// For the daemon a negative pause is a long one.
 TEST_F(Report, OfASpeedOutOfRange) {
     struct Row {
         const char* percent;

@@ -38,7 +38,7 @@ TEST_F(Loading, APipeIsNotWaitedFor) {
 TEST_F(Loading, AFileOfSomebodyElse) {
     support::writeFile(path_, "<ZOLTConfig/>");
     ASSERT_EQ(chmod(path_.c_str(), 0), 0);
-    // The superuser may read anything.
+    // Root may read any file, so the test gives up its privileges.
     const bool root = geteuid() == 0;
     constexpr uid_t kNobody = 65534;
     if (root) {

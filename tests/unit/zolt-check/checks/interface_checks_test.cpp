@@ -30,7 +30,7 @@ TEST_F(Interfaces, APortBelow1025) {
                     "does not start and reads nothing after it"});
 }
 
-TEST_F(Interfaces, APortBelow1025AheadOfTheLogFile) {
+TEST_F(Interfaces, APortBelow1025BeforeTheLogFile) {
     EXPECT_EQ(
         findings("<ZOLTConfig><Interfaces>\n<I Name=\"CAE\" Port=\"80\"/>" + std::string(kIo) +
                  kMon + "</Interfaces><Debuglog File=\"/dev/null\"/></ZOLTConfig>"),
@@ -38,14 +38,14 @@ TEST_F(Interfaces, APortBelow1025AheadOfTheLogFile) {
               "no log reports this, because no log file is set above this line"});
 }
 
-TEST_F(Interfaces, APortBelow1025AheadOfTheName) {
+TEST_F(Interfaces, APortBelow1025BeforeTheName) {
     EXPECT_EQ(
         entries(R"(<I Port="80" Name="CAE"/>)" + std::string(kIo) + kMon),
         Lines{"3:4: error: Port 80 is below 1025: zolt does not start and reads nothing after it; "
               "its log does not name the interface, because Name comes after Port"});
 }
 
-TEST_F(Interfaces, WhatStandsBehindABadPortIsCheckedAllTheSame) {
+TEST_F(Interfaces, WhatFollowsABadPortIsStillChecked) {
     EXPECT_EQ(
         entries("<I Name=\"CAE\" Port=\"80\"/>\n<I Name=\"IO\" Port=\"81\"/>\n"
                 "<I Name=\"MON\" Port=\"4003\" port=\"1\"/>"),
@@ -76,7 +76,7 @@ TEST_F(Interfaces, APortAbove65535) {
                                     "65535: zolt uses its low 16 bits, port 4464"});
 }
 
-TEST_F(Interfaces, APortThatIsNoPlainNumber) {
+TEST_F(Interfaces, APortThatIsNotAPlainNumber) {
     EXPECT_EQ(port("4001 tcp"), Lines{"3:15: warning: Port \"4001 tcp\" counts as 4001: the text "
                                       "after the number is ignored"});
     EXPECT_EQ(port("4294968321"),
@@ -94,13 +94,13 @@ TEST_F(Interfaces, APortUsedTwice) {
                       std::string(kIo)),
               Lines{"3:15: warning: port 4001 of \"MON\" is also the port of \"CAE\", which is "
                     "opened first: \"MON\" listens on a port that the system picks"});
-    // In 16 bits.
+    // The ports are equal in their low 16 bits.
     EXPECT_EQ(
         entries(std::string(kCae) + "\n<I Name=\"IO\" Port=\"69537\"/>\n" + kMon),
         (Lines{"4:14: warning: Port 69537 is above 65535: zolt uses its low 16 bits, port 4001",
                "4:14: warning: port 4001 of \"IO\" is also the port of \"CAE\", which is opened "
                "first: \"IO\" listens on a port that the system picks"}));
-    // Whoever has no port is in nobody's way.
+    // Interfaces without a port are not in conflict.
     EXPECT_EQ(entries(std::string(kCae) + "<I Name=\"IO\"/><I Name=\"MON\"/>").size(), 2U);
 }
 
@@ -156,7 +156,7 @@ TEST_F(Interfaces, ASecondElementStartsFromTheFirst) {
               (Lines{again,
                      "3:14: warning: port 4002 of \"MON\" is also the port of \"IO\", which is "
                      "opened first: \"MON\" listens on a port that the system picks"}));
-    // It has the name of the first one's.
+    // The entry has the name of the first entry of the first element.
     EXPECT_EQ(findings(first + "<Interfaces><I Port=\"4003\"/></Interfaces></ZOLTConfig>"),
               (Lines{"2:2: warning: interface \"MON\" is missing: it listens on a port that the "
                      "system picks and sends no banner",

@@ -12,7 +12,8 @@
 
 namespace {
 
-/// A user without privileges while one lives; the folder is that user's.
+/// Makes this process run as a user without privileges, who owns the folder, until the
+/// object goes.
 class Unprivileged {
   public:
     explicit Unprivileged(const std::string& folder) {

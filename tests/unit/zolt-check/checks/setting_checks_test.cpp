@@ -26,7 +26,7 @@ TEST_F(Settings, APercentBelow1) {
     EXPECT_EQ(percent("fast"),
               Lines{"2:8: warning: Percent \"fast\" (counts as 0) is below 1: each pause lasts "
                     "5050 microseconds, longer than at 1"});
-    // The pause is at its limit.
+    // The pause is at the limit of 32 bits.
     EXPECT_EQ(percent("-99999999999"),
               Lines{"2:8: warning: Percent -99999999999 is below 1: each pause lasts 35 minutes, "
                     "longer than at 1"});
@@ -41,7 +41,7 @@ TEST_F(Settings, APercentAbove100) {
     EXPECT_EQ(percent("200%"),
               Lines{"2:8: warning: Percent \"200%\" (counts as 200) is above 100: each pause "
                     "lasts 71 minutes"});
-    // The pause is at its limit.
+    // The pause is at the limit of 32 bits.
     EXPECT_EQ(percent("99999999999999999999"),
               Lines{"2:8: warning: Percent \"99999999999999999999\" (counts as "
                     "9223372036854775807) is above 100: each pause lasts 35 minutes"});
@@ -53,7 +53,7 @@ TEST_F(Settings, APercentWithRubbish) {
         Lines{"2:8: warning: Percent \"50%\" counts as 50: the text after the number is ignored"});
 }
 
-TEST_F(Settings, ASpeedBehindInterfaces) {
+TEST_F(Settings, ASpeedAfterInterfaces) {
     const std::string all = "<Interfaces>" + std::string(kCae) + kIo + kMon + "</Interfaces>";
     const auto read = [&](const std::string& children) {
         return findings("<ZOLTConfig>\n" + children + "</ZOLTConfig>");
@@ -64,13 +64,13 @@ TEST_F(Settings, ASpeedBehindInterfaces) {
     EXPECT_EQ(read(all + "\n<Speed Percent=\"50\"/>"), Lines{"3:2: warning: " + unseen});
     EXPECT_EQ(read("<Speed Percent=\"20\"/>" + all + "\n<Speed Percent=\"50\"/>"),
               Lines{"3:2: warning: " + unseen});
-    // Between two: the lower ones see it.
+    // A Speed between two elements: only the lower interfaces use it.
     EXPECT_EQ(read("<Interfaces>" + std::string(kCae) + kIo +
                    "</Interfaces>\n<Speed Percent=\"50\"/>\n<Interfaces><I Name=\"MON\" "
                    "Port=\"4003\"/><I Name=\"IO\" Port=\"4002\"/></Interfaces>")
                   .front(),
               "3:2: warning: " + unseen);
-    // None above, or no other pace.
+    // There are no interfaces above, or the speed is the same.
     EXPECT_EQ(inRoot("<Interfaces/><Speed Percent=\"50\"/>"),
               Lines{"3:2: warning: \"Interfaces\" is repeated (first in line 2): each entry starts "
                     "with the values of the earlier entry in the same position"});
