@@ -169,6 +169,7 @@ Control parseControl(std::string_view line) {
 
 std::vector<std::string> controlHelp() {
     std::vector<std::string> lines;
+    lines.reserve(kControls.size());
     for (const ControlRow& row : kControls) {
         lines.push_back(std::string(row.usage) + " - " + std::string(row.purpose));
     }
