@@ -7,6 +7,7 @@
 
 #include "apps/zolt-sim/cards/card_kinds.h"
 #include "bus/card_kinds.h"
+#include "lib/ports/card_kind.h"
 #include "lib/text/hexadecimal.h"
 #include "tests/zoltctl/daemon_test.h"
 
@@ -49,18 +50,23 @@ struct Order {
     std::string shown;
 };
 
-/// The order for a card of this kind at address 3. Nothing if this test knows none.
+/// The order for a card of this kind at address 3. Nothing if the clients' table has no
+/// command for the kind.
 std::optional<Order> orderFor(const zolt_sim::CardKind& kind) {
-    switch (daemonKind(kind).stream) {
-        case CardStream::kLcd:
-            return Order{{"lcd", "3", "light", "on"}, "light on"};
-        case CardStream::kInfrared:
-            return Order{{"ir", "3", "434F"}, "stream 43 4F"};
-        case CardStream::kNone:
-            break;
+    const auto clientKind = zolt_ports::kindNamed(daemonKind(kind).name);
+    const auto command = zolt_ports::rowOf(clientKind).output;
+    if (!command) {
+        return std::nullopt;
     }
-    return kind.dataBytes > 0 ? std::optional(Order{{"set", "3", "0", "5A"}, ": 5A"})
-                              : std::nullopt;
+    switch (*command) {
+        case zolt_ports::OutputCommand::kBlock:
+            return Order{{"set", "3", "0", "5A"}, ": 5A"};
+        case zolt_ports::OutputCommand::kLcd:
+            return Order{{"lcd", "3", "light", "on"}, "light on"};
+        case zolt_ports::OutputCommand::kInfrared:
+            return Order{{"ir", "3", "434F"}, "stream 43 4F"};
+    }
+    return std::nullopt;
 }
 
 /// A bus with one card, of the kind in the parameter, at address 3.
@@ -93,7 +99,7 @@ class EveryKind : public DaemonTest, public ::testing::WithParamInterface<zolt_s
 
     void expectCarriedOut() {
         const std::optional<Order> order = orderFor(GetParam());
-        ASSERT_TRUE(order) << "this test knows no command of zoltctl for the kind";
+        ASSERT_TRUE(order) << "lib/ports/card_kind.cpp has no command for the kind";
         outputOf(order->command);
         ASSERT_FALSE(HasFailure());
         std::string shown;
