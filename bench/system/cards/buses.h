@@ -7,6 +7,8 @@
 
 namespace bench {
 
+/// The number of cards on a full bus.
+inline constexpr unsigned kAllCards = 16;
 /// The output card that gets the commands.
 inline constexpr std::uint8_t kOutputCard = 5;
 

@@ -9,6 +9,7 @@
 #include "bench/report/judgement.h"
 #include "bench/system/basics/expect.h"
 #include "bench/system/basics/failure.h"
+#include "bench/system/cards/buses.h"
 #include "bench/system/machine/processor_time.h"
 #include "lib/text/hexadecimal.h"
 #include "tests/support/process/daemon_settings.h"
@@ -16,8 +17,6 @@
 
 namespace bench {
 namespace {
-
-constexpr unsigned kAllCards = 16;
 
 void configure(std::optional<int> percent) {
     support::DaemonSettings settings;

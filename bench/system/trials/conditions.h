@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+
 #include "bench/system/cards/slave.h"
 
 namespace bench {
@@ -7,6 +9,9 @@ namespace bench {
 /// Percent. A daemon whose configuration names no speed has the default one.
 inline constexpr int kFullSpeed = 100;
 inline constexpr int kDefaultSpeed = 1;
+
+/// The time in which a new speed reaches every loop.
+inline constexpr std::chrono::milliseconds kSpeedSettles{50};
 
 /// In seconds: the longest measured cycle of the bus, which has fifteen polls and a command,
 /// and the cycle of a quiet bus, which has a command.

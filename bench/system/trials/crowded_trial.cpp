@@ -10,13 +10,6 @@
 #include "bench/system/trials/trial.h"
 
 namespace bench {
-namespace {
-
-constexpr unsigned kAllCards = 16;
-// The time in which a new speed reaches every loop.
-constexpr std::chrono::milliseconds kSettle{50};
-
-}  // namespace
 
 void Trial::crowdedInputs() {
     Slave slave(sixteenInputs(), placement_);
@@ -64,7 +57,7 @@ void Trial::crowdedCommands() {
     tally_.answersMissed += slave.missedAnswers() - missed;
     restInCrowd(kRestSpeeds[1], daemon);
     daemon.setSpeed(kDefaultSpeed);
-    std::this_thread::sleep_for(kSettle);
+    std::this_thread::sleep_for(kSpeedSettles);
     restInCrowd(kRestSpeeds[0], daemon);
     daemon.stop();
     close(slave);

@@ -13,8 +13,6 @@
 namespace bench {
 namespace {
 
-constexpr unsigned kAllCards = 16;
-
 void sleepFor(Clock::duration time) {
     std::this_thread::sleep_for(time);
 }

@@ -9,12 +9,6 @@
 #include "bench/system/trials/trial.h"
 
 namespace bench {
-namespace {
-
-// The time in which a new speed reaches every loop.
-constexpr std::chrono::milliseconds kSettle{50};
-
-}  // namespace
 
 void Trial::rest() {
     if (contestant_.role != Role::kDaemon) return;
@@ -33,7 +27,7 @@ void Trial::rest() {
 void Trial::restWithoutAdapter(const std::string& speed, std::optional<int> percent) {
     const Time begin = Clock::now();
     DaemonSession daemon(contestant_.program, percent, nullptr, placement_, tally_);
-    std::this_thread::sleep_for(kSettle);
+    std::this_thread::sleep_for(kSpeedSettles);
     const double before = processorSeconds(daemon.number());
     const Time settled = Clock::now();
     std::this_thread::sleep_until(begin + effort_.searches);
@@ -48,13 +42,13 @@ void Trial::restWithoutAdapter(const std::string& speed, std::optional<int> perc
 void Trial::restOn(const std::string& bus, Slave& slave) {
     DaemonSession daemon(contestant_.program, std::nullopt, &slave, placement_, tally_);
     const std::string key = "rest." + bus + ".";
-    std::this_thread::sleep_for(kSettle);
+    std::this_thread::sleep_for(kSpeedSettles);
     restAt(key + kRestSpeeds[0], daemon, slave);
     const bool empty = bus == kRestBuses[1];
     const auto threads = addHoldings(empty ? "memory" : "memory.sixteen", daemon.number());
     if (empty) add("threads", static_cast<double>(threads));
     daemon.setSpeed(kFullSpeed);
-    std::this_thread::sleep_for(kSettle);
+    std::this_thread::sleep_for(kSpeedSettles);
     restAt(key + kRestSpeeds[1], daemon, slave);
     daemon.stop();
 }
