@@ -1,4 +1,4 @@
-// Answers that break off, never come, or are none of the daemon's.
+// Answers that break off, never come, or do not look like zolt.
 #include "tests/zoltctl/fake_test.h"
 
 namespace {

@@ -123,7 +123,7 @@ TEST_F(Commands, CardConfiguration) {
          {{"GETANMASK:F", {"CIA: MASK is GOT from card", "AMV:0xF:0x0F"}}},
          "card F: mask is 0F\n",
          R"({"address":"F","command":"analogue mask","value":15,"hex":"0F"})"},
-        // From 80 on the daemon tells it with eight digits.
+        // From 80 on the daemon writes the mask with eight digits.
         {{"config", "analogue", "F", "mask"},
          {{"GETANMASK:F", {"CIA: MASK is GOT from card", "AMV:0xF:0xFFFFFF80"}}},
          "card F: mask is 80\n",

@@ -116,7 +116,7 @@ TEST_F(Manners, ADaemonThatDiesInMidAnswer) {
     EXPECT_EQ(daemon_.waitForEnd(), "signal 9");
 }
 
-TEST_F(Manners, ADaemonThatStandsStill) {
+TEST_F(Manners, ADaemonThatIsStopped) {
     start();
     ZoltctlProcess process({"--timeout", "5", "config", "reboot", "E"});
     ASSERT_TRUE(reached("host> 04 | 50 0E 01 AB"));

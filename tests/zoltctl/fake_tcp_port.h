@@ -23,7 +23,7 @@ inline constexpr const char* kConsoleBanner =
 inline constexpr const char* kIoBanner = "ZOLT IO interface is ready\r\n\r";
 inline constexpr const char* kMonBanner = "ZOLT MON interface is ready\r\n\r";
 
-/// The ports that zoltctl goes to unless it is told others.
+/// The ports that zoltctl uses by default.
 inline constexpr std::uint16_t kDefaultCae = 4001;
 inline constexpr std::uint16_t kDefaultIo = 4002;
 inline constexpr std::uint16_t kDefaultMon = 4003;
@@ -58,9 +58,9 @@ class FakeConnection {
     int socket_;
 };
 
-/// A port on loopback that plays bytes: a thread serves one connection after the
-/// other, each by its script; behind the last script connections are taken by
-/// nobody. The end of a script closes its connection.
+/// A port on loopback that plays bytes. A thread serves one connection after the other,
+/// each by its script; after the last script no connection is accepted. The end of a
+/// script closes its connection.
 class FakeTcpPort {
   public:
     using Script = std::function<void(FakeConnection&)>;

@@ -156,7 +156,7 @@ TEST_F(Listening, ASignalWhileNamesAreAskedNeedsNoNote) {
     EXPECT_EQ(outcome.errors, "");
 }
 
-TEST_F(Listening, TheDaemonsEndIsToldBehindTheLastLine) {
+TEST_F(Listening, TheEndOfTheDaemonIsReportedAfterTheLastLine) {
     for (const bool half : {false, true}) {
         const FakeTcpPort io(kDefaultIo, [&](FakeConnection& client) {
             client.send(kIoBanner + item("a3b0d40") + (half ? "a3b" : ""));

@@ -19,7 +19,7 @@ FakeTcpPort::Script sending(const std::string& bytes) {
 
 class Opening : public FakeTest {};
 
-TEST_F(Opening, NobodyListens) {
+TEST_F(Opening, NoDaemonListens) {
     expectOutcome(run({"--timeout", "0.5", "version"}), 3, "",
                   "zoltctl: no daemon at console 127.0.0.1:4001: Connection refused");
     expectOutcome(run({"--timeout=0.5", "--io-port=4999", "watch", "--no-names"}), 3, "",
@@ -28,7 +28,7 @@ TEST_F(Opening, NobodyListens) {
                   "zoltctl: no daemon at monitor 127.0.0.1:5999: Connection refused");
 }
 
-TEST_F(Opening, AnUnknownHostIsToldWithItsName) {
+TEST_F(Opening, AnUnknownHostIsReportedWithItsName) {
     const auto outcome = run({"--timeout", "3", "--host", "no-such-host.invalid", "version"});
     EXPECT_EQ(outcome.end, "status 3");
     EXPECT_EQ(outcome.output, "");

@@ -84,7 +84,7 @@ TEST_F(OutputCommands, AreCheckedOnTheConsole) {
     expectRows(rows_);
 }
 
-TEST_F(OutputCommands, DoWithoutTheConsoleWhenToldSo) {
+TEST_F(OutputCommands, DoWithoutTheConsoleWithNoCheck) {
     for (CommandRow row : rows_) {
         SCOPED_TRACE(row.json);
         row.dialogue.clear();
@@ -97,7 +97,7 @@ TEST_F(OutputCommands, DoWithoutTheConsoleWhenToldSo) {
     }
 }
 
-TEST_F(OutputCommands, RawIoIsSentAsItStands) {
+TEST_F(OutputCommands, RawIoIsSentAsItIs) {
     const FakeTcpPort io(kDefaultIo, {ioPort("nonsense\r\n"), ioPort("nonsense\r\n")});
     expectOutcome(run({"raw", "io", "nonsense"}), 0, "");
     expectOutcome(run({"--json", "raw", "io", "nonsense"}), 0, "{\"delivered\":\"nonsense\"}\n");
@@ -134,7 +134,7 @@ TEST_F(OutputCommands, ACardThatDoesNotFitIsRefusedBeforeAnythingIsSent) {
     }
 }
 
-TEST_F(OutputCommands, ARefusalThatComesOnTheConsoleIsTold) {
+TEST_F(OutputCommands, ARefusalThatComesOnTheConsoleIsReported) {
     const auto refusing = [&](const std::string& refused) {
         return [&, refused](FakeConnection& client) {
             client.send(kConsoleBanner);
@@ -151,13 +151,13 @@ TEST_F(OutputCommands, ARefusalThatComesOnTheConsoleIsTold) {
         expectOutcome(run({"set", "5", "1", "FB"}), 1, "",
                       "zoltctl: COE:Illegal command -> a5b1dFB");
     }
-    // That of somebody else is none of ours.
+    // A refusal of another line is not one of this command.
     const FakeTcpPort cae(kDefaultCae, refusing("zzz"));
     const FakeTcpPort io(kDefaultIo, ioPort("a5b1dFB\r\n"));
     expectOutcome(run({"set", "5", "1", "FB"}), 0, "card 5: block 1 is FB\n");
 }
 
-// Reports that nobody here reads must not cost the command.
+// Unread reports must not prevent the delivery of the command.
 TEST_F(OutputCommands, ReportsMayComeMeanwhile) {
     std::string reports;
     for (int i = 0; i < 20000; ++i) reports += item("a3b0d40");

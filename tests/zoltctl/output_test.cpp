@@ -37,7 +37,7 @@ class Output : public FakeTest {
     const Replies version_{{"DRVVER\r\n", reply({"CIA: DRIVER VERSION 1.20"})}};
 };
 
-TEST_F(Output, AFullDiskIsTold) {
+TEST_F(Output, AFullDiskIsReported) {
     const zolt_os::Descriptor full(::open("/dev/full", O_WRONLY | O_CLOEXEC));
     const std::string error = "zoltctl: cannot write the output: No space left on device";
     for (const std::vector<std::string>& arguments :
@@ -56,7 +56,7 @@ TEST_F(Output, AFullDiskIsTold) {
     expectOutcome(runInto(full.get(), {"monitor"}), 8, "", error);
 }
 
-TEST_F(Output, AClosedStandardOutputIsTold) {
+TEST_F(Output, AClosedStandardOutputIsReported) {
     const FakeTcpPort cae(kDefaultCae, console(version_));
     expectOutcome(runInto(support::StandardStreams::kClosed, {"version"}), 8, "",
                   "zoltctl: cannot write the output: Bad file descriptor");

@@ -14,7 +14,7 @@ class Terminal {
     /// For the program that runs there.
     int inner() const { return inner_.get(); }
     void type(const std::string& keys) const;
-    /// Waits until the program has shown `text` behind what was waited for before;
+    /// Waits until the program has shown `text` after what was waited for before;
     /// false when it does not come.
     bool shows(const std::string& text);
     /// All that the program has shown.

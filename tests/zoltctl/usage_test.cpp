@@ -1,4 +1,4 @@
-// Wrong use, told before anything is sent: nobody listens in these tests.
+// Wrong use is reported before anything is sent: no daemon listens in these tests.
 #include "tests/zoltctl/fake_test.h"
 
 namespace {

@@ -41,7 +41,7 @@ struct Input {
     }
 };
 
-// A report "a3b0d40" as zoltctl prints it behind the time.
+// A report "a3b0d40" as zoltctl prints it after the time.
 std::string printedForm(const std::string& report) {
     return "  " + report.substr(1, 1) + "  16 channel DIGITAL INPUT  block " + report.substr(3, 1) +
            "  " + report.substr(5);
@@ -76,7 +76,7 @@ class WatchChanges : public DaemonTest {
         monitor_ = TcpClient::connect(support::kMonPort);
         ASSERT_EQ(monitor_->receiveUntil("\n\r"), "ZOLT MON interface is ready\r\n\r");
         watch_.emplace(std::vector<std::string>{"watch"});
-        // Changes without an IO client are shown by nobody.
+        // Without an IO client the daemon reports no changes.
         ASSERT_TRUE(logged("client is connected on IO interface"));
         // By now the cards have long been identified: that was asked a second after
         // the start, and a port takes its first client after three.

@@ -76,7 +76,7 @@ Outcome run(const std::vector<std::string>& arguments, const Surroundings& surro
 /// The most memory that any process started so far has had.
 long largestChildKilobytes();
 
-/// The two lists one behind the other.
+/// The two lists, one after the other.
 std::vector<std::string> joined(std::vector<std::string> first,
                                 const std::vector<std::string>& second);
 
