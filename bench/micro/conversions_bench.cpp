@@ -59,7 +59,7 @@ void listToBuffer(benchmark::State& state) {
 void listToClient(benchmark::State& state) {
     const ByteList list = listOf(state);
     const AllocationCounters counters(state);
-    for (auto _ : state) benchmark::DoNotOptimize(framing::toSend(framing::kText, list));
+    for (auto _ : state) benchmark::DoNotOptimize(framing::toSend(FramingMode::kText, list));
 }
 
 void answerClass(benchmark::State& state) {

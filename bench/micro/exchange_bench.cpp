@@ -20,7 +20,7 @@ void exchange(benchmark::State& state) {
     const ByteList frame{wire::kOutput, 5, 2, '\xFF', '\xFB'};
     const AllocationCounters counters(state);
     for (auto _ : state) {
-        daemon.serial().CommandQueue(5).ToQueue(frame);
+        daemon.serial().commandQueue(5).ToQueue(frame);
         daemon.serial().OnTask();
     }
 }

@@ -13,7 +13,7 @@ void message(benchmark::State& state, const char* file) {
     logger.fileName = file;
     const std::string path = "/dev/ttyUSB0";
     const AllocationCounters counters(state);
-    for (auto _ : state) logger.Info("comm timeout ", path);
+    for (auto _ : state) logger.info("comm timeout ", path);
 }
 
 BENCHMARK_CAPTURE(message, none, "")->Name("log: no file");

@@ -19,7 +19,7 @@ ByteList itemOf(const benchmark::State& state) {
 /// Tries until there is an item.
 ByteList awaitItem(ZLQUEUE& queue) {
     while (true) {
-        if (std::optional<ByteList> item = queue.TakeNext()) return std::move(*item);
+        if (std::optional<ByteList> item = queue.takeNext()) return std::move(*item);
         std::this_thread::yield();
     }
 }
@@ -27,7 +27,7 @@ ByteList awaitItem(ZLQUEUE& queue) {
 void emptyQueue(benchmark::State& state) {
     ZLQUEUE queue;
     const AllocationCounters counters(state);
-    for (auto _ : state) benchmark::DoNotOptimize(queue.TakeNext());
+    for (auto _ : state) benchmark::DoNotOptimize(queue.takeNext());
 }
 
 void movedItem(benchmark::State& state) {
@@ -57,7 +57,7 @@ void betweenThreads(benchmark::State& state) {
     ByteList item = itemOf(state);
     const std::jthread echo([&there, &back](const std::stop_token& stop) {
         while (!stop.stop_requested()) {
-            if (std::optional<ByteList> taken = there.TakeNext()) {
+            if (std::optional<ByteList> taken = there.takeNext()) {
                 back.ToQueue(std::move(*taken));
             } else {
                 std::this_thread::yield();

@@ -28,7 +28,7 @@ void QuietHost::request(ByteList frame) {
         discover();
     } else {
         cards_.at(static_cast<std::size_t>(*std::next(frame.begin())))
-            .StorePIOAnswer({wire::kPioAnswer});
+            .storePioAnswer({wire::kPioAnswer});
     }
     requests.ToQueue(std::move(frame));
 }

@@ -102,7 +102,7 @@ class AnsweredLink {
             if (next < step::kFirst) {
                 line_.setNextLength(next);
                 // The answer of the input is the answer to this request.
-                link_->CommandQueue(wire::kSystemQueue).ToQueue({wire::kConfiguration, 3, 1});
+                link_->commandQueue(wire::kSystemQueue).ToQueue({wire::kConfiguration, 3, 1});
                 cycle();
             } else {
                 act(next);
@@ -132,7 +132,7 @@ class AnsweredLink {
             fuzz::require(card.sampleCount >= 0 && card.sampleCount <= PERIFCARD::kAveraging,
                           "at most six samples are summed");
             fuzz::require(std::string_view(card.kindName).size() < 40, "a name of 39 characters");
-            const char first = card.PIOAnswer(0);
+            const char first = card.pioAnswer(0);
             fuzz::require(first == 0 || first == wire::kPioAnswer, "a PIO answer or none");
         }
         fuzz::require(cards_[wire::kAddresses].kindCode == 0, "no answer is for the last record");
@@ -174,7 +174,7 @@ class AnsweredLink {
                                   kDigits[value / 16U],
                                   kDigits[value % 16U]};
         if (const auto frame = translateOutput(command, cards_)) {
-            link_->CommandQueue(frame->address).ToQueue(frame->bytes);
+            link_->commandQueue(frame->address).ToQueue(frame->bytes);
         }
     }
 

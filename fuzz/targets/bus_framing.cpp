@@ -96,11 +96,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto link = support::makeLink(line, cards, &reports);
     // A port that fails the hardware check stays under test forever.
     const auto serves = [&link] {
-        return link->State() != SERIAL_INTERFACE::LinkState::kUnderTest;
+        return link->linkState() != SERIAL_INTERFACE::LinkState::kUnderTest;
     };
     for (int cycle = 0; cycle < kMostCycles && !line.ended() && serves(); ++cycle) {
-        link->CommandQueue(5).ToQueue({wire::kOutput, 5, 2, '\x7F', '\x7F'});
-        link->CommandQueue(wire::kSystemQueue).ToQueue({wire::kConfiguration, 3, 1});
+        link->commandQueue(5).ToQueue({wire::kOutput, 5, 2, '\x7F', '\x7F'});
+        link->commandQueue(wire::kSystemQueue).ToQueue({wire::kConfiguration, 3, 1});
         link->OnTask();
         fuzz::takeReports(reports);
     }

@@ -44,7 +44,7 @@ void requireInterface(const INTERFACE_DESCRIPTOR& entry, const char* name) {
     const bool absent = entry.name.empty();
     fuzz::require(absent || entry.name == name, "an interface has its own name or none");
     fuzz::require(entry.port == 0 || (!absent && entry.port > 1024), "no port of the system");
-    fuzz::require(entry.connectionState == connection_state::kNotListening, "not connected yet");
+    fuzz::require(entry.connectionState == ConnectionState::kNotListening, "not connected yet");
     // The reader turns each of these pairs of characters into one character.
     for (const std::string& separator : {entry.inpSeparator, entry.outSeparator}) {
         fuzz::require(separator.find("\\r") == std::string::npos &&

@@ -80,7 +80,8 @@ void interpret(std::string_view sent, const Separators& separators, RecordingHos
         std::array<char, framing::kReadSize + 1> buffer{};
         const std::string_view piece = sent.substr(0, pieceLength(sent, byLine));
         std::copy(piece.begin(), piece.end(), buffer.begin());
-        console.interpret(Convert_QList2String(framing::received(framing::kText, buffer.data())));
+        console.interpret(
+            Convert_QList2String(framing::received(FramingMode::kText, buffer.data())));
         requireEvents(host.takeEvents(), separators.output);
         sent.remove_prefix(piece.size());
     }

@@ -64,7 +64,7 @@ void run(std::string_view sent, const std::string& separator) {
         std::array<char, framing::kReadSize + 1> buffer{};
         const std::string_view read = sent.substr(0, framing::kReadSize);
         std::copy(read.begin(), read.end(), buffer.begin());
-        handle(framing::received(framing::kText, buffer.data()), separator, cards);
+        handle(framing::received(FramingMode::kText, buffer.data()), separator, cards);
         sent.remove_prefix(read.size());
     }
 }

@@ -43,7 +43,7 @@ struct CardKind {
     char code;
     /// The display name, at most 39 characters.
     const char* name;
-    std::int32_t cardClass = card_class::kNone;
+    CardClass cardClass = CardClass::kNone;
     /// The data bytes that the card carries; of an input card also the third
     /// byte of its poll frame and the bytes of a poll answer that count.
     std::int32_t dataLength = 0;

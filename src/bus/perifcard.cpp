@@ -12,7 +12,7 @@ void fillWithZero(Array& fields) {
 }  // namespace
 
 void PERIFCARD::clearPerifCard() {
-    cardClass = card_class::kNone;
+    cardClass = CardClass::kNone;
     dataLength = 0;
     kindCode = 0;
     kindName = "EMPTY";
@@ -30,23 +30,23 @@ void PERIFCARD::ClearPIOAnswer() {
     fillWithZero(pioAnswer_);
 }
 
-void PERIFCARD::StorePIOAnswer(const std::array<char, 16>& answer) {
+void PERIFCARD::storePioAnswer(const std::array<char, 16>& answer) {
     // Byte 0 last: who sees it there sees the others.
     for (std::size_t i = answer.size(); i-- > 0;) {
         pioAnswer_[i].store(answer[i], std::memory_order_release);
     }
 }
 
-char PERIFCARD::PIOAnswer(std::size_t index) const {
+char PERIFCARD::pioAnswer(std::size_t index) const {
     return pioAnswer_[index].load(std::memory_order_acquire);
 }
 
-ByteList PERIFCARD::PollFrame() {
+ByteList PERIFCARD::pollFrame() {
     MutexGuard guard(pollFrameLock_);
     return pollFrame_;
 }
 
-void PERIFCARD::AppendToPollFrame(const ByteList& bytes) {
+void PERIFCARD::appendToPollFrame(const ByteList& bytes) {
     MutexGuard guard(pollFrameLock_);
     pollFrame_.insert(pollFrame_.end(), bytes.begin(), bytes.end());
 }

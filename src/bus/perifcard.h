@@ -10,12 +10,12 @@
 #include "thread/MutexClass.h"
 #include "thread/shared_field.h"
 
-/// Values of PERIFCARD::cardClass.
-namespace card_class {
-inline constexpr std::int32_t kOutput = 0;
-inline constexpr std::int32_t kInput = 1;  ///< the only class that is polled
-inline constexpr std::int32_t kNone = 3;   ///< empty or unidentified
-}  // namespace card_class
+/// What PERIFCARD::cardClass says.
+enum class CardClass : std::int32_t {
+    kOutput = 0,  ///< gets output frames
+    kInput = 1,   ///< the only class that is polled
+    kNone = 3,    ///< no usable card: the slot is empty or the kind is unknown
+};
 
 /// One card's record in the card table: what sits at a bus address and its last
 /// known data. Owned by ZOLT; the serial task writes it, the master loop reads
@@ -36,16 +36,16 @@ class PERIFCARD {
     /// the answer to the next request.
     void ClearPIOAnswer();
     /// Serial task: keeps the first 16 bytes of a 'Q' answer; missing ones are 0.
-    void StorePIOAnswer(const std::array<char, 16>& answer);
+    void storePioAnswer(const std::array<char, 16>& answer);
     /// A byte (0 to 15) of the last PIO answer. Once byte 0 is 'Q' the others
     /// belong to it.
-    char PIOAnswer(std::size_t index) const;
+    char pioAnswer(std::size_t index) const;
 
     /// The poll frame is a list, so it alone of all fields has a lock.
-    ByteList PollFrame() ZOLT_EXCLUDES(pollFrameLock_);
-    void AppendToPollFrame(const ByteList& bytes) ZOLT_EXCLUDES(pollFrameLock_);
+    ByteList pollFrame() ZOLT_EXCLUDES(pollFrameLock_);
+    void appendToPollFrame(const ByteList& bytes) ZOLT_EXCLUDES(pollFrameLock_);
 
-    std::atomic<std::int32_t> cardClass{card_class::kNone};
+    std::atomic<CardClass> cardClass{CardClass::kNone};
     /// Data bytes the card carries; the third byte of its poll frame.
     std::atomic<std::int32_t> dataLength{0};
     /// 0 to 15, written at discovery.

@@ -30,7 +30,7 @@ int attemptLimitOf(const ByteList& request) {
 
 ByteList SERIAL_INTERFACE::Comm2HW(ByteList request) {
     std::array<char, wire::kReadSize> stale{};
-    port_.Read(stale.data(), stale.size());
+    port_.read(stale.data(), stale.size());
     if (request.empty()) {
         return nothingSent();
     }
@@ -46,10 +46,10 @@ void SERIAL_INTERFACE::sendFrame(const ByteList& request) {
 
     waitingForAnswer_ = true;
     receivedCount_ = 0;
-    if (port_.Write(frame.data(), 1 + count) < 0) {
+    if (port_.write(frame.data(), 1 + count) < 0) {
         // The wait runs all the same and ends in the time-out that closes the
         // port.
-        logger_.Error("unable to  write to ", devicePath_);
+        logger_.error("unable to  write to ", devicePath_);
     }
 }
 
@@ -57,7 +57,7 @@ ByteList SERIAL_INTERFACE::awaitAnswer(int attemptLimit) {
     std::array<char, wire::kReadSize> chunk{};
     int attempts = 0;
     while (waitingForAnswer_ && attempts < attemptLimit) {
-        const ssize_t count = port_.Read(chunk.data(), chunk.size());
+        const ssize_t count = port_.read(chunk.data(), chunk.size());
         if (count > 0) {
             receive(chunk.data(), static_cast<std::size_t>(count));
         }

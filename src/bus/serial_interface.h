@@ -12,8 +12,8 @@
 #include "bus/wire.h"
 #include "core/logger.h"
 #include "core/zlqueue.h"
-#include "thread/LoopPause.h"
 #include "thread/Thread.h"
+#include "thread/loop_pause.h"
 #include "thread/shared_field.h"
 
 /// The device paths in a listing of /dev, one name per line, in its order. Lines
@@ -47,14 +47,14 @@ class SERIAL_INTERFACE final : public CThread {
 
     /// Any thread: the frames for a bus address (0 to 15), or for the controller
     /// (wire::kSystemQueue).
-    ZLQUEUE& CommandQueue(std::size_t index) { return commandQueues_[index]; }
+    ZLQUEUE& commandQueue(std::size_t index) { return commandQueues_[index]; }
 
     /// Master loop: logs the signal and closes the port under the worker, whose
     /// next exchange then times out.
     void mf_SIGhandler(int signal);
 
     /// Any thread; for tests and status.
-    LinkState State() const { return linkState_; }
+    LinkState linkState() const { return linkState_; }
 
     // The master loop writes these two, and the worker reads them once per cycle.
 

@@ -14,17 +14,17 @@
 /// fail with EBADF.
 class SerialPort {
   public:
-    ~SerialPort() { Close(); }
+    ~SerialPort() { close(); }
 
     /// Closes what is open, then opens `path` for non-blocking traffic. False when the
     /// system refuses.
-    bool Open(const std::string& path) ZOLT_EXCLUDES(lock_);
+    bool open(const std::string& path) ZOLT_EXCLUDES(lock_);
     /// 0, or the errno of tcsetattr.
-    int Apply(const termios& settings) ZOLT_EXCLUDES(lock_);
+    int apply(const termios& settings) ZOLT_EXCLUDES(lock_);
     /// As read(2) and write(2).
-    ssize_t Read(char* buffer, std::size_t size) ZOLT_EXCLUDES(lock_);
-    ssize_t Write(const char* bytes, std::size_t size) ZOLT_EXCLUDES(lock_);
-    void Close() ZOLT_EXCLUDES(lock_);
+    ssize_t read(char* buffer, std::size_t size) ZOLT_EXCLUDES(lock_);
+    ssize_t write(const char* bytes, std::size_t size) ZOLT_EXCLUDES(lock_);
+    void close() ZOLT_EXCLUDES(lock_);
 
   private:
     void closeLocked() ZOLT_REQUIRES(lock_);

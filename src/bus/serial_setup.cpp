@@ -64,24 +64,24 @@ std::list<std::string> SERIAL_INTERFACE::GetUSBDevices() {
 }
 
 bool SERIAL_INTERFACE::SetSerialParams() {
-    const int error = port_.Apply(rawSettings());
+    const int error = port_.apply(rawSettings());
     if (error != 0) {
-        logger_.Error("error ", ITOA(error), " from tcsetattr");
+        logger_.error("error ", ITOA(error), " from tcsetattr");
     }
     return error == 0;
 }
 
 bool SERIAL_INTERFACE::HardwareCheck(const std::string& devicePath) {
-    logger_.Info("try to catch hardware on ", devicePath);
+    logger_.info("try to catch hardware on ", devicePath);
     Sleep(kSettlePause);
     const ByteList answer =
         Comm2HW({wire::kHardwareCheck, wire::kHardwareCheckByte1, wire::kHardwareCheckByte2});
     switch (GetQListError(answer)) {
-        case answer_class::kUsable:
-            logger_.Info("hardware found on ", devicePath, " version: ", versionIn(answer));
+        case AnswerClass::kUsable:
+            logger_.info("hardware found on ", devicePath, " version: ", versionIn(answer));
             return true;
-        case answer_class::kTimeout:
-            logger_.Info("comm timeout ", devicePath);
+        case AnswerClass::kTimeout:
+            logger_.info("comm timeout ", devicePath);
             return false;
         default:
             return false;
@@ -94,8 +94,8 @@ bool SERIAL_INTERFACE::Init() {
 }
 
 bool SERIAL_INTERFACE::initGivenPort() {
-    if (!port_.Open(devicePath_)) {
-        logger_.Error("unable to open ", devicePath_, " for hardware communication");
+    if (!port_.open(devicePath_)) {
+        logger_.error("unable to open ", devicePath_, " for hardware communication");
         return false;
     }
     linkState_ = LinkState::kUnderTest;
@@ -110,13 +110,13 @@ bool SERIAL_INTERFACE::initGivenPort() {
 bool SERIAL_INTERFACE::initSearchedPort() {
     const std::list<std::string> devices = GetUSBDevices();
     if (devices.empty()) {
-        logger_.Error("ttyUSB devices couldn't be found");
+        logger_.error("ttyUSB devices couldn't be found");
         return false;
     }
     for (const std::string& device : devices) {
         devicePath_ = device;
-        if (!port_.Open(devicePath_)) {
-            logger_.Error("unable to  open ", devicePath_, " for hardware communication");
+        if (!port_.open(devicePath_)) {
+            logger_.error("unable to  open ", devicePath_, " for hardware communication");
             continue;
         }
         linkState_ = LinkState::kUnderTest;
@@ -124,7 +124,7 @@ bool SERIAL_INTERFACE::initSearchedPort() {
             linkState_ = LinkState::kReady;
             return true;
         }
-        port_.Close();
+        port_.close();
         linkState_ = LinkState::kClosed;
     }
     return false;

@@ -22,7 +22,7 @@ SERIAL_INTERFACE::SERIAL_INTERFACE(std::string devicePath, LOGGER logger, CardTa
       cards_(cards),
       reports_(reports) {
     for (ZLQUEUE& queue : commandQueues_) {
-        queue.ReadBy(pause_);
+        queue.readBy(pause_);
     }
     globalPolling.readBy(pause_);
     threadDelay.readBy(pause_);
@@ -66,25 +66,25 @@ void SERIAL_INTERFACE::openLink() {
 void SERIAL_INTERFACE::serveQueues() {
     for (ZLQUEUE& queue : commandQueues_) {
         // One frame per queue and cycle, so a busy card cannot starve the others.
-        std::optional<ByteList> frame = queue.TakeNext();
+        std::optional<ByteList> frame = queue.takeNext();
         if (!frame) {
             continue;
         }
         const ByteList answer = Comm2HW(std::move(*frame));
-        const unsigned answerClass = GetQListError(answer);
-        if (answerClass == answer_class::kTimeout) {
+        const AnswerClass answerClass = GetQListError(answer);
+        if (answerClass == AnswerClass::kTimeout) {
             loseLink();
             return;
         }
-        if (answerClass == answer_class::kUsable) {
+        if (answerClass == AnswerClass::kUsable) {
             actOn(answer);
         }
     }
 }
 
 void SERIAL_INTERFACE::loseLink() {
-    logger_.Info("comm timeout ", devicePath_);
-    port_.Close();
+    logger_.info("comm timeout ", devicePath_);
+    port_.close();
     linkState_ = LinkState::kClosed;
 }
 
@@ -94,8 +94,8 @@ void SERIAL_INTERFACE::queuePolls() {
     }
     for (std::size_t address = 0; address < wire::kAddresses; ++address) {
         PERIFCARD& card = cards_[address];
-        if (card.cardClass == card_class::kInput && card.pollingOn) {
-            commandQueues_[address].ToQueue(card.PollFrame());
+        if (card.cardClass == CardClass::kInput && card.pollingOn) {
+            commandQueues_[address].ToQueue(card.pollFrame());
         }
     }
 }
@@ -134,7 +134,7 @@ void SERIAL_INTERFACE::takePioAnswer(const Answer& answer) {
     }
     std::array<char, wire::kPioBytes> kept{};
     std::copy_n(answer.begin(), kept.size(), kept.begin());
-    cards_[address].StorePIOAnswer(kept);
+    cards_[address].storePioAnswer(kept);
     WriteToQueue(answer.data());
 }
 
@@ -158,6 +158,6 @@ void SERIAL_INTERFACE::WriteToQueue(const char* answer) {
 }
 
 void SERIAL_INTERFACE::mf_SIGhandler(int signal) {
-    logger_.Info("signal ", ITOA(signal), " on serial interface");
-    port_.Close();
+    logger_.info("signal ", ITOA(signal), " on serial interface");
+    port_.close();
 }

@@ -5,31 +5,26 @@
 
 namespace {
 
-constexpr unsigned kEmptyAnswer = 5;
-
 struct Row {
     unsigned char firstByte;
-    unsigned answerClass;
+    AnswerClass answerClass;
 };
 
 constexpr std::array kRows{
-    Row{'T', answer_class::kTimeout},
-    Row{0x12, 2},
-    Row{'#', 3},
-    Row{'$', 3},
-    Row{'N', 4},
-    Row{'B', 6},
-    Row{'C', 6},
+    Row{'T', AnswerClass::kTimeout},    Row{0x12, AnswerClass::kControl},
+    Row{'#', AnswerClass::kMark},       Row{'$', AnswerClass::kMark},
+    Row{'N', AnswerClass::kRefusal},    Row{'B', AnswerClass::kLetterBOrC},
+    Row{'C', AnswerClass::kLetterBOrC},
 };
 
 }  // namespace
 
-unsigned GetQListError(const ByteList& answer) {
+AnswerClass GetQListError(const ByteList& answer) {
     if (answer.empty()) {
-        return kEmptyAnswer;
+        return AnswerClass::kEmpty;
     }
     const auto first = static_cast<unsigned char>(answer.front());
     const auto* row = std::find_if(kRows.begin(), kRows.end(),
                                    [first](const Row& r) { return r.firstByte == first; });
-    return row == kRows.end() ? answer_class::kUsable : row->answerClass;
+    return row == kRows.end() ? AnswerClass::kUsable : row->answerClass;
 }

@@ -79,13 +79,13 @@ void run(const CardConfigCommand& command, ConsoleContext& console, const Consol
     card.ClearPIOAnswer();
     console.host().request(frameOf(command, arguments));
     console.host().pause(1);
-    if (card.PIOAnswer(0) != wire::kPioAnswer) {
+    if (card.pioAnswer(0) != wire::kPioAnswer) {
         console.reply(command.failure);
         return;
     }
     console.reply(successText(command, arguments));
     if (command.resultLine != nullptr) {
-        console.reply(command.resultLine(arguments, card.PIOAnswer(kAnswerValue)));
+        console.reply(command.resultLine(arguments, card.pioAnswer(kAnswerValue)));
     }
 }
 

@@ -30,7 +30,7 @@ void DaemonConsole::setThreadDelay(std::int32_t microseconds) {
 }
 
 void DaemonConsole::request(ByteList frame) {
-    parts_.serial.CommandQueue(wire::kSystemQueue).ToQueue(std::move(frame));
+    parts_.serial.commandQueue(wire::kSystemQueue).ToQueue(std::move(frame));
 }
 
 void DaemonConsole::report(ByteList line) {

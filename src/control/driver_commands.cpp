@@ -71,7 +71,7 @@ void disablePolling(ConsoleContext& console, const ConsoleLine& /*line*/) {
 void setCardPolling(ConsoleContext& console, const ConsoleLine& line, bool on, const char* done) {
     const std::string addressText = line.atColon(1);
     PERIFCARD& card = console.host().card(digitOf(addressText));
-    if (card.cardClass != card_class::kInput) {
+    if (card.cardClass != CardClass::kInput) {
         console.reply("CIE: THIS COMMAND IS VALID ON INPUT CARDS");
         return;
     }
@@ -91,7 +91,7 @@ void showPollStates(ConsoleContext& console, const ConsoleLine& /*line*/) {
     replyGlobalPolling(console);
     for (unsigned address = 0; address < wire::kAddresses; ++address) {
         const PERIFCARD& card = console.host().card(address);
-        if (card.cardClass == card_class::kInput) {
+        if (card.cardClass == CardClass::kInput) {
             std::array<char, 32> text{};
             std::snprintf(text.data(), text.size(), "PTI:0x%X:%s", address,
                           card.pollingOn ? "ON" : "OFF");

@@ -18,7 +18,7 @@ namespace {
 constexpr std::chrono::seconds kWorkerStartPause{1};
 
 bool isConnected(const SOCKET_INTERFACE& interface) {
-    return interface.descriptor.connectionState == connection_state::kConnected;
+    return interface.descriptor.connectionState == ConnectionState::kConnected;
 }
 
 bool isText(const ByteList& list, const std::string& text) {
@@ -53,7 +53,7 @@ bool ZOLT::stopRequested() {
     if (const int signal = flag(); signal != SIGTERM && signal != SIGINT) {
         return false;
     }
-    logger_.Info("zolt is stopped by SIGTERM or SIGINT");
+    logger_.info("zolt is stopped by SIGTERM or SIGINT");
     return true;
 }
 
@@ -74,7 +74,7 @@ void ZOLT::startMissingWorkers() {
 }
 
 void ZOLT::forwardBusReport() {
-    std::optional<ByteList> report = busReports_->TakeNext();
+    std::optional<ByteList> report = busReports_->takeNext();
     // A monitor watches the IO traffic: without an IO client there is none.
     if (!report || !isConnected(*io_)) {
         return;
@@ -89,7 +89,7 @@ void ZOLT::forwardBusReport() {
 }
 
 void ZOLT::handleIoLine() {
-    std::optional<ByteList> line = ioRequests_->TakeNext();
+    std::optional<ByteList> line = ioRequests_->takeNext();
     if (!line) {
         return;
     }
@@ -111,7 +111,7 @@ bool ZOLT::ParseOutCommand(const ByteList& list) {
          splitCommands(Convert_QList2String(list), config_.io.inpSeparator)) {
         try {
             if (std::optional<OutputFrame> frame = translateOutput(command, cards_)) {
-                serial_->CommandQueue(frame->address).ToQueue(std::move(frame->bytes));
+                serial_->commandQueue(frame->address).ToQueue(std::move(frame->bytes));
             } else {
                 reportIllegalCommand("COE:Illegal command -> " + command);
             }
@@ -133,7 +133,7 @@ void ZOLT::reportIllegalCommand(const std::string& text) {
 }
 
 void ZOLT::handleCaeLine() {
-    if (const std::optional<ByteList> line = caeRequests_->TakeNext()) {
+    if (const std::optional<ByteList> line = caeRequests_->takeNext()) {
         console_->interpret(Convert_QList2String(*line));
     }
 }

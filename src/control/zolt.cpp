@@ -18,7 +18,7 @@ ZOLT::ZOLT(LOGGER logger, int* signalFlag)
       signalFlag_(signalFlag),
       workArea_(std::make_unique<std::array<char, 16>>()) {
     for (const auto* queue : {&ioRequests_, &caeRequests_, &busReports_}) {
-        (*queue)->ReadBy(pause_);
+        (*queue)->readBy(pause_);
     }
     for (PERIFCARD& card : cards_) {
         card.clearPerifCard();
@@ -29,7 +29,7 @@ ZOLT::~ZOLT() {
     // The workers hold plain pointers to the queues.
     for (const auto& interface : {cae_.get(), io_.get(), mon_.get()}) {
         if (interface != nullptr) {
-            interface->End();
+            interface->end();
         }
     }
     if (serial_ != nullptr) {
@@ -56,15 +56,15 @@ bool ZOLT::InitProgramData() {
     config_ = ReadConfig();
     logger_.level = config_.logLevel;
     logger_.fileName = config_.debugLogFile;
-    logger_.Info("zolt is started");
+    logger_.info("zolt is started");
     if (config_.errorText != CONFIG_DESCRIPTOR::kNoError) {
-        logger_.Error(config_.errorText);
-        logger_.Info("zolt is stopped with error");
+        logger_.error(config_.errorText);
+        logger_.info("zolt is stopped with error");
         return false;
     }
-    logger_.Info("Initparam Autodiscover: ", BTOA(config_.autoDiscover));
-    logger_.Info("Initparam Enablepoll: ", BTOA(config_.initialPollState));
-    logger_.Info("Initparam Speed (ThreadDelay): ", ITOA(config_.threadDelay));
+    logger_.info("Initparam Autodiscover: ", BTOA(config_.autoDiscover));
+    logger_.info("Initparam Enablepoll: ", BTOA(config_.initialPollState));
+    logger_.info("Initparam Speed (ThreadDelay): ", ITOA(config_.threadDelay));
     return true;
 }
 
@@ -88,7 +88,7 @@ void ZOLT::InitInterfaces() {
 std::unique_ptr<SOCKET_INTERFACE> ZOLT::startInterface(const INTERFACE_DESCRIPTOR& settings,
                                                        ZLQUEUE* requests) {
     auto interface =
-        std::make_unique<SOCKET_INTERFACE>(settings, logger_, requests, framing::kText);
+        std::make_unique<SOCKET_INTERFACE>(settings, logger_, requests, FramingMode::kText);
     // An interface that cannot listen says so in the log; the others still serve.
     interface->Init();
     return interface;

@@ -11,11 +11,11 @@
 #include "common/byte_list.h"
 #include "control/console.h"
 #include "control/daemon_console.h"
-#include "core/descriptors.h"
+#include "core/configuration.h"
 #include "core/logger.h"
 #include "core/zlqueue.h"
 #include "ports/socket_interface.h"
-#include "thread/LoopPause.h"
+#include "thread/loop_pause.h"
 
 /// The daemon: owns the configuration, the queues, the card table and the four
 /// workers, and runs the master loop that moves everything between them. One per

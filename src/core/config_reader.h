@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/descriptors.h"
+#include "core/configuration.h"
 
 /// The error text of a file that cannot be loaded.
 inline constexpr const char* kUnloadable = "Unable to load config, or unable to parse XML file!";

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <span>
 
-#include "core/descriptors.h"
+#include "core/configuration.h"
 
 /// What a configuration file may hold: the tables that the reader goes by. All
 /// names are compared exactly.

@@ -42,7 +42,7 @@ LOGGER& LOGGER::operator=(const LOGGER& other) {
 
 // Whether the copy is locked is known only when it is made, so the compiler cannot follow.
 void LOGGER::copyLockState(const LOGGER& other) ZOLT_UNCHECKED {
-    if (other.lock_.HeldByCaller()) {
+    if (other.lock_.heldByCaller()) {
         lock_.Lock();
     }
 }

@@ -31,11 +31,11 @@ class LOGGER {
     /// pieces of a message are texts; they are joined only when there is a file to write the
     /// message to.
     template <typename... Pieces>
-    void Info(const Pieces&... pieces) {
+    void info(const Pieces&... pieces) {
         logPieces("INF", {std::string_view(pieces)...});
     }
     template <typename... Pieces>
-    void Error(const Pieces&... pieces) {
+    void error(const Pieces&... pieces) {
         logPieces("ERR", {std::string_view(pieces)...});
     }
 

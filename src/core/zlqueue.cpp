@@ -22,10 +22,10 @@ bool ZLQUEUE::IsEmpty() {
 }
 
 ByteList ZLQUEUE::DeQueue() {
-    return TakeNext().value_or(ByteList());
+    return takeNext().value_or(ByteList());
 }
 
-std::optional<ByteList> ZLQUEUE::TakeNext() {
+std::optional<ByteList> ZLQUEUE::takeNext() {
     MutexGuard guard(lock_);
     if (items_.empty()) {
         return std::nullopt;

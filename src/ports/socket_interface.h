@@ -4,12 +4,12 @@
 #include <string>
 
 #include "common/byte_list.h"
-#include "core/descriptors.h"
+#include "core/configuration.h"
 #include "core/logger.h"
 #include "core/zlqueue.h"
 #include "ports/framing.h"
-#include "thread/LoopPause.h"
 #include "thread/Thread.h"
+#include "thread/loop_pause.h"
 
 /// One TCP listener with one client at a time: a worker that carries bytes between its
 /// client and two queues and interprets none of them. Every read is one item of the request
@@ -21,11 +21,12 @@ class SOCKET_INTERFACE final : public CThread {
   public:
     /// `requests` takes what clients send and outlives this object. The worker runs when the
     /// constructor returns.
-    SOCKET_INTERFACE(INTERFACE_DESCRIPTOR settings, LOGGER logger, ZLQUEUE* requests, int mode);
+    SOCKET_INTERFACE(INTERFACE_DESCRIPTOR settings, LOGGER logger, ZLQUEUE* requests,
+                     FramingMode mode);
     ~SOCKET_INTERFACE();
     /// Ends the connection and the worker, which may take the worker's pauses, some seconds.
     /// The object is only good for destruction afterwards.
-    void End() ZOLT_EXCLUDES(lock_);
+    void end() ZOLT_EXCLUDES(lock_);
 
     /// Opens the listening socket; true when it listens. The owner calls this once after
     /// construction, the worker later. An interface that does not listen at first never
@@ -55,11 +56,11 @@ class SOCKET_INTERFACE final : public CThread {
     // These two write log lines with the interface's name in them.
     template <typename... Pieces>
     void info(const char* before, const Pieces&... after) {
-        logger_.Info(before, descriptor.name, after...);
+        logger_.info(before, descriptor.name, after...);
     }
     template <typename... Pieces>
     void error(const char* before, const Pieces&... after) {
-        logger_.Error(before, descriptor.name, after...);
+        logger_.error(before, descriptor.name, after...);
     }
     bool connected() const;
     int clientSocket() ZOLT_EXCLUDES(lock_);
@@ -84,7 +85,7 @@ class SOCKET_INTERFACE final : public CThread {
 
     LOGGER logger_;
     ZLQUEUE* const requests_;
-    const int mode_;
+    const FramingMode mode_;
     LoopPause pause_;
     /// The number of cycles in a row in which the interface was closed. CloseByCommand sets
     /// it back.

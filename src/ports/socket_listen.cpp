@@ -75,7 +75,7 @@ bool SOCKET_INTERFACE::Init() {
     {
         MutexGuard guard(lock_);
         listeningSocket_ = listening;
-        descriptor.connectionState = connection_state::kListening;
+        descriptor.connectionState = ConnectionState::kListening;
     }
     info("", " interface listening on port ", ITOA(descriptor.port));
     return true;
@@ -87,8 +87,8 @@ void SOCKET_INTERFACE::acceptClient() {
     {
         MutexGuard guard(lock_);
         // A command may have closed the interface meanwhile.
-        if (!descriptor.connectionState.replace(connection_state::kListening,
-                                                connection_state::kAccepting)) {
+        if (!descriptor.connectionState.replace(ConnectionState::kListening,
+                                                ConnectionState::kAccepting)) {
             return;
         }
         listening = listeningSocket_;
@@ -109,7 +109,7 @@ void SOCKET_INTERFACE::acceptClient() {
     // after all of it.
     MutexGuard guard(lock_);
     clientSocket_ = client;
-    if (descriptor.connectionState != connection_state::kAccepting) {
+    if (descriptor.connectionState != ConnectionState::kAccepting) {
         return;  // the command that closed the interface also ended the wait
     }
     // The port as it is in the address, not in host order: operators know the log's
@@ -117,7 +117,7 @@ void SOCKET_INTERFACE::acceptClient() {
     info("client is connected on ", " interface from ", inet_ntoa(peer.sin_addr), ":",
          ITOA(peer.sin_port));
     queueBanner();
-    descriptor.connectionState = connection_state::kConnected;
+    descriptor.connectionState = ConnectionState::kConnected;
 }
 
 void SOCKET_INTERFACE::queueBanner() {
@@ -130,7 +130,7 @@ void SOCKET_INTERFACE::queueBanner() {
 
 void SOCKET_INTERFACE::CloseByCommand() {
     MutexGuard guard(lock_);
-    descriptor.connectionState = connection_state::kClosed;
+    descriptor.connectionState = ConnectionState::kClosed;
     info("connection is closed by command on ", " interface");
     shutDownSockets();
     reopenCounter_ = 0;

@@ -25,9 +25,9 @@ constexpr long kWaitMicroseconds = 1;
 }  // namespace
 
 SOCKET_INTERFACE::SOCKET_INTERFACE(INTERFACE_DESCRIPTOR settings, LOGGER logger, ZLQUEUE* requests,
-                                   int mode)
+                                   FramingMode mode)
     : descriptor(std::move(settings)), logger_(logger), requests_(requests), mode_(mode) {
-    replyQueue.ReadBy(pause_);
+    replyQueue.readBy(pause_);
     descriptor.connectionState.readBy(pause_);
     descriptor.threadDelay.readBy(pause_);
     SetThreadType(kIntervalDriven, 1);
@@ -35,12 +35,12 @@ SOCKET_INTERFACE::SOCKET_INTERFACE(INTERFACE_DESCRIPTOR settings, LOGGER logger,
 }
 
 SOCKET_INTERFACE::~SOCKET_INTERFACE() {
-    End();
+    end();
 }
 
-void SOCKET_INTERFACE::End() {
+void SOCKET_INTERFACE::end() {
     // First, so that a worker that is just reopening does not go on to accept.
-    RequestStop();
+    requestStop();
     {
         MutexGuard guard(lock_);
         shutDownSockets();
@@ -55,13 +55,13 @@ bool SOCKET_INTERFACE::OnTask() {
     } else {
         pause_.pauseWithoutWork(descriptor.threadDelay);
     }
-    if (descriptor.connectionState == connection_state::kListening) {
+    if (descriptor.connectionState == ConnectionState::kListening) {
         acceptClient();
     }
     if (connected()) {
         serveClient(clientSocket());
     }
-    if (descriptor.connectionState == connection_state::kClosed) {
+    if (descriptor.connectionState == ConnectionState::kClosed) {
         reopen();
     }
     // Last, so that a placeholder interface still runs its first cycle whole.
@@ -72,7 +72,7 @@ bool SOCKET_INTERFACE::OnTask() {
 }
 
 bool SOCKET_INTERFACE::connected() const {
-    return descriptor.connectionState == connection_state::kConnected;
+    return descriptor.connectionState == ConnectionState::kConnected;
 }
 
 int SOCKET_INTERFACE::clientSocket() {
@@ -141,7 +141,7 @@ bool SOCKET_INTERFACE::readFrom(int client) {
 void SOCKET_INTERFACE::loseClient() {
     closeSockets();
     MutexGuard guard(lock_);
-    descriptor.connectionState = connection_state::kClosed;
+    descriptor.connectionState = ConnectionState::kClosed;
     reopenCounter_ = 0;
 }
 
@@ -155,7 +155,7 @@ void SOCKET_INTERFACE::writeToClient(bool clientLost) {
         if (!clientLost && !connected()) {
             return;
         }
-        const std::optional<ByteList> item = replyQueue.TakeNext();
+        const std::optional<ByteList> item = replyQueue.takeNext();
         if (!item) {
             return;
         }
@@ -174,11 +174,11 @@ void SOCKET_INTERFACE::writeToClient(bool clientLost) {
 
 void SOCKET_INTERFACE::park() {
     info("On task ", " interface");
-    while (Running()) {
+    while (running()) {
         Sleep(kParkPause);
     }
 }
 
 void SOCKET_INTERFACE::mf_SIGhandler(int signal) {
-    logger_.Info("signal ", ITOA(signal), " on ", descriptor.name, " interface");
+    logger_.info("signal ", ITOA(signal), " on ", descriptor.name, " interface");
 }

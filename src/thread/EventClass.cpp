@@ -18,7 +18,7 @@ void CEventClass::Set() {
     latchAndSignal();
 }
 
-bool CEventClass::TrySet() {
+bool CEventClass::trySet() {
     mutex_.lock();
     if (bracketOpen_) {
         mutex_.unlock();

@@ -21,13 +21,13 @@ class CEventClass {
     /// Waits for an open bracket to close, then wakes one waiter.
     void Set() ZOLT_EXCLUDES(mutex_);
     /// The same, but returns false at once instead of blocking while a bracket is open.
-    bool TrySet() ZOLT_EXCLUDES(mutex_);
+    bool trySet() ZOLT_EXCLUDES(mutex_);
     /// Returns true after a Set(), with the bracket open.
     bool Wait() ZOLT_EXCLUDES(mutex_);
     /// Closes the bracket that Wait() opened.
     void Reset() ZOLT_EXCLUDES(mutex_);
 
-    bool Created() const { return created_; }
+    bool created() const { return created_; }
 
   private:
     /// Gives the mutex back, too.

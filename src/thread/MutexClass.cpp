@@ -11,7 +11,7 @@ CMutexClass::~CMutexClass() {
 }
 
 void CMutexClass::Lock() {
-    if (HeldByCaller()) {
+    if (heldByCaller()) {
         return;
     }
     pthread_mutex_lock(&mutex_);
@@ -19,7 +19,7 @@ void CMutexClass::Lock() {
 }
 
 void CMutexClass::Unlock() {
-    if (!HeldByCaller()) {
+    if (!heldByCaller()) {
         return;
     }
     owner_ = 0;

@@ -21,8 +21,8 @@ class ZOLT_LOCK CMutexClass {
     /// Does nothing when the caller is not the owner.
     void Unlock() ZOLT_RELEASES();
 
-    bool Created() const { return created_; }
-    bool HeldByCaller() const { return owner_.load() == pthread_self(); }
+    bool created() const { return created_; }
+    bool heldByCaller() const { return owner_.load() == pthread_self(); }
 
   private:
     pthread_mutex_t mutex_{};

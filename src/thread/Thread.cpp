@@ -30,12 +30,12 @@ CThread::CThread()
         fault(thread_error::kQueueMemory);
         return;
     }
-    if (!lock_.Created()) {
+    if (!lock_.created()) {
         std::perror("mutex creation failed");
         fault(thread_error::kMutexCreation);
         return;
     }
-    if (!event_.Created()) {
+    if (!event_.created()) {
         std::perror("event creation failed");
         fault(thread_error::kEventCreation);
         return;
@@ -122,7 +122,7 @@ void CThread::SetIdle(long idleTime) {
 
 void CThread::SetPriority(long /*priority*/) {}
 
-void CThread::SetStackSize(std::uint32_t bytes) {
+void CThread::setStackSize(std::uint32_t bytes) {
     MutexGuard guard(lock_);
     stackSize_ = bytes;
 }
@@ -132,7 +132,7 @@ KernelState CThread::ThreadState() {
     return state_;
 }
 
-std::uint32_t CThread::ErrorFlags() {
+std::uint32_t CThread::errorFlags() {
     MutexGuard guard(lock_);
     return errors_;
 }

@@ -27,7 +27,7 @@ enum class KernelState : std::int32_t {
     kFault = 4,         ///< something failed: see the error flags
 };
 
-/// Bits of CThread::ErrorFlags().
+/// Bits of CThread::errorFlags().
 namespace thread_error {
 inline constexpr std::uint32_t kMutexCreation = 1;
 inline constexpr std::uint32_t kEventCreation = 2;
@@ -77,7 +77,7 @@ class CThread {
     /// Has no effect: the workers share the process's priority.
     void SetPriority(long priority);
     KernelState ThreadState() ZOLT_EXCLUDES(lock_);
-    std::uint32_t ErrorFlags() ZOLT_EXCLUDES(lock_);
+    std::uint32_t errorFlags() ZOLT_EXCLUDES(lock_);
     std::uint32_t GetEventsPending() ZOLT_EXCLUDES(lock_);
 
     /// Posts an event to an event-driven thread and wakes it; blocks while that thread is in
@@ -99,12 +99,12 @@ class CThread {
   protected:
     /// Asks the kernel to end after its current cycle, without waiting for its end as Stop()
     /// does.
-    void RequestStop() { running_ = false; }
+    void requestStop() { running_ = false; }
     /// False once Stop() was called; for cycles that never return by themselves.
-    bool Running() const { return running_; }
+    bool running() const { return running_; }
     /// Sets the stack of kernels that start from now on, in bytes; 0 is the system's
     /// default.
-    void SetStackSize(std::uint32_t bytes) ZOLT_EXCLUDES(lock_);
+    void setStackSize(std::uint32_t bytes) ZOLT_EXCLUDES(lock_);
 
   private:
     enum class Kernel { kNone, kCreated, kStarted, kEnded };

@@ -87,7 +87,7 @@ void* CThread::current() {
 void CThread::wakeKernel() {
     // An ended event-driven kernel has left the event's bracket open, so a
     // blocking Set() would never return.
-    while (!event_.TrySet()) {
+    while (!event_.trySet()) {
         if (kernel_ == Kernel::kEnded) {
             return;
         }

@@ -2,7 +2,7 @@
 
 #include <atomic>
 
-#include "thread/LoopPause.h"
+#include "thread/loop_pause.h"
 
 /// One value that several threads read and write without a lock. An object with such
 /// fields can be copied; a copy holds the same value and has no reader. A reader may

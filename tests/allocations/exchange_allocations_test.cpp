@@ -25,16 +25,16 @@ class ExchangeAllocations : public AllocationTest {
 
 TEST_F(ExchangeAllocations, APollTakesItsBytesAndThoseOfItsAnswer) {
     startPolling();
-    const std::size_t before = daemon_.bus.Polls();
+    const std::size_t before = daemon_.bus.polls();
     EXPECT_EQ(cycles(kItemsOfABlock), kInputs * (kItemsOfABlock * kPoll + 1))
         << "one block per queue and 21 polls";
-    EXPECT_EQ(daemon_.bus.Polls() - before, kInputs * kItemsOfABlock);
+    EXPECT_EQ(daemon_.bus.polls() - before, kInputs * kItemsOfABlock);
 }
 
 TEST_F(ExchangeAllocations, ARequestTakesTheBytesOfItsAnswer) {
-    daemon_.serial().CommandQueue(14).ToQueue({wire::kOutput, 14, 2, 1, 2});
+    daemon_.serial().commandQueue(14).ToQueue({wire::kOutput, 14, 2, 1, 2});
     EXPECT_EQ(cycle(daemon_.serial()), 1U) << "the acknowledgement";
-    EXPECT_EQ(daemon_.bus.Requests(), 3U);
+    EXPECT_EQ(daemon_.bus.requests(), 3U);
 }
 
 TEST_F(ExchangeAllocations, AChangeTakesItsReportBesides) {

@@ -19,19 +19,19 @@ TEST_F(IdleCycle, TheMasterLoopTakesNothingBesideClients) {
 
 TEST_F(IdleCycle, AnInterfaceWithAClientTakesNothing) {
     const auto client = daemon_.connect(daemon_.io());
-    ASSERT_EQ(daemon_.io().descriptor.connectionState, connection_state::kConnected);
+    ASSERT_EQ(daemon_.io().descriptor.connectionState, ConnectionState::kConnected);
     for (int i = 0; i < kCycles; ++i) ASSERT_EQ(cycle(daemon_.io()), 0U);
 }
 
 TEST_F(IdleCycle, AnInterfaceThatDoesNotListenTakesNothing) {
-    daemon_.io().descriptor.connectionState = connection_state::kNotListening;
+    daemon_.io().descriptor.connectionState = ConnectionState::kNotListening;
     for (int i = 0; i < kCycles; ++i) ASSERT_EQ(cycle(daemon_.io()), 0U);
 }
 
 TEST_F(IdleCycle, TheSerialLinkTakesNothing) {
-    ASSERT_EQ(daemon_.serial().State(), SERIAL_INTERFACE::LinkState::kReady);
+    ASSERT_EQ(daemon_.serial().linkState(), SERIAL_INTERFACE::LinkState::kReady);
     for (int i = 0; i < kCycles; ++i) ASSERT_EQ(cycle(daemon_.serial()), 0U);
-    EXPECT_EQ(daemon_.bus.Polls(), 0U);
+    EXPECT_EQ(daemon_.bus.polls(), 0U);
 }
 
 }  // namespace

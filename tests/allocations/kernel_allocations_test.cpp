@@ -4,8 +4,8 @@
 
 #include "tests/support/allocation_count.h"
 #include "tests/support/wait.h"
-#include "thread/LoopPause.h"
 #include "thread/Thread.h"
+#include "thread/loop_pause.h"
 
 namespace {
 
@@ -25,8 +25,8 @@ class CountingWorker final : public CThread {
         return true;
     }
 
-    int Cycles() const { return cycles_; }
-    std::size_t TakenSinceTheFirst() const { return sinceFirst_; }
+    int cycles() const { return cycles_; }
+    std::size_t takenSinceTheFirst() const { return sinceFirst_; }
 
   private:
     LoopPause pause_{std::chrono::microseconds(10)};
@@ -37,8 +37,8 @@ class CountingWorker final : public CThread {
 
 TEST(KernelAllocations, AWorkersThreadTakesNothingForItsCycles) {
     CountingWorker worker;
-    ASSERT_TRUE(support::waitUntil([&] { return worker.Cycles() >= 1000; }));
-    EXPECT_EQ(worker.TakenSinceTheFirst(), 0U);
+    ASSERT_TRUE(support::waitUntil([&] { return worker.cycles() >= 1000; }));
+    EXPECT_EQ(worker.takenSinceTheFirst(), 0U);
 }
 
 }  // namespace

@@ -49,7 +49,7 @@ TEST_F(MasterAllocations, AMonitorTakesACopyOfTheReport) {
 TEST_F(MasterAllocations, AnOutputCommandTakesItsFrame) {
     queueLine();
     EXPECT_EQ(masterCycle(), kTranslation);
-    EXPECT_EQ(daemon_.serial().CommandQueue(14).DeQueue(),
+    EXPECT_EQ(daemon_.serial().commandQueue(14).DeQueue(),
               (ByteList{wire::kOutput, 14, 2, '\xFF', '\xFB'}));
 }
 

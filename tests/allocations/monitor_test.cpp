@@ -9,7 +9,7 @@ class Monitor : public AllocationTest {
   protected:
     /// Runs a cycle of the master loop, in which the monitor's connection gets this state
     /// as soon as the loop has queued something for another thread.
-    void cycleWithMonitorThen(std::int32_t state) {
+    void cycleWithMonitorThen(ConnectionState state) {
         const support::AtNextWake change(
             [this, state] { daemon_.mon().descriptor.connectionState = state; });
         masterCycle();
@@ -35,27 +35,27 @@ class Monitor : public AllocationTest {
 
 TEST_F(Monitor, ThatComesWhileALineIsTranslatedSeesTheLine) {
     queueLine();
-    cycleWithMonitorThen(connection_state::kConnected);
+    cycleWithMonitorThen(ConnectionState::kConnected);
     EXPECT_EQ(forTheMonitor(), "aEb1dFB\r\n");
 }
 
 TEST_F(Monitor, ThatLeavesWhileALineIsTranslatedDoesNotSeeTheLine) {
-    daemon_.mon().descriptor.connectionState = connection_state::kConnected;
+    daemon_.mon().descriptor.connectionState = ConnectionState::kConnected;
     queueLine();
-    cycleWithMonitorThen(connection_state::kClosed);
+    cycleWithMonitorThen(ConnectionState::kClosed);
     EXPECT_EQ(forTheMonitor(), "");
 }
 
 TEST_F(Monitor, ThatComesWhileAReportGoesToIoSeesTheReport) {
     queueReport();
-    cycleWithMonitorThen(connection_state::kConnected);
+    cycleWithMonitorThen(ConnectionState::kConnected);
     EXPECT_EQ(forTheMonitor(), "a3b0d40\r\n");
 }
 
 TEST_F(Monitor, ThatLeavesWhileAReportGoesToIoDoesNotSeeTheReport) {
-    daemon_.mon().descriptor.connectionState = connection_state::kConnected;
+    daemon_.mon().descriptor.connectionState = ConnectionState::kConnected;
     queueReport();
-    cycleWithMonitorThen(connection_state::kClosed);
+    cycleWithMonitorThen(ConnectionState::kClosed);
     EXPECT_EQ(forTheMonitor(), "");
 }
 

@@ -11,7 +11,7 @@ class WaitingItems : public AllocationTest {};
 
 TEST_F(WaitingItems, AFrameWaitsForTheBus) {
     for (std::size_t index = 0; index < wire::kQueues; ++index) {
-        daemon_.serial().CommandQueue(index).ToQueue({wire::kOutput, 14, 2, 1, 2});
+        daemon_.serial().commandQueue(index).ToQueue({wire::kOutput, 14, 2, 1, 2});
         EXPECT_EQ(waitingItems(), 1) << index;
         daemon_.serial().OnTask();
         EXPECT_EQ(waitingItems(), 0) << index;

@@ -71,7 +71,7 @@ class Link : public testing::Test {
 
     /// Sends a frame for a card and waits for a line of the bus's trace.
     void sendAndSee(std::size_t index, const std::string& frame, const std::string& line) {
-        link_->CommandQueue(index).ToQueue(byteList(frame));
+        link_->commandQueue(index).ToQueue(byteList(frame));
         EXPECT_TRUE(waitUntil([&] { return traced(line); })) << line;
     }
 
@@ -170,10 +170,10 @@ TEST_F(Link, OutputFramesReachTheirCards) {
 
 TEST_F(Link, AConfigurationAnswerIsKeptInTheCardsRecord) {
     start(kAllKinds);
-    link_->CommandQueue(wire::kSystemQueue).ToQueue(byteList("50 0F 40 01"));
-    ASSERT_TRUE(waitUntil([this] { return cards_[15].PIOAnswer(0) == 'Q'; }));
-    EXPECT_EQ(cards_[15].PIOAnswer(1), 0x0F);
-    EXPECT_EQ(cards_[15].PIOAnswer(3), 0x3F);
+    link_->commandQueue(wire::kSystemQueue).ToQueue(byteList("50 0F 40 01"));
+    ASSERT_TRUE(waitUntil([this] { return cards_[15].pioAnswer(0) == 'Q'; }));
+    EXPECT_EQ(cards_[15].pioAnswer(1), 0x0F);
+    EXPECT_EQ(cards_[15].pioAnswer(3), 0x3F);
 }
 
 TEST_F(Link, ARefusedRequestLeavesTheLinkUp) {
@@ -221,7 +221,7 @@ TEST_F(Link, AnUnpluggedAdapterIsFoundWhenItComesBack) {
     const std::string missing = "[ERR] unable to open " + path_ + " for hardware communication";
     ASSERT_TRUE(waitUntil([&] { return log_.has(missing); }));
     EXPECT_TRUE(log_.has(timeoutLine_));
-    EXPECT_EQ(link_->State(), SERIAL_INTERFACE::LinkState::kClosed);
+    EXPECT_EQ(link_->linkState(), SERIAL_INTERFACE::LinkState::kClosed);
     control("plug");
     ASSERT_TRUE(waitUntil([this] { return found(2); }));
     control("press 3 6");
@@ -263,8 +263,8 @@ TEST_F(Link, FramesOfAQueueGoOutInOrder) {
     start(kAllKinds);
     for (unsigned value = 0; value < 50; ++value) {
         const std::string byte = hexText(std::string(1, static_cast<char>(value)));
-        link_->CommandQueue(5).ToQueue(byteList("10 05 02 00 " + byte));
-        link_->CommandQueue(0).ToQueue(byteList("10 00 06 00 00 00 00 00 " + byte));
+        link_->commandQueue(5).ToQueue(byteList("10 05 02 00 " + byte));
+        link_->commandQueue(0).ToQueue(byteList("10 00 06 00 00 00 00 00 " + byte));
     }
     ASSERT_TRUE(waitUntil([this] { return traced("card 5 digital-output: 00 31"); }));
     ASSERT_TRUE(waitUntil([this] { return traced("host> 09 | 10 00 06 00 00 00 00 00 31"); }));

@@ -16,8 +16,8 @@ namespace completeness {
 namespace {
 
 std::string classText(const CardKind& kind) {
-    if (kind.cardClass == card_class::kInput) return "input, polled";
-    return kind.cardClass == card_class::kOutput ? "output" : "none";
+    if (kind.cardClass == CardClass::kInput) return "input, polled";
+    return kind.cardClass == CardClass::kOutput ? "output" : "none";
 }
 
 class EveryCardKind : public testing::TestWithParam<CardKind> {};

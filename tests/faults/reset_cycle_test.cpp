@@ -34,7 +34,7 @@ class ResetCycle : public testing::TestWithParam<const char*> {
         LOGGER logger;
         logger.fileName = log_.path();
         interface_ =
-            std::make_unique<SOCKET_INTERFACE>(settings, logger, &requests_, framing::kText);
+            std::make_unique<SOCKET_INTERFACE>(settings, logger, &requests_, FramingMode::kText);
         ASSERT_TRUE(interface_->Init());
     }
 

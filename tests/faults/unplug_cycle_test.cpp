@@ -87,7 +87,7 @@ class UnplugCycle : public testing::Test {
         forgetTrace();
         const char value = static_cast<char>(++value_);
         const std::string text = zolt_text::hexByte(static_cast<std::uint8_t>(value));
-        link_->CommandQueue(5).ToQueue({0x10, 5, 2, 0x11, value});
+        link_->commandQueue(5).ToQueue({0x10, 5, 2, 0x11, value});
         EXPECT_TRUE(traced("card 5 digital-output: 11 " + text));
         control("set 3 0 " + text);
         EXPECT_TRUE(reported("a3b0d" + text));

@@ -60,7 +60,7 @@ TEST(KindTables, OfTheSimulatorAndTheDaemonAgreeOnTheData) {
         const CardKind* daemon = daemonKind(kind.code);
         if (daemon == nullptr) continue;
         const bool polled = kind.inputs != zolt_sim::InputDevice::kNone;
-        EXPECT_EQ(daemon->cardClass == card_class::kInput, polled);
+        EXPECT_EQ(daemon->cardClass == CardClass::kInput, polled);
         EXPECT_EQ(polled ? static_cast<std::size_t>(daemon->dataLength) : daemon->outputValues,
                   kind.dataBytes);
         if (daemon->presetValues > 0) {

@@ -31,14 +31,14 @@ TEST_F(ConnectionEnd, ALeavingClientTakesOneReplyWithItAndTheNextGetsTheRest) {
     arrive();
     EXPECT_TRUE(interface_->OnTask());
     EXPECT_EQ(loggedSince(known), (Texts{closedByClient_, writeError_}));
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     EXPECT_FALSE(TcpClient::tryConnect(port).has_value()) << "refused until it is reopened";
     EXPECT_EQ(client.receiveUntil("anything"), "");
     EXPECT_TRUE(client.closedByPeer()) << "the client that waited is lost";
 
     EXPECT_TRUE(interface_->OnTask());
     EXPECT_EQ(pauses_.take(), (std::vector<int>{3, 2, 2}));
-    EXPECT_EQ(state(), connection_state::kListening);
+    EXPECT_EQ(state(), ConnectionState::kListening);
     TcpClient next = connectNext();
     interface_->OnTask();
     EXPECT_EQ(next.receiveUntil(kBanner), "left over\r" + std::string(kBanner));
@@ -50,7 +50,7 @@ TEST_F(ConnectionEnd, AResetIsACloseByTheClient) {
     client.send("last words");
     client.reset();
     arrive();
-    runOutOf(connection_state::kConnected);
+    runOutOf(ConnectionState::kConnected);
     EXPECT_EQ(loggedSince(known), Texts{closedByClient_});
 }
 
@@ -66,7 +66,7 @@ TEST_F(ConnectionEnd, AClientThatResetsWhileItIsWrittenToDoesNoHarm) {
     ASSERT_TRUE(support::waitUntil([&] { return log_.has(closedByClient_); }));
     EXPECT_TRUE(log_.has(writeError_));
     // The old listening socket outlives that log line by a moment.
-    ASSERT_TRUE(support::waitUntil([&] { return state() != connection_state::kConnected; }));
+    ASSERT_TRUE(support::waitUntil([&] { return state() != ConnectionState::kConnected; }));
     ASSERT_TRUE(support::waitUntil([&] { return own_sockets::listeningPort() != 0; }));
     TcpClient next = TcpClient::connect(own_sockets::listeningPort());
     next.receiveUntil(kBanner);
@@ -80,12 +80,12 @@ TEST_F(ConnectionEnd, ACommandEndsTheConnectionAndKeepsTheReplies) {
     client.receiveUntil(kBanner);
     interface_->CloseByCommand();
     reply(">\r\n");
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     EXPECT_EQ(client.receiveUntil("anything"), "");
     EXPECT_TRUE(client.closedByPeer());
     EXPECT_FALSE(TcpClient::tryConnect(port).has_value());
     interface_->OnTask();
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     interface_->OnTask();
     EXPECT_EQ(loggedSince(known),
               (Texts{closedByCommand_, "[INF] IO interface listening on port 0"}));
@@ -134,8 +134,8 @@ TEST_F(ConnectionEnd, ConnectionsLeaveNoDescriptorBehind) {
             client.reset();
             arrive();
         }
-        if (round % 2 == 1) runOutOf(connection_state::kConnected);
-        runOutOf(connection_state::kClosed);
+        if (round % 2 == 1) runOutOf(ConnectionState::kConnected);
+        runOutOf(ConnectionState::kClosed);
         client.reset();
         if (round == 0) afterFirst = own_sockets::openDescriptors();
     }

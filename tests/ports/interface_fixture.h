@@ -25,7 +25,8 @@ class InterfaceFixture : public testing::Test {
 
     static constexpr const char* kBanner = "ZOLT IO interface is ready\r\n\r";
 
-    void buildLive(const std::string& name = "IO", int mode = framing::kText, int port = 0) {
+    void buildLive(const std::string& name = "IO", FramingMode mode = FramingMode::kText,
+                   int port = 0) {
         INTERFACE_DESCRIPTOR settings;
         settings.name = name;
         settings.port = port;
@@ -35,13 +36,15 @@ class InterfaceFixture : public testing::Test {
         interface_ = std::make_unique<SOCKET_INTERFACE>(settings, logger, &requests_, mode);
     }
 
-    void build(const std::string& name = "IO", int mode = framing::kText, int port = 0) {
+    void build(const std::string& name = "IO", FramingMode mode = FramingMode::kText,
+               int port = 0) {
         buildLive(name, mode, port);
         interface_->Stop();
     }
 
     /// An interface with a client, behind its banner.
-    support::TcpClient connected(const std::string& name = "IO", int mode = framing::kText) {
+    support::TcpClient connected(const std::string& name = "IO",
+                                 FramingMode mode = FramingMode::kText) {
         build(name, mode);
         EXPECT_TRUE(interface_->Init());
         return connectNext();
@@ -51,7 +54,7 @@ class InterfaceFixture : public testing::Test {
         support::TcpClient client = support::TcpClient::connect(own_sockets::listeningPort());
         port_ = own_sockets::listeningPort();
         interface_->OnTask();
-        EXPECT_EQ(state(), connection_state::kConnected);
+        EXPECT_EQ(state(), ConnectionState::kConnected);
         return client;
     }
 
@@ -68,12 +71,12 @@ class InterfaceFixture : public testing::Test {
     }
 
     /// Runs cycles until the interface has left `from`, at most ten.
-    void runOutOf(int from) {
+    void runOutOf(ConnectionState from) {
         for (int cycle = 0; cycle < 10 && state() == from; ++cycle) interface_->OnTask();
         ASSERT_NE(state(), from);
     }
 
-    int state() const { return interface_->descriptor.connectionState; }
+    ConnectionState state() const { return interface_->descriptor.connectionState; }
 
     void reply(const std::string& item) {
         interface_->replyQueue.ToQueue(ByteList(item.begin(), item.end()));

@@ -16,9 +16,9 @@ class Listening : public InterfaceFixture {};
 
 TEST_F(Listening, InitOpensThePort) {
     build();
-    EXPECT_EQ(state(), connection_state::kNotListening);
+    EXPECT_EQ(state(), ConnectionState::kNotListening);
     EXPECT_TRUE(interface_->Init());
-    EXPECT_EQ(state(), connection_state::kListening);
+    EXPECT_EQ(state(), ConnectionState::kListening);
     EXPECT_EQ(log_.lines(), Texts{"[INF] IO interface listening on port 0"});
     const int socket = own_sockets::listening();
     EXPECT_EQ(own_sockets::option(socket, SOL_SOCKET, SO_REUSEADDR), 1);
@@ -29,7 +29,7 @@ TEST_F(Listening, InitOpensThePort) {
 TEST_F(Listening, ListensOnTheConfiguredPortOfEveryAddress) {
     // Below the range that the system picks ports from by itself.
     for (int port = 20000 + ::getpid() % 5000; port < 32000; ++port) {
-        build("MON", framing::kText, port);
+        build("MON", FramingMode::kText, port);
         interface_->Init();
         if (own_sockets::listeningPort() == port) break;
     }
@@ -44,10 +44,10 @@ TEST_F(Listening, ABusyPortIsLoggedAndListensAllTheSame) {
     ASSERT_TRUE(interface_->Init());
     const int busy = own_sockets::listeningPort();
     const auto holder = std::move(interface_);
-    build("IO", framing::kText, busy);
+    build("IO", FramingMode::kText, busy);
     const std::size_t known = log_.lines().size();
     EXPECT_TRUE(interface_->Init());
-    EXPECT_EQ(state(), connection_state::kListening);
+    EXPECT_EQ(state(), ConnectionState::kListening);
     EXPECT_EQ(loggedSince(known),
               (Texts{"[ERR] couldn't bind socket forIO interface",
                      "[INF] IO interface listening on port " + std::to_string(busy)}));
@@ -68,7 +68,7 @@ TEST_F(Listening, ARefusedSocketIsLoggedAndNeverTriedAgain) {
     EXPECT_FALSE(interface_->Init());
     for (int cycle = 0; cycle < 5; ++cycle) EXPECT_TRUE(interface_->OnTask());
     EXPECT_EQ(log_.lines(), Texts{"[ERR] couldn't open socket forIO interface"});
-    EXPECT_EQ(state(), connection_state::kNotListening);
+    EXPECT_EQ(state(), ConnectionState::kNotListening);
     EXPECT_EQ(own_sockets::listening(), -1);
 }
 
@@ -87,7 +87,7 @@ TEST_F(Listening, ARefusedListenIsLoggedAndLeavesNothingOpen) {
     EXPECT_FALSE(interface_->Init());
     for (int cycle = 0; cycle < 3; ++cycle) interface_->OnTask();
     EXPECT_EQ(log_.lines(), Texts{"[ERR] IO interface listening error on port 0"});
-    EXPECT_EQ(state(), connection_state::kNotListening);
+    EXPECT_EQ(state(), ConnectionState::kNotListening);
     EXPECT_EQ(own_sockets::openDescriptors(), before);
 }
 
@@ -95,12 +95,12 @@ TEST_F(Listening, TakesAClientAfterAPause) {
     build();
     interface_->Init();
     const TcpClient client = TcpClient::connect(own_sockets::listeningPort());
-    int stateInPause = -1;
+    ConnectionState stateInPause = ConnectionState::kNotListening;
     pauses_.duringNext([&] { stateInPause = state(); });
     EXPECT_TRUE(interface_->OnTask());
     EXPECT_EQ(pauses_.take(), std::vector<int>{3});
-    EXPECT_EQ(stateInPause, connection_state::kAccepting);
-    EXPECT_EQ(state(), connection_state::kConnected);
+    EXPECT_EQ(stateInPause, ConnectionState::kAccepting);
+    EXPECT_EQ(state(), ConnectionState::kConnected);
 
     // The port as it stands in the address, its bytes in the network's order.
     const std::uint16_t clientPort =
@@ -150,7 +150,7 @@ TEST_F(Listening, AFailedAcceptIsClosedInTheSameCycleAndHeals) {
     faults_.fail(Call::kAccept, EMFILE);
     reply("old");
     interface_->OnTask();
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     EXPECT_EQ(loggedSince(2), (Texts{"[ERR] socket accept error on IO interface",
                                      "[INF] client is connected on IO interface from 0.0.0.0:0",
                                      "[ERR] socket select error on IO interface",
@@ -170,10 +170,10 @@ TEST_F(Listening, ACommandClosesAnInterfaceThatListens) {
     interface_->Init();
     const std::uint16_t port = own_sockets::listeningPort();
     interface_->CloseByCommand();
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     EXPECT_FALSE(TcpClient::tryConnect(port).has_value());
     interface_->OnTask();
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     interface_->OnTask();
     EXPECT_EQ(log_.lines(), (Texts{"[INF] IO interface listening on port 0",
                                    "[INF] connection is closed by command on IO interface",
@@ -186,7 +186,7 @@ TEST_F(Listening, ACommandDuringThePauseTakesNoClient) {
     TcpClient client = TcpClient::connect(own_sockets::listeningPort());
     pauses_.duringNext([&] { interface_->CloseByCommand(); });
     interface_->OnTask();
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     EXPECT_EQ(loggedSince(2), (Texts{"[INF] connection is closed by command on IO interface",
                                      "[ERR] socket accept error on IO interface"}));
     EXPECT_EQ(client.receiveUntil("anything"), "");
@@ -200,7 +200,7 @@ TEST_F(Listening, ACommandJustAfterTheAcceptStillCloses) {
     const TcpClient client = TcpClient::connect(own_sockets::listeningPort());
     faults_.beforeNext(Call::kSetsockopt, [&] { interface_->CloseByCommand(); });
     interface_->OnTask();
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     EXPECT_FALSE(log_.has("[ERR] socket accept error on IO interface"));
     EXPECT_EQ(own_sockets::accepted(own_sockets::listeningPort()), -1);
     EXPECT_TRUE(interface_->replyQueue.IsEmpty()) << "no banner";
@@ -209,11 +209,11 @@ TEST_F(Listening, ACommandJustAfterTheAcceptStillCloses) {
 TEST_F(Listening, ACommandWakesTheWorkerFromItsWaitForAClient) {
     buildLive();
     interface_->Init();
-    ASSERT_TRUE(support::waitUntil([&] { return state() == connection_state::kAccepting; }));
+    ASSERT_TRUE(support::waitUntil([&] { return state() == ConnectionState::kAccepting; }));
     interface_->CloseByCommand();
     ASSERT_TRUE(support::waitUntil([&] {
-        const int current = state();
-        return current == connection_state::kListening || current == connection_state::kAccepting;
+        const ConnectionState current = state();
+        return current == ConnectionState::kListening || current == ConnectionState::kAccepting;
     }));
     TcpClient client = TcpClient::connect(own_sockets::listeningPort());
     EXPECT_EQ(client.receiveUntil(kBanner), kBanner);
@@ -228,10 +228,10 @@ TEST_F(Listening, ACommandToAClosedInterfacePutsItsReturnOff) {
     interface_->OnTask();
     interface_->CloseByCommand();
     interface_->OnTask();
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     EXPECT_EQ(own_sockets::listening(), -1);
     interface_->OnTask();
-    EXPECT_EQ(state(), connection_state::kListening);
+    EXPECT_EQ(state(), ConnectionState::kListening);
     EXPECT_EQ(pauses_.take(), (std::vector<int>{2, 2, 2}));
     const std::string closed = "[INF] connection is closed by command on IO interface";
     EXPECT_EQ(loggedSince(1), (Texts{closed, closed, "[INF] IO interface listening on port 0"}));
@@ -243,9 +243,9 @@ TEST_F(Listening, AFailedReopeningIsTriedAgainEachCycle) {
     interface_->CloseByCommand();
     faults_.fail(Call::kSocket, EMFILE, 2);
     for (int cycle = 0; cycle < 3; ++cycle) interface_->OnTask();
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
     interface_->OnTask();
-    EXPECT_EQ(state(), connection_state::kListening);
+    EXPECT_EQ(state(), ConnectionState::kListening);
     EXPECT_EQ(pauses_.take(), (std::vector<int>{2, 2, 2, 2}));
     EXPECT_EQ(loggedSince(2), (Texts{"[ERR] couldn't open socket forIO interface",
                                      "[ERR] couldn't open socket forIO interface",
@@ -255,8 +255,8 @@ TEST_F(Listening, AFailedReopeningIsTriedAgainEachCycle) {
 TEST_F(Listening, EndWakesAWorkerThatWaitsForAClient) {
     buildLive();
     interface_->Init();
-    ASSERT_TRUE(support::waitUntil([&] { return state() == connection_state::kAccepting; }));
-    interface_->End();
+    ASSERT_TRUE(support::waitUntil([&] { return state() == ConnectionState::kAccepting; }));
+    interface_->end();
     EXPECT_EQ(own_sockets::listening(), -1);
 }
 

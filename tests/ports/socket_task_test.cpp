@@ -59,7 +59,7 @@ TEST_F(Client, AtFullSpeedARestOverlooksNothing) {
     EXPECT_TRUE(restEndsWith([&] { reply("no\r\n"); }));
     EXPECT_EQ(client.receiveUntil("\r\n\r"), "no\r\n\r");
     EXPECT_TRUE(restEndsWith([&] { client.reset(); }));
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
 }
 
 TEST_F(Client, AtFullSpeedANewSpeedEndsTheRest) {
@@ -72,7 +72,7 @@ TEST_F(Client, AtFullSpeedANewConnectionStateEndsTheRest) {
     build();
     goFullSpeed();
     EXPECT_TRUE(restEndsWith([&] { interface_->CloseByCommand(); }));
-    EXPECT_EQ(state(), connection_state::kClosed);
+    EXPECT_EQ(state(), ConnectionState::kClosed);
 }
 
 TEST_F(Client, HalvesOfALineAreTwoRequests) {
@@ -147,7 +147,7 @@ TEST_F(Client, LongRepliesArriveWholeWithOneCarriageReturn) {
 }
 
 TEST_F(Client, BinaryFramingCountsBothWays) {
-    TcpClient client = connected("IO", framing::kBinary);
+    TcpClient client = connected("IO", FramingMode::kBinary);
     EXPECT_EQ(client.receiveUntil("\r\n"), "\x1CZOLT IO interface is ready\r\n");
     client.send(std::string("\3a\0cd", 5));
     arrive();
@@ -173,7 +173,7 @@ TEST_F(Client, AFailedSelectIsLoggedAndTheReplyStillGoesOut) {
     EXPECT_EQ(loggedSince(known), Texts{selectError_});
     EXPECT_EQ(client.receiveUntil("reply\r"), "reply\r");
     EXPECT_EQ(requested(), Texts{});
-    EXPECT_EQ(state(), connection_state::kConnected);
+    EXPECT_EQ(state(), ConnectionState::kConnected);
     interface_->OnTask();
     EXPECT_EQ(requested(), Texts{"later"});
 }
@@ -211,7 +211,7 @@ TEST_F(Client, ASignalIsLoggedAndClosesNothing) {
     TcpClient client = connected();
     interface_->mf_SIGhandler(15);
     EXPECT_EQ(log_.lines().back(), "[INF] signal 15 on IO interface");
-    EXPECT_EQ(state(), connection_state::kConnected);
+    EXPECT_EQ(state(), ConnectionState::kConnected);
     reply("still here");
     interface_->OnTask();
     EXPECT_EQ(client.receiveUntil("here\r"), kBanner + std::string("still here\r"));
@@ -228,7 +228,7 @@ TEST_F(Client, ServesOneClientAfterTheOtherByItself) {
         ASSERT_TRUE(support::waitUntil([&] { return !requests_.IsEmpty(); }));
         EXPECT_EQ(requested(), Texts{"HELP\r\n"});
         client.reset();
-        ASSERT_TRUE(support::waitUntil([&] { return state() != connection_state::kConnected; }));
+        ASSERT_TRUE(support::waitUntil([&] { return state() != ConnectionState::kConnected; }));
     }
 }
 
@@ -243,7 +243,7 @@ TEST_F(Placeholder, SaysSoOnceAndServesNobody) {
     EXPECT_TRUE(interface_->Init());
     TcpClient client = TcpClient::connect(own_sockets::listeningPort());
     client.send("HELP\r\n");
-    interface_->End();
+    interface_->end();
     EXPECT_EQ(requested(), Texts{});
     EXPECT_EQ(client.receiveUntil("anything"), "");
     EXPECT_EQ(log_.lines(), (Texts{parked_, "[INF] DMI interface listening on port 0"}));

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "apps/zolt-check/findings/finding.h"
-#include "core/descriptors.h"
+#include "core/configuration.h"
 
 namespace zolt_check {
 

@@ -2,7 +2,7 @@
 
 #include "apps/zolt-check/document/config_document.h"
 #include "apps/zolt-check/findings/finding.h"
-#include "core/descriptors.h"
+#include "core/configuration.h"
 
 namespace zolt_check {
 

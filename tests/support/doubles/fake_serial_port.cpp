@@ -9,24 +9,24 @@ support::SerialLine* current = nullptr;
 // The definitions below take the place of those in the daemon's libraries: the
 // linker takes a file out of a library only for what is still missing.
 
-bool SerialPort::Open(const std::string& /*path*/) {
+bool SerialPort::open(const std::string& /*path*/) {
     return current != nullptr;
 }
 
-int SerialPort::Apply(const termios& /*settings*/) {
+int SerialPort::apply(const termios& /*settings*/) {
     return 0;
 }
 
-ssize_t SerialPort::Read(char* buffer, std::size_t size) {
+ssize_t SerialPort::read(char* buffer, std::size_t size) {
     return current->read(buffer, size);
 }
 
-ssize_t SerialPort::Write(const char* bytes, std::size_t size) {
+ssize_t SerialPort::write(const char* bytes, std::size_t size) {
     current->written({bytes, size});
     return static_cast<ssize_t>(size);
 }
 
-void SerialPort::Close() {}
+void SerialPort::close() {}
 
 namespace support {
 

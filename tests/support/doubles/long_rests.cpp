@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "tests/support/wait.h"
-#include "thread/LoopPause.h"
+#include "thread/loop_pause.h"
 
 namespace {
 

@@ -23,9 +23,9 @@ class QuickBus final : public SerialLine {
     void written(std::string_view frame) override;
 
     /// Requests other than polls so far.
-    std::size_t Requests() const { return requests_; }
+    std::size_t requests() const { return requests_; }
     /// Polls so far.
-    std::size_t Polls() const { return polls_; }
+    std::size_t polls() const { return polls_; }
 
   private:
     void answer(std::string_view first, std::string_view rest);

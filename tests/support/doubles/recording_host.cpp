@@ -30,7 +30,7 @@ void RecordingHost::answerRequest() {
             setUpCard(card(address), static_cast<std::uint8_t>(address), kinds_[address]);
         }
     } else if (answer_) {
-        card(static_cast<std::size_t>(request.at(1))).StorePIOAnswer(*answer_);
+        card(static_cast<std::size_t>(request.at(1))).storePioAnswer(*answer_);
     }
 }
 

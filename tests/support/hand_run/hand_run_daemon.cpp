@@ -58,9 +58,9 @@ HandRunDaemon::HandRunDaemon(const std::array<char, wire::kAddresses>& kinds)
     io_ = static_cast<SOCKET_INTERFACE*>(workers().at(1));
     mon_ = static_cast<SOCKET_INTERFACE*>(workers().at(2));
     serial_ = static_cast<SERIAL_INTERFACE*>(workers().at(3));
-    serial_->CommandQueue(wire::kSystemQueue).ToQueue({wire::kDiscovery});
+    serial_->commandQueue(wire::kSystemQueue).ToQueue({wire::kDiscovery});
     serial_->OnTask();
-    if (bus.Requests() != 2) throw std::runtime_error("the link does not find its bus");
+    if (bus.requests() != 2) throw std::runtime_error("the link does not find its bus");
 }
 
 void HandRunDaemon::runMaster(const std::function<bool()>& betweenCycles) {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "common/pauses.h"
-#include "thread/LoopPause.h"
+#include "thread/loop_pause.h"
 
 namespace {
 

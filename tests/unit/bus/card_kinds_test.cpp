@@ -43,10 +43,10 @@ TEST_P(KnownKind, SetsUpTheRecordOfACard) {
     EXPECT_EQ(card.kindCode, kind.code);
     EXPECT_EQ(card.address, 13);
     EXPECT_STREQ(card.kindName, kind.name);
-    EXPECT_EQ(card.cardClass, kind.cardClass);
+    EXPECT_EQ(static_cast<int>(card.cardClass.load()), kind.cardClass);
     EXPECT_EQ(card.dataLength, kind.dataLength);
     EXPECT_EQ(valuesOf(card), padded(kind.firstValues));
-    EXPECT_EQ(hexText(card.PollFrame()), kind.pollFrame);
+    EXPECT_EQ(hexText(card.pollFrame()), kind.pollFrame);
     EXPECT_EQ(card.pollingOn, kind.cardClass == 1);
 }
 
@@ -74,11 +74,11 @@ TEST(CardKinds, EveryOtherCodeIsUnidentifiedAndKept) {
         PERIFCARD card;
         setUpCard(card, 5, static_cast<char>(code));
         EXPECT_STREQ(card.kindName, "UNIDENTIFIED") << code;
-        EXPECT_EQ(card.cardClass, 3) << code;
+        EXPECT_EQ(card.cardClass, CardClass::kNone) << code;
         EXPECT_EQ(card.dataLength, 0) << code;
         EXPECT_EQ(static_cast<unsigned char>(card.kindCode.load()), code);
         EXPECT_FALSE(card.pollingOn) << code;
-        EXPECT_TRUE(card.PollFrame().empty()) << code;
+        EXPECT_TRUE(card.pollFrame().empty()) << code;
     }
 }
 
@@ -86,7 +86,7 @@ TEST(CardKinds, SecondDiscoveryWithoutClearingDoublesThePollFrame) {
     PERIFCARD card;
     setUpCard(card, 3, card_kind::kDigitalInput);
     setUpCard(card, 3, card_kind::kDigitalInput);
-    EXPECT_EQ(hexText(card.PollFrame()), "20 03 02 20 03 02");
+    EXPECT_EQ(hexText(card.pollFrame()), "20 03 02 20 03 02");
 }
 
 TEST(CardKinds, ClearingBetweenDiscoveriesKeepsThePollFrameSingle) {
@@ -94,7 +94,7 @@ TEST(CardKinds, ClearingBetweenDiscoveriesKeepsThePollFrameSingle) {
     setUpCard(card, 3, card_kind::kDigitalInput);
     card.clearPerifCard();
     setUpCard(card, 3, card_kind::kDigitalInput);
-    EXPECT_EQ(hexText(card.PollFrame()), "20 03 02");
+    EXPECT_EQ(hexText(card.pollFrame()), "20 03 02");
 }
 
 TEST(CardKinds, DiscoveryKeepsWhatTheRecordHolds) {
@@ -128,9 +128,9 @@ TEST(CardKinds, ACardThatIsNoInputAnyMoreKeepsItsSwitchAndFrame) {
     PERIFCARD card;
     setUpCard(card, 2, card_kind::kKeyMatrix);
     setUpCard(card, 2, card_kind::kEmpty);
-    EXPECT_EQ(card.cardClass, card_class::kNone);
+    EXPECT_EQ(card.cardClass, CardClass::kNone);
     EXPECT_TRUE(card.pollingOn);
-    EXPECT_EQ(hexText(card.PollFrame()), "20 02 01");
+    EXPECT_EQ(hexText(card.pollFrame()), "20 02 01");
 }
 
 }  // namespace

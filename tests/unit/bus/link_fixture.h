@@ -45,7 +45,7 @@ class LinkFixture : public testing::Test {
     void connect(bool polling = false) {
         line_.answer(kHardwareAnswer);
         build(line_.path(), polling);
-        ASSERT_EQ(link_->State(), SERIAL_INTERFACE::LinkState::kReady);
+        ASSERT_EQ(link_->linkState(), SERIAL_INTERFACE::LinkState::kReady);
         line_.takeWrites();
         logStart_ = log_.lines().size();
     }
@@ -63,7 +63,7 @@ class LinkFixture : public testing::Test {
     }
 
     void queue(std::size_t index, const std::string& frame) {
-        link_->CommandQueue(index).ToQueue(byteList(frame));
+        link_->commandQueue(index).ToQueue(byteList(frame));
     }
 
     /// One request to the controller and its answer.
@@ -80,12 +80,12 @@ class LinkFixture : public testing::Test {
 
     Texts reported() { return takeTexts(reports_); }
 
-    bool linkReady() const { return link_->State() == SERIAL_INTERFACE::LinkState::kReady; }
+    bool linkReady() const { return link_->linkState() == SERIAL_INTERFACE::LinkState::kReady; }
 
     std::string pioAnswer(std::size_t address) const {
         std::string text;
         for (std::size_t i = 0; i < wire::kPioBytes; ++i) {
-            text.push_back(cards_[address].PIOAnswer(i));
+            text.push_back(cards_[address].pioAnswer(i));
         }
         return hexText(text);
     }

@@ -25,8 +25,8 @@ TEST_P(DroppedAnswer, ChangesNothing) {
     EXPECT_TRUE(linkReady());
     EXPECT_EQ(logged(), Texts{});
     EXPECT_EQ(reported(), Texts{});
-    EXPECT_EQ(cards_[3].PIOAnswer(0), 0);
-    EXPECT_EQ(cards_[4].PIOAnswer(2), 0x77);
+    EXPECT_EQ(cards_[3].pioAnswer(0), 0);
+    EXPECT_EQ(cards_[4].pioAnswer(2), 0x77);
 }
 
 // The classes 2 to 6, and first bytes of class 0 that mean nothing here.
@@ -59,7 +59,7 @@ TEST_F(SerialAnswers, DiscoveryWritesAllSixteenRecords) {
         EXPECT_STREQ(cards_[i].kindName, names[i]) << i;
         EXPECT_EQ(cards_[i].address, i);
     }
-    EXPECT_EQ(hexText(cards_[15].PollFrame()), "20 0F 02");
+    EXPECT_EQ(hexText(cards_[15].pollFrame()), "20 0F 02");
     EXPECT_EQ(cards_[16].kindCode, 99) << "the record behind the last address";
 }
 
@@ -67,7 +67,7 @@ TEST_F(SerialAnswers, AnUnknownKindIsUnidentified) {
     connect();
     exchange("11 31 00 00 00 00 00 02 00 00 00 00 00 00 00 00 00 00");
     EXPECT_STREQ(cards_[5].kindName, "UNIDENTIFIED");
-    EXPECT_EQ(cards_[5].cardClass, 3);
+    EXPECT_EQ(cards_[5].cardClass, CardClass::kNone);
     EXPECT_EQ(cards_[5].kindCode, 2);
 }
 
@@ -85,7 +85,7 @@ TEST_F(SerialAnswers, AnswersAreActedOnWhateverWasAsked) {
     queue(3, "20 03 02");
     line_.answer("11 31 00 00 00 04 00 00 00 00 00 00 00 00 00 00 00 00");
     link_->OnTask();
-    EXPECT_EQ(hexText(cards_[3].PollFrame()), "20 03 02");
+    EXPECT_EQ(hexText(cards_[3].pollFrame()), "20 03 02");
     queue(5, "10 05 02 FF FF");
     line_.answer("04 21 03 40 00");
     link_->OnTask();
@@ -103,7 +103,7 @@ TEST_F(SerialAnswers, KeepsSixteenBytesOfAPioAnswer) {
 TEST_F(SerialAnswers, AOneByteAnswerNamesCardZero) {
     connect();
     exchange("01 51");
-    EXPECT_EQ(cards_[0].PIOAnswer(0), 'Q');
+    EXPECT_EQ(cards_[0].pioAnswer(0), 'Q');
 }
 
 TEST_F(SerialAnswers, APioAnswerRepeatsTheReportsOfTheLastPoll) {
@@ -159,7 +159,7 @@ TEST_P(AddressAbove15, IsIgnored) {
     exchange("04 21 " + std::string(GetParam()) + " 40 40");
     EXPECT_EQ(reported(), Texts{});
     for (std::size_t i = 0; i < cards_.size(); ++i) {
-        EXPECT_EQ(cards_[i].PIOAnswer(0), 0) << i;
+        EXPECT_EQ(cards_[i].pioAnswer(0), 0) << i;
         EXPECT_EQ(cards_[i].values[0], 0) << i;
         EXPECT_EQ(cards_[i].changed[0], 1) << i;
     }

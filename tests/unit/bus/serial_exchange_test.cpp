@@ -59,7 +59,7 @@ TEST_F(Exchange, LengthOfZeroOrAbove127IsAnEmptyAnswerAtOnce) {
         EXPECT_EQ(line_.readsSinceWrite(), 1) << length;
         EXPECT_TRUE(linkReady()) << length;
     }
-    EXPECT_EQ(cards_[3].PIOAnswer(0), 0);
+    EXPECT_EQ(cards_[3].pioAnswer(0), 0);
     EXPECT_EQ(logged(), Texts{});
 }
 
@@ -109,12 +109,12 @@ TEST_F(Exchange, UnreadExcessIsGoneBeforeTheNextRequest) {
 }
 
 TEST_F(Exchange, AnEmptyRequestSendsNothingButThrowsStaleInputAway) {
-    link_->CommandQueue(3).ToQueue({});
+    link_->commandQueue(3).ToQueue({});
     line_.put("02 51 03");
     link_->OnTask();
     EXPECT_EQ(line_.takeWrites(), Texts{});
     EXPECT_EQ(line_.unread(), 0U);
-    EXPECT_EQ(cards_[3].PIOAnswer(0), 0);
+    EXPECT_EQ(cards_[3].pioAnswer(0), 0);
     EXPECT_TRUE(linkReady());
 }
 
@@ -153,7 +153,7 @@ TEST_F(Exchange, AnAnswerThatCompletesOnTheLastReadIsATimeout) {
     line_.answerInPieces({{150000, bytes("03 51 03 AB")}});
     link_->OnTask();
     EXPECT_EQ(logged(), Texts{timeoutLine()});
-    EXPECT_EQ(cards_[3].PIOAnswer(0), 0);
+    EXPECT_EQ(cards_[3].pioAnswer(0), 0);
 }
 
 TEST_F(Exchange, AnAnswerThatCompletesOnTheLastReadButOneCounts) {
@@ -161,13 +161,13 @@ TEST_F(Exchange, AnAnswerThatCompletesOnTheLastReadButOneCounts) {
     line_.answerInPieces({{1, bytes("03")}, {149999, bytes("51 03 AB")}});
     link_->OnTask();
     EXPECT_EQ(logged(), Texts{});
-    EXPECT_EQ(cards_[3].PIOAnswer(2), static_cast<char>(0xAB));
+    EXPECT_EQ(cards_[3].pioAnswer(2), static_cast<char>(0xAB));
 }
 
 TEST_F(Exchange, AnIncompleteAnswerIsATimeout) {
     exchange("05 51 03 0A 0B");
     EXPECT_EQ(logged(), Texts{timeoutLine()});
-    EXPECT_EQ(cards_[3].PIOAnswer(0), 0);
+    EXPECT_EQ(cards_[3].pioAnswer(0), 0);
 }
 
 TEST_F(Exchange, ALateAnswerIsStaleForTheNextRequest) {

@@ -36,7 +36,7 @@ class Port : public testing::Test {
 };
 
 TEST_F(Port, OpensForNonBlockingTrafficThatNoChildInherits) {
-    ASSERT_TRUE(port_.Open(line_.path()));
+    ASSERT_TRUE(port_.open(line_.path()));
     ASSERT_EQ(openNumbers().size(), 1U);
     const int flags = ::fcntl(openNumbers()[0], F_GETFL);
     EXPECT_EQ(flags & O_ACCMODE, O_RDWR);
@@ -46,37 +46,37 @@ TEST_F(Port, OpensForNonBlockingTrafficThatNoChildInherits) {
 }
 
 TEST_F(Port, AMissingDeviceStaysClosed) {
-    EXPECT_FALSE(port_.Open("/dev/there-is-no-such-port"));
+    EXPECT_FALSE(port_.open("/dev/there-is-no-such-port"));
     EXPECT_EQ(errno, ENOENT);
     char byte = 0;
-    EXPECT_EQ(port_.Read(&byte, 1), -1);
+    EXPECT_EQ(port_.read(&byte, 1), -1);
     EXPECT_EQ(errno, EBADF);
 }
 
 TEST_F(Port, OpeningClosesWhatWasOpen) {
-    ASSERT_TRUE(port_.Open(line_.path()));
-    ASSERT_TRUE(port_.Open(line_.path()));
+    ASSERT_TRUE(port_.open(line_.path()));
+    ASSERT_TRUE(port_.open(line_.path()));
     EXPECT_EQ(openNumbers().size(), 1U);
-    EXPECT_FALSE(port_.Open("/dev/there-is-no-such-port"));
+    EXPECT_FALSE(port_.open("/dev/there-is-no-such-port"));
     EXPECT_TRUE(openNumbers().empty());
 }
 
 TEST_F(Port, AClosedPortFailsEveryCallAndTouchesNoOtherFile) {
-    ASSERT_TRUE(port_.Open(line_.path()));
+    ASSERT_TRUE(port_.open(line_.path()));
     const int number = openNumbers()[0];
-    port_.Close();
+    port_.close();
     EXPECT_TRUE(openNumbers().empty());
     // Whoever is given the number next must not feel the port's calls.
     int ends[2];
     ASSERT_EQ(::pipe(ends), 0);
     EXPECT_TRUE(ends[0] == number || ends[1] == number);
     char byte = 'x';
-    EXPECT_EQ(port_.Write(&byte, 1), -1);
+    EXPECT_EQ(port_.write(&byte, 1), -1);
     EXPECT_EQ(errno, EBADF);
-    EXPECT_EQ(port_.Read(&byte, 1), -1);
+    EXPECT_EQ(port_.read(&byte, 1), -1);
     EXPECT_EQ(errno, EBADF);
-    EXPECT_EQ(port_.Apply(termios{}), EBADF);
-    port_.Close();
+    EXPECT_EQ(port_.apply(termios{}), EBADF);
+    port_.close();
     EXPECT_NE(::fcntl(ends[0], F_GETFD), -1);
     EXPECT_NE(::fcntl(ends[1], F_GETFD), -1);
     ::close(ends[0]);
@@ -84,20 +84,20 @@ TEST_F(Port, AClosedPortFailsEveryCallAndTouchesNoOtherFile) {
 }
 
 TEST_F(Port, ReadsAndWritesWithoutWaiting) {
-    ASSERT_TRUE(port_.Open(line_.path()));
+    ASSERT_TRUE(port_.open(line_.path()));
     char bytes[4] = {};
-    EXPECT_EQ(port_.Read(bytes, sizeof bytes), -1);
+    EXPECT_EQ(port_.read(bytes, sizeof bytes), -1);
     EXPECT_EQ(errno, EAGAIN);
     line_.put("41 42 43");
-    EXPECT_EQ(port_.Read(bytes, sizeof bytes), 3);
+    EXPECT_EQ(port_.read(bytes, sizeof bytes), 3);
     EXPECT_STREQ(bytes, "ABC");
-    EXPECT_EQ(port_.Write("xy", 2), 2);
+    EXPECT_EQ(port_.write("xy", 2), 2);
     EXPECT_EQ(line_.takeWrites(), std::vector<std::string>{"78 79"});
 }
 
 TEST_F(Port, ReportsWhySettingsAreRefused) {
-    ASSERT_TRUE(port_.Open("/dev/null"));
-    EXPECT_EQ(port_.Apply(termios{}), ENOTTY);
+    ASSERT_TRUE(port_.open("/dev/null"));
+    EXPECT_EQ(port_.apply(termios{}), ENOTTY);
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ TEST_F(SetUpOfThePort, FindsTheControllerAndItsVersion) {
     build(line_.path());
     EXPECT_EQ(line_.takeWrites(), Texts{kHardwareRequest});
     EXPECT_EQ(logged(), (Texts{tryLine(), foundLine("1.04")}));
-    EXPECT_EQ(link_->State(), LinkState::kReady);
+    EXPECT_EQ(link_->linkState(), LinkState::kReady);
 }
 
 TEST_F(SetUpOfThePort, MakesTheLineRawAt460800Baud) {
@@ -93,7 +93,7 @@ TEST_P(VersionText, IsWhatStandsBehindTheStatusByte) {
     line_.answer(GetParam().answer);
     build(line_.path());
     EXPECT_EQ(logged(), (Texts{tryLine(), foundLine(GetParam().text)}));
-    EXPECT_EQ(link_->State(), LinkState::kReady);
+    EXPECT_EQ(link_->linkState(), LinkState::kReady);
 }
 
 INSTANTIATE_TEST_SUITE_P(SetUpOfThePort, VersionText,
@@ -106,7 +106,7 @@ TEST_F(SetUpOfThePort, SilenceLeavesAGivenPortUnderTestForGood) {
     build(line_.path());
     EXPECT_EQ(line_.readsSinceWrite(), 300000);
     EXPECT_EQ(logged(), (Texts{tryLine(), timeoutLine()}));
-    EXPECT_EQ(link_->State(), LinkState::kUnderTest);
+    EXPECT_EQ(link_->linkState(), LinkState::kUnderTest);
     EXPECT_EQ(pauses_.take(), std::vector<int>{2});
     line_.takeWrites();
 
@@ -115,14 +115,14 @@ TEST_F(SetUpOfThePort, SilenceLeavesAGivenPortUnderTestForGood) {
     EXPECT_TRUE(link_->OnTask());
     EXPECT_EQ(line_.takeWrites(), Texts{});
     EXPECT_EQ(logged().size(), 2U);
-    EXPECT_FALSE(link_->CommandQueue(3).IsEmpty());
+    EXPECT_FALSE(link_->commandQueue(3).IsEmpty());
 }
 
 TEST_F(SetUpOfThePort, AnAnswerOfATimeoutsClassIsATimeout) {
     line_.answer("03 54 4D 45");
     build(line_.path());
     EXPECT_EQ(logged(), (Texts{tryLine(), timeoutLine()}));
-    EXPECT_EQ(link_->State(), LinkState::kUnderTest);
+    EXPECT_EQ(link_->linkState(), LinkState::kUnderTest);
 }
 
 class WrongClass : public SetUpOfThePort, public testing::WithParamInterface<const char*> {};
@@ -131,7 +131,7 @@ TEST_P(WrongClass, FailsTheCheckWithoutAWord) {
     line_.answer(GetParam());
     build(line_.path());
     EXPECT_EQ(logged(), Texts{tryLine()});
-    EXPECT_EQ(link_->State(), LinkState::kUnderTest);
+    EXPECT_EQ(link_->linkState(), LinkState::kUnderTest);
     link_->OnTask();
     EXPECT_EQ(logged(), Texts{tryLine()});
 }
@@ -146,20 +146,20 @@ TEST_F(SetUpOfThePort, AMissingPortIsLoggedAndTriedAgainAfterAPause) {
     build(device);
     EXPECT_EQ(logged(), Texts{"[ERR] unable to open " + portPath_ + " for hardware communication"});
     EXPECT_EQ(pauses_.take(), std::vector<int>{2});
-    EXPECT_EQ(link_->State(), LinkState::kClosed);
+    EXPECT_EQ(link_->linkState(), LinkState::kClosed);
 
     std::filesystem::create_symlink(line_.path(), device);
     line_.answer(kHardwareAnswer);
     link_->OnTask();
     EXPECT_EQ(logged().back(), foundLine("1.04"));
-    EXPECT_EQ(link_->State(), LinkState::kReady);
+    EXPECT_EQ(link_->linkState(), LinkState::kReady);
     EXPECT_EQ(pauses_.take(), std::vector<int>{});
 }
 
 TEST_F(SetUpOfThePort, ARefusedSettingIsLoggedWithItsNumber) {
     build("/dev/null");
     EXPECT_EQ(logged(), Texts{"[ERR] error 25 from tcsetattr"});
-    EXPECT_EQ(link_->State(), LinkState::kUnderTest);
+    EXPECT_EQ(link_->linkState(), LinkState::kUnderTest);
     EXPECT_EQ(pauses_.take(), std::vector<int>{2});
 }
 

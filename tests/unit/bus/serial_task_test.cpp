@@ -40,7 +40,7 @@ TEST_F(SerialTask, TakesOneFrameOfEachQueueInOrder) {
 TEST_F(SerialTask, AtFullSpeedALinkRestsBesideFramesThatItCannotSend) {
     // A port that is given and has no controller is not asked again.
     build(line_.path());
-    ASSERT_EQ(link_->State(), LinkState::kUnderTest);
+    ASSERT_EQ(link_->linkState(), LinkState::kUnderTest);
     goFullSpeed();
     queue(5, "10 05 01");
     const auto begin = std::chrono::steady_clock::now();
@@ -61,7 +61,7 @@ TEST_F(SerialTask, AtFullSpeedPollingThatIsSwitchedOnEndsTheRest) {
     insertCard(3, card_kind::kDigitalInput);
     goFullSpeed();
     EXPECT_TRUE(restEndsWith([&] { link_->globalPolling = true; }));
-    EXPECT_EQ(takeFrames(link_->CommandQueue(3)), Texts{"20 03 02"}) << "in the same cycle";
+    EXPECT_EQ(takeFrames(link_->commandQueue(3)), Texts{"20 03 02"}) << "in the same cycle";
 }
 
 TEST_F(SerialTask, AtFullSpeedPollingThatIsSwitchedOffEndsTheRest) {
@@ -76,7 +76,7 @@ TEST_F(SerialTask, AtFullSpeedACardsSwitchEndsTheRest) {
     cards_[3].pollingOn = false;
     goFullSpeed();
     EXPECT_TRUE(restEndsWith([&] { cards_[3].pollingOn = true; }));
-    EXPECT_EQ(takeFrames(link_->CommandQueue(3)), Texts{"20 03 02"}) << "in the same cycle";
+    EXPECT_EQ(takeFrames(link_->commandQueue(3)), Texts{"20 03 02"}) << "in the same cycle";
 }
 
 TEST_F(SerialTask, AtFullSpeedANewSpeedEndsTheRest) {
@@ -87,7 +87,7 @@ TEST_F(SerialTask, AtFullSpeedANewSpeedEndsTheRest) {
 
 TEST_F(SerialTask, AnEmptyFrameUsesUpItsQueuesTurn) {
     connect();
-    link_->CommandQueue(5).ToQueue({});
+    link_->commandQueue(5).ToQueue({});
     queue(5, "10 05 01");
     queue(6, "10 06 01");
     line_.answer(kAcknowledgement);
@@ -106,7 +106,7 @@ TEST_F(SerialTask, AnAnswerThatBeginsWithTLosesTheLink) {
     link_->OnTask();
     EXPECT_EQ(line_.takeWrites(), Texts{"03 20 03 02"});
     EXPECT_EQ(logged(), Texts{timeoutLine()});
-    EXPECT_EQ(link_->State(), LinkState::kClosed);
+    EXPECT_EQ(link_->linkState(), LinkState::kClosed);
 }
 
 TEST_F(SerialTask, ATimeoutEndsTheQueuesAndTheRestWaitsForTheLink) {
@@ -117,7 +117,7 @@ TEST_F(SerialTask, ATimeoutEndsTheQueuesAndTheRestWaitsForTheLink) {
     link_->OnTask();
     EXPECT_EQ(line_.takeWrites(), Texts{"03 10 03 01"});
     EXPECT_EQ(logged(), Texts{timeoutLine()});
-    EXPECT_EQ(link_->State(), LinkState::kClosed);
+    EXPECT_EQ(link_->linkState(), LinkState::kClosed);
 
     line_.answer(kHardwareAnswer);
     line_.answer(kAcknowledgement);
@@ -134,10 +134,10 @@ TEST_F(SerialTask, ATimeoutStillQueuesThePollsOfTheCycle) {
     insertCard(5, card_kind::kKeyMatrix);
     link_->OnTask();  // queues the first polls
     link_->OnTask();  // the poll of card 3 meets silence
-    EXPECT_EQ(link_->State(), LinkState::kClosed);
+    EXPECT_EQ(link_->linkState(), LinkState::kClosed);
     EXPECT_EQ(line_.takeWrites(), Texts{"03 20 03 02"});
-    EXPECT_EQ(takeFrames(link_->CommandQueue(3)), Texts{"20 03 02"});
-    EXPECT_EQ(takeFrames(link_->CommandQueue(5)), (Texts{"20 05 01", "20 05 01"}))
+    EXPECT_EQ(takeFrames(link_->commandQueue(3)), Texts{"20 03 02"});
+    EXPECT_EQ(takeFrames(link_->commandQueue(5)), (Texts{"20 05 01", "20 05 01"}))
         << "the card behind the failing one gains a frame";
 }
 
@@ -160,7 +160,7 @@ TEST_F(SerialTask, DiscoversAtEachReturnOfTheLinkAndDoublesPollFrames) {
     build(line_.path(), true, true);
     EXPECT_EQ(line_.takeWrites(), (Texts{kHardwareRequest, "01 30"}));
     EXPECT_EQ(pauses_.take(), std::vector<int>{1});
-    EXPECT_EQ(hexText(cards_[3].PollFrame()), "20 03 02");
+    EXPECT_EQ(hexText(cards_[3].pollFrame()), "20 03 02");
 
     link_->OnTask();  // the first poll meets silence
     ASSERT_FALSE(linkReady());
@@ -170,7 +170,7 @@ TEST_F(SerialTask, DiscoversAtEachReturnOfTheLinkAndDoublesPollFrames) {
     line_.answer(discovery);
     link_->OnTask();
     EXPECT_EQ(line_.takeWrites(), (Texts{kHardwareRequest, "03 20 03 02", "01 30"}));
-    EXPECT_EQ(hexText(cards_[3].PollFrame()), "20 03 02 20 03 02");
+    EXPECT_EQ(hexText(cards_[3].pollFrame()), "20 03 02 20 03 02");
 }
 
 TEST_F(SerialTask, WithoutAutomaticDiscoveryNothingIsAsked) {
@@ -229,7 +229,7 @@ TEST_F(SerialTask, OnlyInputCardsArePolledWhateverTheirSwitch) {
     connect(true);
     insertCard(3, card_kind::kDigitalOutput);
     cards_[3].pollingOn = true;
-    cards_[3].AppendToPollFrame(byteList("20 03 02"));
+    cards_[3].appendToPollFrame(byteList("20 03 02"));
     cards_[4].pollingOn = true;
     link_->OnTask();
     link_->OnTask();
@@ -251,7 +251,7 @@ TEST_F(SerialTask, ASignalIsLoggedAndClosesThePortUnderTheTask) {
     connect();
     link_->mf_SIGhandler(2);
     EXPECT_EQ(logged(), Texts{"[INF] signal 2 on serial interface"});
-    EXPECT_EQ(link_->State(), LinkState::kReady) << "the state is the task's own";
+    EXPECT_EQ(link_->linkState(), LinkState::kReady) << "the state is the task's own";
     link_->OnTask();
     EXPECT_TRUE(linkReady()) << "nothing queued, nothing noticed";
 }

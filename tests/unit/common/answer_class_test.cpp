@@ -4,27 +4,27 @@
 
 namespace {
 
-unsigned expectedClass(int firstByte) {
+AnswerClass expectedClass(int firstByte) {
     switch (firstByte) {
         case 84:  // T
-            return 1;
+            return AnswerClass{1};
         case 0x12:
-            return 2;
+            return AnswerClass{2};
         case 35:  // #
         case 36:  // $
-            return 3;
+            return AnswerClass{3};
         case 78:  // N
-            return 4;
+            return AnswerClass{4};
         case 66:  // B
         case 67:  // C
-            return 6;
+            return AnswerClass{6};
         default:
-            return 0;
+            return AnswerClass{0};
     }
 }
 
 TEST(AnswerClass, AnEmptyAnswerIsClassFive) {
-    EXPECT_EQ(GetQListError({}), 5U);
+    EXPECT_EQ(GetQListError({}), AnswerClass{5});
 }
 
 TEST(AnswerClass, EveryFirstByteHasItsClass) {
@@ -34,17 +34,17 @@ TEST(AnswerClass, EveryFirstByteHasItsClass) {
 }
 
 TEST(AnswerClass, OnlyTheFirstByteCounts) {
-    EXPECT_EQ(GetQListError({'A', 'N', 'T'}), 0U);
-    EXPECT_EQ(GetQListError({'N', 'A', 'A'}), 4U);
-    EXPECT_EQ(GetQListError({'\0', 'T'}), 0U);
+    EXPECT_EQ(GetQListError({'A', 'N', 'T'}), AnswerClass{0});
+    EXPECT_EQ(GetQListError({'N', 'A', 'A'}), AnswerClass{4});
+    EXPECT_EQ(GetQListError({'\0', 'T'}), AnswerClass{0});
 }
 
 TEST(AnswerClass, LettersOfOrdinaryAnswersAreUsable) {
-    EXPECT_EQ(GetQListError({'L', 1}), answer_class::kUsable);
-    EXPECT_EQ(GetQListError({'Q', 1}), answer_class::kUsable);
-    EXPECT_EQ(GetQListError({'!', 1}), answer_class::kUsable);
-    EXPECT_EQ(GetQListError({'1', 1}), answer_class::kUsable);
-    EXPECT_EQ(GetQListError({'T'}), answer_class::kTimeout);
+    EXPECT_EQ(GetQListError({'L', 1}), AnswerClass::kUsable);
+    EXPECT_EQ(GetQListError({'Q', 1}), AnswerClass::kUsable);
+    EXPECT_EQ(GetQListError({'!', 1}), AnswerClass::kUsable);
+    EXPECT_EQ(GetQListError({'1', 1}), AnswerClass::kUsable);
+    EXPECT_EQ(GetQListError({'T'}), AnswerClass::kTimeout);
 }
 
 }  // namespace

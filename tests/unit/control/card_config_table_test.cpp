@@ -205,7 +205,7 @@ TEST_P(CardConfigCommands, LooksAtTheFirstByteOfTheAnswerOnly) {
 
 TEST_P(CardConfigCommands, FailsWhenTheCardIsSilent) {
     EXPECT_EQ(eventsOf(row_.line), asked({row_.failure}));
-    EXPECT_EQ(card_.PIOAnswer(0), 0);
+    EXPECT_EQ(card_.pioAnswer(0), 0);
 }
 
 TEST_P(CardConfigCommands, TakesNoOldAnswer) {
@@ -218,7 +218,7 @@ TEST_P(CardConfigCommands, TakesNoLateAnswerOfTheCommandBefore) {
     host_.answerLate();
     EXPECT_EQ(eventsOf(row_.line), asked({row_.failure}));
     host_.answerRequest();
-    EXPECT_EQ(card_.PIOAnswer(0), wire::kPioAnswer);
+    EXPECT_EQ(card_.pioAnswer(0), wire::kPioAnswer);
     EXPECT_EQ(eventsOf(row_.line), asked({row_.failure}));
 }
 
@@ -226,7 +226,7 @@ TEST_P(CardConfigCommands, ForgetsTheOldAnswerAheadOfTheRequest) {
     leaveAnswer(card_, wire::kPioAnswer);
     int first = -1;
     host_.watch = [&](const std::string& event) {
-        if (event.rfind("request", 0) == 0) first = card_.PIOAnswer(0);
+        if (event.rfind("request", 0) == 0) first = card_.pioAnswer(0);
     };
     eventsOf(row_.line);
     EXPECT_EQ(first, 0);
@@ -247,7 +247,7 @@ TEST_P(CardConfigCommands, TouchesNoCardOfAnotherKind) {
         host_.addCard(row_.address, static_cast<char>(kind));
         leaveAnswer(card_, wire::kPioAnswer);
         EXPECT_EQ(eventsOf(row_.line), repliesAndPrompt({row_.wrongKind})) << kind;
-        EXPECT_EQ(card_.PIOAnswer(0), wire::kPioAnswer) << "no clearing";
+        EXPECT_EQ(card_.pioAnswer(0), wire::kPioAnswer) << "no clearing";
     }
 }
 

@@ -216,7 +216,7 @@ TEST_F(CardConfig, AnAnswerForAnotherCardDoesNotCountAndIsKeptForThatCard) {
     };
     EXPECT_EQ(eventsOf("REBOOT:5"), (Events{"request 50 05 01 AB", "pause 1",
                                             replyEvent("CIE: BUS WRITE ERROR"), kPrompt}));
-    EXPECT_EQ(host_.card(3).PIOAnswer(0), wire::kPioAnswer);
+    EXPECT_EQ(host_.card(3).pioAnswer(0), wire::kPioAnswer);
 }
 
 }  // namespace

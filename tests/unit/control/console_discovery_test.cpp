@@ -146,9 +146,9 @@ TEST_F(ConsoleDiscovery, ForcedStartsAllRecordsAnew) {
     EXPECT_EQ(host_.card(3).changed[1], 0);
     EXPECT_TRUE(host_.card(3).pollingOn);
     EXPECT_EQ(host_.card(15).values[5], 0);
-    EXPECT_EQ(host_.card(5).PIOAnswer(0), 0);
-    EXPECT_EQ(hexText(host_.card(3).PollFrame()), "20 03 02") << "not doubled";
-    EXPECT_EQ(hexText(host_.card(15).PollFrame()), "20 0F 06");
+    EXPECT_EQ(host_.card(5).pioAnswer(0), 0);
+    EXPECT_EQ(hexText(host_.card(3).pollFrame()), "20 03 02") << "not doubled";
+    EXPECT_EQ(hexText(host_.card(15).pollFrame()), "20 0F 06");
 }
 
 TEST_F(ConsoleDiscovery, NothingElseMayStandOnTheLine) {

@@ -29,7 +29,7 @@ inline Events repliesAndPrompt(const std::vector<std::string>& texts) {
 inline void leaveAnswer(PERIFCARD& card, char first) {
     std::array<char, 16> answer{};
     answer[0] = first;
-    card.StorePIOAnswer(answer);
+    card.storePioAnswer(answer);
 }
 
 /// A console with the usual separators on a bus without cards.

@@ -48,7 +48,7 @@ class LoggerFile : public testing::Test {
 
 TEST_F(LoggerFile, IsClosedAfterEveryLine) {
     for (int i = 0; i < 20; ++i) {
-        logger_.Info("line");
+        logger_.info("line");
     }
     EXPECT_EQ(lines().size(), 20U);
     EXPECT_TRUE(descriptorsOf(path_).empty());
@@ -57,7 +57,7 @@ TEST_F(LoggerFile, IsClosedAfterEveryLine) {
 TEST_F(LoggerFile, StaysOpenOnceForEveryFilteredMessage) {
     logger_.level = 2;
     for (std::size_t messages = 1; messages <= 5; ++messages) {
-        logger_.Info("filtered");
+        logger_.info("filtered");
         EXPECT_EQ(descriptorsOf(path_).size(), messages);
     }
     for (const int descriptor : descriptorsOf(path_)) {
@@ -68,31 +68,31 @@ TEST_F(LoggerFile, StaysOpenOnceForEveryFilteredMessage) {
 
 TEST_F(LoggerFile, IsCreatedByAFilteredMessage) {
     logger_.level = 2;
-    logger_.Info("filtered");
+    logger_.info("filtered");
     EXPECT_TRUE(fs::exists(path_));
     EXPECT_EQ(readFile(path_), "");
 }
 
 TEST_F(LoggerFile, IsAppendedTo) {
     support::writeFile(path_, "before\n");
-    logger_.Info("line");
+    logger_.info("line");
     ASSERT_EQ(lines().size(), 2U);
     EXPECT_EQ(lines()[0], "before");
 }
 
 TEST_F(LoggerFile, MayBeRotatedAndDeleted) {
     const std::string rotated = folder_.file("zolt.log.1");
-    logger_.Info("one");
+    logger_.info("one");
     fs::rename(path_, rotated);
-    logger_.Info("two");
-    logger_.Info("three");
+    logger_.info("two");
+    logger_.info("three");
     EXPECT_EQ(splitLines(readFile(rotated)).size(), 1U);
     EXPECT_EQ(lines().size(), 2U);
     fs::remove(path_);
-    logger_.Info("four");
+    logger_.info("four");
     EXPECT_EQ(lines().size(), 1U);
     fs::resize_file(path_, 0);
-    logger_.Info("five");
+    logger_.info("five");
     EXPECT_EQ(lines().size(), 1U);
 }
 
@@ -102,7 +102,7 @@ TEST_F(LoggerFile, WithoutANameDoesNotExist) {
     logger_.fileName.clear();
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    logger_.Error("nowhere");
+    logger_.error("nowhere");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     fs::current_path(start);
@@ -113,25 +113,25 @@ TEST_F(LoggerFile, IsSkippedSilentlyWhenItCannotBeOpened) {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     logger_.fileName = folder_.file("missing/zolt.log");
-    logger_.Error("nowhere");
+    logger_.error("nowhere");
     logger_.fileName = folder_.file("");
-    logger_.Error("nowhere");
+    logger_.error("nowhere");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_TRUE(fs::is_empty(folder_.file("")));
     // The lock was given back.
     logger_.fileName = path_;
-    logger_.Info("somewhere");
+    logger_.info("somewhere");
     EXPECT_EQ(lines().size(), 1U);
 }
 
 TEST_F(LoggerFile, MayBeAPipeThatNobodyReads) {
     ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
-    logger_.Info("nobody listens");
+    logger_.info("nobody listens");
     const zolt_os::Descriptor reader(open(path_.c_str(), O_RDONLY | O_NONBLOCK));
     ASSERT_TRUE(reader.valid());
     for (int i = 0; i < 200; ++i) {
-        logger_.Info(std::string(900, 'x'));
+        logger_.info(std::string(900, 'x'));
     }
     EXPECT_EQ(descriptorsOf(path_), std::set<int>{reader.get()});
 }

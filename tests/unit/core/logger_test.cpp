@@ -50,15 +50,15 @@ TEST_F(Logger, ALineHasTimeTagAndText) {
 
 TEST_F(Logger, TheTimeFollowsAChangedTimeZone) {
     const system_calls::FixedClock clock(kNow);
-    logger_.Info("a");
+    logger_.info("a");
     setenv("TZ", "<-03>3", 1);
-    logger_.Info("b");
+    logger_.info("b");
     EXPECT_EQ(content(), "2001-02-03 04:05:06 [INF] a\n2001-02-02 23:05:06 [INF] b\n");
 }
 
 TEST_F(Logger, TheTimeIsTheRealOne) {
     const time_t before = time(nullptr);
-    logger_.Info("zolt is started");
+    logger_.info("zolt is started");
     const time_t after = time(nullptr);
     tm parts{};
     const std::string line = content();
@@ -73,18 +73,18 @@ TEST_F(Logger, TheTimeIsTheRealOne) {
 TEST_F(Logger, TheTwoTagsAreWrittenAtLevelOne) {
     const system_calls::FixedClock clock(kNow);
     logger_.level = 1;
-    logger_.Info("a");
-    logger_.Error("b");
+    logger_.info("a");
+    logger_.error("b");
     logger_.level = 2;
-    logger_.Info("c");
-    logger_.Error("d");
+    logger_.info("c");
+    logger_.error("d");
     EXPECT_EQ(content(), std::string(kStamp) + " [INF] a\n" + kStamp + " [ERR] b\n");
 }
 
 TEST_F(Logger, AMessageIsJoinedOfItsPieces) {
     const system_calls::FixedClock clock(kNow);
-    logger_.Info("signal ", std::to_string(15), " on ", "", "serial interface");
-    logger_.Error(std::string("no "), "file");
+    logger_.info("signal ", std::to_string(15), " on ", "", "serial interface");
+    logger_.error(std::string("no "), "file");
     EXPECT_EQ(content(), std::string(kStamp) + " [INF] signal 15 on serial interface\n" + kStamp +
                              " [ERR] no file\n");
 }
@@ -101,11 +101,11 @@ TEST_F(Logger, ALineIsCutAt999Characters) {
     const std::string longest(999, 'x');
     const std::string front = std::string(kStamp) + " [INF] ";
     const system_calls::FixedClock clock(kNow);
-    logger_.Info(longest);
+    logger_.info(longest);
     EXPECT_EQ(content(), (front + longest).substr(0, 998) + "\n");
-    logger_.Info(std::string(998 - front.size(), 'y'));
+    logger_.info(std::string(998 - front.size(), 'y'));
     EXPECT_EQ(splitLines(content()).back(), front + std::string(998 - front.size(), 'y'));
-    logger_.Info(std::string(100'000, 'z'));
+    logger_.info(std::string(100'000, 'z'));
     EXPECT_EQ(splitLines(content()).back().size(), 998U);
 }
 
@@ -141,7 +141,7 @@ TEST_F(Logger, ACopyTakesLevelAndFile) {
     for (LOGGER* copy : {&constructed, &assigned}) {
         EXPECT_EQ(copy->level, 1);
         EXPECT_EQ(copy->fileName, path_);
-        copy->Info("from a copy");
+        copy->info("from a copy");
     }
     EXPECT_EQ(splitLines(content()).size(), 2U);
 }
@@ -149,11 +149,11 @@ TEST_F(Logger, ACopyTakesLevelAndFile) {
 TEST_F(Logger, ACopyLogsWhileAnotherThreadHoldsTheOriginal) {
     LOGGER before(logger_);
     system_calls::HeldOpen held(path_);
-    std::jthread holder([&] { logger_.Info("original"); });
+    std::jthread holder([&] { logger_.info("original"); });
     ASSERT_TRUE(held.isReached());
     LOGGER during(logger_);
-    before.Info("copy made before");
-    during.Info("copy made meanwhile");
+    before.info("copy made before");
+    during.info("copy made meanwhile");
     EXPECT_EQ(splitLines(content()).size(), 2U);
     held.release();
     holder.join();
@@ -163,11 +163,11 @@ TEST_F(Logger, ACopyLogsWhileAnotherThreadHoldsTheOriginal) {
 TEST_F(Logger, TheTimeIsReadBeforeTheLoggerIsFree) {
     system_calls::FixedClock clock(kNow);
     system_calls::HeldOpen held(path_);
-    std::jthread holder([&] { logger_.Info("holder"); });
+    std::jthread holder([&] { logger_.info("holder"); });
     ASSERT_TRUE(held.isReached());
     clock.set(kNow + 1);
     const int readings = system_calls::clockReadings();
-    std::jthread second([&] { logger_.Info("waited"); });
+    std::jthread second([&] { logger_.info("waited"); });
     ASSERT_TRUE(support::waitUntil([&] { return system_calls::clockReadings() > readings; }));
     clock.set(kNow + 30);
     // Both would be seen otherwise: the second is not held a second time.
@@ -186,7 +186,7 @@ TEST_F(Logger, LinesOfManyCopiesAreWhole) {
     for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([copy = logger_, i]() mutable {
             for (int line = 0; line < kLines; ++line) {
-                copy.Info(std::string(900, static_cast<char>('a' + i)));
+                copy.info(std::string(900, static_cast<char>('a' + i)));
             }
         });
     }

@@ -57,12 +57,12 @@ TEST(MessageQueue, AnEmptyItemIsAnItem) {
 
 TEST(MessageQueue, TheNextItemIsTakenOrThereIsNone) {
     ZLQUEUE queue;
-    EXPECT_EQ(queue.TakeNext(), std::nullopt);
+    EXPECT_EQ(queue.takeNext(), std::nullopt);
     queue.ToQueue({});
     queue.ToQueue(listOf("two"));
-    EXPECT_EQ(queue.TakeNext(), ByteList{});
-    EXPECT_EQ(queue.TakeNext(), listOf("two"));
-    EXPECT_EQ(queue.TakeNext(), std::nullopt);
+    EXPECT_EQ(queue.takeNext(), ByteList{});
+    EXPECT_EQ(queue.takeNext(), listOf("two"));
+    EXPECT_EQ(queue.takeNext(), std::nullopt);
 }
 
 TEST(MessageQueue, AnItemIsACopy) {

@@ -12,13 +12,13 @@ namespace {
 
 bool trySetElsewhere(CEventClass& event) {
     bool done = false;
-    std::thread([&] { done = event.TrySet(); }).join();
+    std::thread([&] { done = event.trySet(); }).join();
     return done;
 }
 
 TEST(EventClass, IsCreatedWithoutAWakeUp) {
     CEventClass event;
-    EXPECT_TRUE(event.Created());
+    EXPECT_TRUE(event.created());
 }
 
 TEST(EventClass, ASetWakesTheWaiter) {
@@ -37,7 +37,7 @@ TEST(EventClass, ASetThatComesFirstIsKept) {
     event.Set();
     EXPECT_TRUE(event.Wait());
     event.Reset();
-    EXPECT_TRUE(event.TrySet());
+    EXPECT_TRUE(event.trySet());
     EXPECT_TRUE(event.Wait());
     event.Reset();
 }
@@ -74,7 +74,7 @@ TEST(EventClass, ATryNeverWaitsForTheBracket) {
     CEventClass event;
     event.Set();
     event.Wait();
-    EXPECT_FALSE(event.TrySet());
+    EXPECT_FALSE(event.trySet());
     EXPECT_FALSE(trySetElsewhere(event));
     event.Reset();
     EXPECT_TRUE(trySetElsewhere(event));
@@ -113,7 +113,7 @@ TEST(EventClass, ItMayEndWithAnOpenBracket) {
         event->Set();
         event->Wait();
     }).join();
-    EXPECT_FALSE(event->TrySet());
+    EXPECT_FALSE(event->trySet());
     event.reset();
 }
 

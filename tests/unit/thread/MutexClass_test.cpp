@@ -14,25 +14,25 @@ namespace {
 void lockElsewhere(CMutexClass& mutex) {
     std::thread([&] {
         mutex.Lock();
-        EXPECT_TRUE(mutex.HeldByCaller());
+        EXPECT_TRUE(mutex.heldByCaller());
         mutex.Unlock();
     }).join();
 }
 
 TEST(MutexClass, IsCreatedAndFree) {
     CMutexClass mutex;
-    EXPECT_TRUE(mutex.Created());
-    EXPECT_FALSE(mutex.HeldByCaller());
+    EXPECT_TRUE(mutex.created());
+    EXPECT_FALSE(mutex.heldByCaller());
     lockElsewhere(mutex);
 }
 
 TEST(MutexClass, TheHolderIsTheThreadThatLocked) {
     CMutexClass mutex;
     mutex.Lock();
-    EXPECT_TRUE(mutex.HeldByCaller());
-    std::thread([&] { EXPECT_FALSE(mutex.HeldByCaller()); }).join();
+    EXPECT_TRUE(mutex.heldByCaller());
+    std::thread([&] { EXPECT_FALSE(mutex.heldByCaller()); }).join();
     mutex.Unlock();
-    EXPECT_FALSE(mutex.HeldByCaller());
+    EXPECT_FALSE(mutex.heldByCaller());
 }
 
 TEST(MutexClass, AnotherThreadWaitsForTheHolder) {
@@ -52,7 +52,7 @@ TEST(MutexClass, TheFirstUnlockFreesANestedLockForGood) {
     mutex.Lock();
     mutex.Lock();
     mutex.Unlock();
-    EXPECT_FALSE(mutex.HeldByCaller());
+    EXPECT_FALSE(mutex.heldByCaller());
     lockElsewhere(mutex);
     mutex.Unlock();
     lockElsewhere(mutex);
@@ -62,7 +62,7 @@ TEST(MutexClass, AnUnlockByAnotherThreadLeavesTheLockHeld) {
     CMutexClass mutex;
     mutex.Lock();
     std::thread([&] { mutex.Unlock(); }).join();
-    EXPECT_TRUE(mutex.HeldByCaller());
+    EXPECT_TRUE(mutex.heldByCaller());
     BackgroundCall other([&] {
         mutex.Lock();
         mutex.Unlock();
@@ -99,9 +99,9 @@ TEST(MutexClass, AGuardHoldsItForAScope) {
     CMutexClass mutex;
     {
         MutexGuard guard(mutex);
-        EXPECT_TRUE(mutex.HeldByCaller());
+        EXPECT_TRUE(mutex.heldByCaller());
     }
-    EXPECT_FALSE(mutex.HeldByCaller());
+    EXPECT_FALSE(mutex.heldByCaller());
     lockElsewhere(mutex);
 }
 

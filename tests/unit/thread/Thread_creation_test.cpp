@@ -33,14 +33,14 @@ TEST(ThreadCreation, ARefusedKernelIsReportedAndTriedAgainByStart) {
     testing::internal::CaptureStderr();
     std::optional<system_calls::RefusedKernels> refused(EPERM);
     Worker worker;
-    EXPECT_EQ(worker.ErrorFlags(), thread_error::kThreadCreation);
+    EXPECT_EQ(worker.errorFlags(), thread_error::kThreadCreation);
     EXPECT_EQ(worker.ThreadState(), KernelState::kFault);
     EXPECT_FALSE(worker.Start());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), refusalLine(EPERM) + refusalLine(EPERM));
     refused.reset();
 
     EXPECT_TRUE(worker.Start());
-    EXPECT_EQ(worker.ErrorFlags(), 0U);
+    EXPECT_EQ(worker.errorFlags(), 0U);
     EXPECT_TRUE(worker.PingThread(0));
     worker.wake();
     EXPECT_TRUE(worker.reachesCycle(1));
@@ -63,7 +63,7 @@ TEST(ThreadCreation, AThreadWithoutQueueHasNoKernel) {
     memoryRefused = true;
     Worker worker;
     memoryRefused = false;
-    EXPECT_EQ(worker.ErrorFlags(), thread_error::kQueueMemory);
+    EXPECT_EQ(worker.errorFlags(), thread_error::kQueueMemory);
     EXPECT_EQ(worker.ThreadState(), KernelState::kFault);
     EXPECT_EQ(system_calls::kernelsCreated(), kernels);
     EXPECT_FALSE(worker.PingThread(1000));
@@ -78,7 +78,7 @@ TEST(ThreadCreation, StartingTwiceCreatesOneKernel) {
     const int kernels = system_calls::kernelsCreated();
     Worker worker;
     EXPECT_TRUE(worker.Start());
-    EXPECT_FALSE(worker.Running());
+    EXPECT_FALSE(worker.running());
     held.release();
     EXPECT_TRUE(worker.PingThread(0));
     EXPECT_TRUE(worker.Start());
@@ -103,7 +103,7 @@ TEST(ThreadCreation, AStackSizeIsForTheNextKernel) {
     EXPECT_TRUE(worker.reachesCycle(2));
     worker.Stop();
 
-    worker.SetStackSize(kStack);
+    worker.setStackSize(kStack);
     const int before = worker.cycles();
     EXPECT_TRUE(worker.Start());
     EXPECT_TRUE(worker.reachesCycle(before + 2));
@@ -123,12 +123,12 @@ void exitAfterARefusalByTheSystem() {
     worker.Stop();
     const rlimit limit{kAddressSpace, kAddressSpace};
     setrlimit(RLIMIT_AS, &limit);
-    worker.SetStackSize(kHugeStack);
+    worker.setStackSize(kHugeStack);
     const bool refused = !worker.Start() && worker.ThreadState() == KernelState::kFault &&
-                         (worker.ErrorFlags() & thread_error::kThreadCreation) != 0;
-    worker.SetStackSize(0);
+                         (worker.errorFlags() & thread_error::kThreadCreation) != 0;
+    worker.setStackSize(0);
     const bool started =
-        worker.Start() && (worker.ErrorFlags() & thread_error::kThreadCreation) == 0;
+        worker.Start() && (worker.errorFlags() & thread_error::kThreadCreation) == 0;
     worker.Stop();
     _exit(refused && started ? EXIT_SUCCESS : EXIT_FAILURE);
 }

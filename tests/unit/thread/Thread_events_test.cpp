@@ -33,7 +33,7 @@ TEST_F(ThreadEvents, NinetyNineEventsFit) {
     EXPECT_FALSE(worker.Event(event(kMostEvents)));
     EXPECT_TRUE(worker.Push(nullptr));
     EXPECT_EQ(worker.GetEventsPending(), kMostEvents);
-    EXPECT_EQ(worker.ErrorFlags(), 0U);
+    EXPECT_EQ(worker.errorFlags(), 0U);
     worker.wake();
     EXPECT_TRUE(worker.handles(kMostEvents));
     worker.Stop();
@@ -119,7 +119,7 @@ TEST_F(ThreadEvents, AnEventThatGivesFalseEndsTheKernelBeforeTheOthers) {
     worker.Push(event(1));
     worker.Event(event(2));
     EXPECT_TRUE(
-        support::waitUntil([&] { return worker.handled().size() == 1 && !worker.Running(); }));
+        support::waitUntil([&] { return worker.handled().size() == 1 && !worker.running(); }));
     EXPECT_TRUE(worker.reachesState(KernelState::kDown));
     EXPECT_EQ(worker.handled(), std::vector<void*>{event(2)});
     EXPECT_EQ(worker.GetEventsPending(), 2U);
@@ -128,7 +128,7 @@ TEST_F(ThreadEvents, AnEventThatGivesFalseEndsTheKernelBeforeTheOthers) {
 TEST_F(ThreadEvents, AThreadWhoseKernelHasEndedKeepsItsEvents) {
     Worker worker([] { return false; });
     worker.wake();
-    ASSERT_TRUE(support::waitUntil([&] { return worker.cycles() == 1 && !worker.Running(); }));
+    ASSERT_TRUE(support::waitUntil([&] { return worker.cycles() == 1 && !worker.running(); }));
     EXPECT_TRUE(worker.wake());
     EXPECT_TRUE(worker.Event(event(0)));
     EXPECT_EQ(worker.GetEventsPending(), 1U);
@@ -144,9 +144,9 @@ TEST_F(ThreadEvents, AnIntervalDrivenThreadRefusesEvents) {
     });
     worker.SetThreadType(kIntervalDriven, 1);
     ASSERT_TRUE(hold.isReached());
-    EXPECT_EQ(worker.ErrorFlags(), 0U);
+    EXPECT_EQ(worker.errorFlags(), 0U);
     EXPECT_FALSE(worker.Event(event(0)));
-    EXPECT_EQ(worker.ErrorFlags(), thread_error::kIllegalEvent);
+    EXPECT_EQ(worker.errorFlags(), thread_error::kIllegalEvent);
     EXPECT_EQ(worker.ThreadState(), KernelState::kFault);
     EXPECT_FALSE(worker.wake());
     EXPECT_EQ(worker.GetEventsPending(), 0U);
@@ -154,7 +154,7 @@ TEST_F(ThreadEvents, AnIntervalDrivenThreadRefusesEvents) {
     // It goes on all the same.
     EXPECT_TRUE(worker.reachesCycle(10));
     EXPECT_TRUE(worker.handled().empty());
-    EXPECT_EQ(worker.ErrorFlags(), thread_error::kIllegalEvent);
+    EXPECT_EQ(worker.errorFlags(), thread_error::kIllegalEvent);
 }
 
 TEST_F(ThreadEvents, EveryWakeUpOfALongRowIsSeen) {

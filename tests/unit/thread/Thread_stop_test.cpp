@@ -27,12 +27,12 @@ class Load {
 
 void expectDown(Worker& worker) {
     EXPECT_EQ(worker.ThreadState(), KernelState::kDown);
-    EXPECT_FALSE(worker.Running());
+    EXPECT_FALSE(worker.running());
     EXPECT_FALSE(worker.PingThread(1000));
 }
 
 bool kernelEnds(Worker& worker) {
-    return support::waitUntil([&] { return worker.cycles() > 0 && !worker.Running(); });
+    return support::waitUntil([&] { return worker.cycles() > 0 && !worker.running(); });
 }
 
 TEST(ThreadStop, BeforeTheKernelsFirstInstruction) {
@@ -52,7 +52,7 @@ TEST(ThreadStop, WhileItWaitsForAnEvent) {
     worker.Stop();
     expectDown(worker);
     EXPECT_EQ(worker.cycles(), 0);
-    EXPECT_EQ(worker.ErrorFlags(), 0U);
+    EXPECT_EQ(worker.errorFlags(), 0U);
 }
 
 TEST(ThreadStop, WhileItIsIntervalDriven) {
@@ -62,7 +62,7 @@ TEST(ThreadStop, WhileItIsIntervalDriven) {
     worker.Stop();
     expectDown(worker);
     // Its wake-up was an event that such a thread refuses.
-    EXPECT_EQ(worker.ErrorFlags(), thread_error::kIllegalEvent);
+    EXPECT_EQ(worker.errorFlags(), thread_error::kIllegalEvent);
     const int cycles = worker.cycles();
     EXPECT_FALSE(worker.wake());
     EXPECT_EQ(worker.cycles(), cycles);
@@ -101,7 +101,7 @@ TEST(ThreadStop, DuringAnIntervalDrivenCycle) {
 }
 
 TEST(ThreadStop, DuringACycleThatWatchesForIt) {
-    Worker worker([&] { return !support::waitUntil([&] { return !worker.Running(); }); });
+    Worker worker([&] { return !support::waitUntil([&] { return !worker.running(); }); });
     worker.SetThreadType(kIntervalDriven, 1);
     ASSERT_TRUE(worker.reachesCycle(1));
     worker.Stop();

@@ -85,7 +85,7 @@ TEST(ThreadTasks, AnIntervalDrivenThreadRefusesTasks) {
     worker.SetThreadType(kIntervalDriven, 1);
     EXPECT_FALSE(worker.Event(&task));
     EXPECT_EQ(task.state(), CTask::State::kNew);
-    EXPECT_EQ(worker.ErrorFlags(), thread_error::kIllegalEvent);
+    EXPECT_EQ(worker.errorFlags(), thread_error::kIllegalEvent);
 }
 
 TEST(ThreadTasks, ATaskThatGivesFalseIsCompletedAndEndsTheKernel) {
@@ -93,7 +93,7 @@ TEST(ThreadTasks, ATaskThatGivesFalseIsCompletedAndEndsTheKernel) {
     TaskWorker worker;
     worker.Event(&task);
     EXPECT_TRUE(task.reaches(CTask::State::kCompleted));
-    EXPECT_TRUE(support::waitUntil([&] { return !worker.Running(); }));
+    EXPECT_TRUE(support::waitUntil([&] { return !worker.running(); }));
     EXPECT_TRUE(worker.reachesState(KernelState::kDown));
 }
 

@@ -53,9 +53,9 @@ TEST(Thread, ANewThreadWaitsForAnEventAndRunsNothing) {
     Worker worker;
     EXPECT_TRUE(worker.PingThread(0));
     EXPECT_TRUE(worker.reachesState(KernelState::kWaiting));
-    EXPECT_TRUE(worker.Running());
+    EXPECT_TRUE(worker.running());
     EXPECT_EQ(worker.GetEventsPending(), 0U);
-    EXPECT_EQ(worker.ErrorFlags(), 0U);
+    EXPECT_EQ(worker.errorFlags(), 0U);
     EXPECT_EQ(worker.cycles(), 0);
 }
 
@@ -84,7 +84,7 @@ TEST(Thread, AFalseCycleEndsTheKernel) {
         if (type == kEventDriven) {
             worker.wake();
         }
-        EXPECT_TRUE(support::waitUntil([&] { return worker.cycles() == 1 && !worker.Running(); }));
+        EXPECT_TRUE(support::waitUntil([&] { return worker.cycles() == 1 && !worker.running(); }));
         EXPECT_TRUE(worker.reachesState(KernelState::kDown));
         EXPECT_EQ(worker.cycles(), 1);
     }
@@ -150,7 +150,7 @@ TEST(Thread, APingAddsUpIdleTimesUntilItGivesUp) {
 TEST(Thread, APingWithoutTimeOutWaitsForTheKernel) {
     system_calls::HeldKernels held;
     Worker worker;
-    EXPECT_FALSE(worker.Running());
+    EXPECT_FALSE(worker.running());
     EXPECT_EQ(worker.ThreadState(), KernelState::kDown);
     std::atomic<bool> answer{false};
     BackgroundCall ping([&] { answer = worker.PingThread(0); });

@@ -40,8 +40,8 @@ class Worker : public CThread {
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
 
-    using CThread::Running;
-    using CThread::SetStackSize;
+    using CThread::running;
+    using CThread::setStackSize;
 
     bool OnTask() override {
         ++cycles_;

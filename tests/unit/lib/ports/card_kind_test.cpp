@@ -32,7 +32,7 @@ TEST(ClientCardKinds, AreThoseOfTheDaemon) {
         EXPECT_EQ(row.isCard, kind.code != card_kind::kEmpty);
         EXPECT_EQ(row.output, outputOf(kind));
         EXPECT_EQ(row.outputBlocks, kind.outputValues);
-        EXPECT_EQ(row.inputBlocks, kind.cardClass == card_class::kInput
+        EXPECT_EQ(row.inputBlocks, kind.cardClass == CardClass::kInput
                                        ? static_cast<unsigned>(kind.dataLength)
                                        : 0U);
         EXPECT_EQ(row.askableBlocks, kind.askableBlocks);

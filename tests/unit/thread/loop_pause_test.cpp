@@ -1,4 +1,4 @@
-#include "thread/LoopPause.h"
+#include "thread/loop_pause.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>

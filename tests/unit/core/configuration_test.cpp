@@ -1,20 +1,20 @@
-#include "core/descriptors.h"
+#include "core/configuration.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-TEST(Descriptors, AnInterfaceHasItsDefaults) {
+TEST(Configuration, AnInterfaceHasItsDefaults) {
     const INTERFACE_DESCRIPTOR entry;
     EXPECT_EQ(entry.name, "");
     EXPECT_EQ(entry.port, 0);
-    EXPECT_EQ(entry.connectionState, 0);
+    EXPECT_EQ(entry.connectionState, ConnectionState::kNotListening);
     EXPECT_EQ(entry.outSeparator, "\r\n");
     EXPECT_EQ(entry.inpSeparator, "\r\n");
     EXPECT_EQ(entry.threadDelay, 5000);
 }
 
-TEST(Descriptors, TheConfigurationHasItsDefaults) {
+TEST(Configuration, TheConfigurationHasItsDefaults) {
     const CONFIG_DESCRIPTOR config;
     for (const INTERFACE_DESCRIPTOR* entry :
          {&config.io, &config.cae, &config.mon, &config.spare}) {
@@ -32,11 +32,11 @@ TEST(Descriptors, TheConfigurationHasItsDefaults) {
     EXPECT_FALSE(config.autoDiscover);
 }
 
-TEST(Descriptors, ACopyTakesEveryFieldAndIsItsOwn) {
+TEST(Configuration, ACopyTakesEveryFieldAndIsItsOwn) {
     INTERFACE_DESCRIPTOR entry;
     entry.name = "CAE";
     entry.port = 2000;
-    entry.connectionState = connection_state::kConnected;
+    entry.connectionState = ConnectionState::kConnected;
     entry.outSeparator = ";";
     entry.inpSeparator = "#";
     entry.threadDelay = 1;
@@ -47,7 +47,7 @@ TEST(Descriptors, ACopyTakesEveryFieldAndIsItsOwn) {
     for (const INTERFACE_DESCRIPTOR* copy : {&constructed, &assigned}) {
         EXPECT_EQ(copy->name, "CAE");
         EXPECT_EQ(copy->port, 2000);
-        EXPECT_EQ(copy->connectionState, 3);
+        EXPECT_EQ(copy->connectionState, ConnectionState::kConnected);
         EXPECT_EQ(copy->outSeparator, ";");
         EXPECT_EQ(copy->inpSeparator, "#");
         EXPECT_EQ(copy->threadDelay, 1);

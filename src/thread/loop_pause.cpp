@@ -1,4 +1,4 @@
-#include "thread/LoopPause.h"
+#include "thread/loop_pause.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>

@@ -6,14 +6,14 @@
 #include "core/speed.h"
 #include "thread/shared_field.h"
 
-/// Values of INTERFACE_DESCRIPTOR::connectionState.
-namespace connection_state {
-inline constexpr std::int32_t kNotListening = 0;
-inline constexpr std::int32_t kListening = 1;
-inline constexpr std::int32_t kAccepting = 2;
-inline constexpr std::int32_t kConnected = 3;
-inline constexpr std::int32_t kClosed = 4;  ///< client gone, listening socket too
-}  // namespace connection_state
+/// What INTERFACE_DESCRIPTOR::connectionState says.
+enum class ConnectionState : std::int32_t {
+    kNotListening = 0,  ///< the listening socket has never been opened
+    kListening = 1,     ///< open for a client
+    kAccepting = 2,     ///< waiting in accept
+    kConnected = 3,     ///< a client is there
+    kClosed = 4,        ///< the client is gone, and the listening socket too
+};
 
 /// The settings of one TCP interface, and where it keeps its live state.
 struct INTERFACE_DESCRIPTOR {
@@ -22,7 +22,7 @@ struct INTERFACE_DESCRIPTOR {
     std::int32_t port = 0;
     /// The interface's thread and CloseByCommand write the state; the master loop reads
     /// it.
-    SharedField<std::int32_t> connectionState{connection_state::kNotListening};
+    SharedField<ConnectionState> connectionState{ConnectionState::kNotListening};
     /// Appended to every line sent.
     std::string outSeparator = "\r\n";
     /// Ends every line received.
