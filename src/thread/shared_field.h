@@ -13,7 +13,9 @@ class SharedField {
     SharedField(T value) : value_(value) {}
     SharedField(const SharedField& other) : value_(other.load()) {}
     SharedField& operator=(const SharedField& other) {
-        store(other.load());
+        if (this != &other) {
+            store(other.load());
+        }
         return *this;
     }
     SharedField& operator=(T value) {
