@@ -30,7 +30,7 @@ constexpr Target kTargets[] = {
      Measure::kRatioToTunedGateway, Bound::kAtMost, 1.25, 2, ""},
     {"the same, p99 / tuned ser2net's", "command.quiet.p99", Measure::kRatioToTunedGateway,
      Bound::kAtMost, 2, 2, ""},
-    {"change to line, 1 polled card, p50, beyond the bare loop's exchange", "change.1.beyond",
+    {"change to line, 1 card, p50, beyond the bare loop's exchange", "change.1.beyond",
      Measure::kValue, Bound::kAtMost, 100, 0, " us"},
     {"commands one at a time / tuned ser2net's", "single.rate", Measure::kRatioToTunedGateway,
      Bound::kAtLeast, 0.85, 2, ""},
