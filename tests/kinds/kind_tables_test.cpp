@@ -92,7 +92,7 @@ TEST(KindTables, OfTheDaemonAndItsClientsAgreeOnTheBlocks) {
         EXPECT_EQ(client->isCard, kind.code != card_kind::kEmpty);
         EXPECT_EQ(client->output, outputCommand(kind));
         EXPECT_EQ(client->outputBlocks, kind.outputValues);
-        EXPECT_EQ(client->inputBlocks, kind.cardClass == card_class::kInput
+        EXPECT_EQ(client->inputBlocks, kind.cardClass == CardClass::kInput
                                            ? static_cast<unsigned>(kind.dataLength)
                                            : 0U);
         EXPECT_EQ(client->askableBlocks, kind.askableBlocks);
