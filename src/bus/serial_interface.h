@@ -64,7 +64,7 @@ class SERIAL_INTERFACE final : public CThread {
     SharedField<std::int32_t> threadDelay;
 
   private:
-    // Below: the worker only.
+    // The worker alone calls the functions below.
 
     // serial_setup.cpp: finding the adapter
     bool Init();
@@ -81,7 +81,7 @@ class SERIAL_INTERFACE final : public CThread {
     void receive(const char* bytes, std::size_t count);
 
     // serial_task.cpp: the cycle
-    /// An answer's payload behind which missing bytes are 0.
+    /// An answer's payload, zero-padded.
     using Answer = std::array<char, wire::kMaxAnswer + 1>;
     void openLink();
     void serveQueues();
@@ -91,19 +91,27 @@ class SERIAL_INTERFACE final : public CThread {
     void takeDiscovery(const Answer& answer);
     void takePioAnswer(const Answer& answer);
     void takePollAnswer(const Answer& answer);
+    /// Queues the reports of the card that the answer names.
     void WriteToQueue(const char* answer);
+    void reportChanges(std::uint8_t address);
+
+    // The constructor sets the next members; several threads use them, and each member
+    // guards itself.
 
     LOGGER logger_;
-    /// Whether the ttyUSB devices are searched; else devicePath_ is fixed.
+    /// Whether the link searches the ttyUSB devices; else devicePath_ is fixed.
     const bool search_;
     const bool autoDiscover_;
-    std::string devicePath_;
     SerialPort port_;
     std::atomic<LinkState> linkState_{LinkState::kClosed};
     CardTable& cards_;
-    ZLQUEUE* reports_;
+    ZLQUEUE* const reports_;
     LoopPause pause_;
     std::array<ZLQUEUE, wire::kQueues> commandQueues_;
+
+    // The worker alone uses the members below.
+
+    std::string devicePath_;
     bool waitingForAnswer_ = false;
     /// Bytes that came since the request; the buffer keeps the first of them.
     std::size_t receivedCount_ = 0;

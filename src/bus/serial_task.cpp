@@ -18,9 +18,9 @@ SERIAL_INTERFACE::SERIAL_INTERFACE(std::string devicePath, LOGGER logger, CardTa
       logger_(logger),
       search_(devicePath.empty()),
       autoDiscover_(autoDiscover),
-      devicePath_(std::move(devicePath)),
       cards_(cards),
-      reports_(reports) {
+      reports_(reports),
+      devicePath_(std::move(devicePath)) {
     for (ZLQUEUE& queue : commandQueues_) {
         queue.readBy(pause_);
     }
@@ -146,12 +146,15 @@ void SERIAL_INTERFACE::takePollAnswer(const Answer& answer) {
     std::array<std::uint8_t, PERIFCARD::kAnalogueChannels> data{};
     std::copy_n(answer.begin() + wire::kPollData, data.size(), data.begin());
     if (takePollData(cards_[address], data)) {
-        WriteToQueue(answer.data());
+        reportChanges(address);
     }
 }
 
 void SERIAL_INTERFACE::WriteToQueue(const char* answer) {
-    const auto address = static_cast<std::uint8_t>(answer[wire::kAnswerAddress]);
+    reportChanges(static_cast<std::uint8_t>(answer[wire::kAnswerAddress]));
+}
+
+void SERIAL_INTERFACE::reportChanges(std::uint8_t address) {
     for (const std::string& report : changeReports(cards_[address], address)) {
         reports_->ToQueue(Convert_CharBuff2QList(report.c_str()));
     }
