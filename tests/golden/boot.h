@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/golden/dialogue.h"
 #include "tests/golden/item.h"
+#include "tests/golden/setup.h"
 
 namespace golden {
 

@@ -1,42 +1,13 @@
 #pragma once
 
-#include <chrono>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "tests/golden/item.h"
-#include "tests/support/process/daemon_settings.h"
+#include "tests/golden/setup.h"
+#include "tests/golden/step.h"
 
 namespace golden {
-
-/// The settings before the first action: the bus, and the daemon's configuration.
-struct Setup {
-    /// Text of the bus file. Without a text no simulated bus runs.
-    std::optional<std::string> bus;
-    std::string link = "/dev/ttyUSB0";
-    int baud = 0;
-    bool pollsShown = false;
-    support::DaemonSettings settings;
-    /// Text of a whole configuration file, which replaces the settings.
-    std::optional<std::string> configuration;
-};
-
-/// One action and the items that it brings about.
-struct Step {
-    int line = 0;
-    std::string verb;
-    /// The rest of the action's line.
-    std::string argument;
-    /// Items that the verb itself demands; they come before those of `expected`.
-    std::vector<Item> implied;
-    /// Items that the dialogue writes below the action.
-    std::vector<Item> expected;
-    /// How long rebuild waits after the last item of the step.
-    std::chrono::milliseconds settle{};
-
-    std::string text() const { return argument.empty() ? verb : verb + ' ' + argument; }
-};
 
 /// A golden dialogue. The format is described in docs/dialogues.md.
 class Dialogue {

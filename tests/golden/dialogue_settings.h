@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-#include "tests/golden/dialogue.h"
+#include "tests/golden/setup.h"
 
 namespace golden {
 

@@ -9,8 +9,9 @@
 #include <vector>
 
 #include "tests/golden/bus_trace.h"
-#include "tests/golden/dialogue.h"
 #include "tests/golden/item.h"
+#include "tests/golden/setup.h"
+#include "tests/golden/step.h"
 #include "tests/support/files.h"
 #include "tests/support/process/daemon_process.h"
 #include "tests/support/process/silent_adapter.h"
