@@ -32,7 +32,7 @@ endif()
 target_link_options(zolt_options INTERFACE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 if(NOT ZOLT_SANITIZE)
   # Needs optimisation. The sanitizers check the same calls themselves, and do not
-  # see them behind the checked variants. -U: the compiler or a package build may
+  # see them in the checked variants. -U: the compiler or a package build may
   # have set another level already.
   target_compile_options(zolt_options INTERFACE
     $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=3>)

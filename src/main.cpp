@@ -23,8 +23,8 @@ void SIGhandler(int signal) {
     std::atomic_ref<int>(*pSignalFlag).store(signal);
 }
 
-/// A standard stream that was closed gets the null device: else a socket or the
-/// card bus would take its number, and get what the daemon prints.
+/// Gives each standard stream that was closed the null device. Without that, a socket or
+/// the card bus would take its number and get what the daemon prints.
 void keepStandardNumbers() {
     int file = 0;
     do {
@@ -40,7 +40,7 @@ void keepStandardNumbers() {
 int main() {
     const pid_t child = fork();
     if (child != 0) {
-        // At once, whatever becomes of the child.
+        // The parent ends at once and does not wait for the child.
         std::exit(child < 0 ? 1 : 0);
     }
     setsid();
@@ -66,7 +66,7 @@ int main() {
     }
     zolt.InitInterfaces();
     zolt.MasterThread();
-    // Not a return: that would destroy the daemon under its workers. The end of
-    // the process releases them, the sockets and the port.
+    // A return would destroy the daemon while its workers still use it. The end of the
+    // process releases them, the sockets and the port.
     std::exit(0);
 }

@@ -11,7 +11,7 @@
 
 namespace zolt_ports {
 
-/// The thirteen card configuration commands. The daemon stands still for a second while
+/// The thirteen card configuration commands. The daemon waits for a second while
 /// it carries one of them out.
 enum class CardConfig {
     kSetLcdSelfTest,

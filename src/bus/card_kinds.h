@@ -27,8 +27,8 @@ enum class CardStream {
     kInfrared,  ///< hexadecimal streams
 };
 
-/// The card configuration commands that a card understands besides "REBOOT:",
-/// which every card does.
+/// The card configuration commands that a card understands. Every card also understands
+/// "REBOOT:".
 enum class CardSettings {
     kNone,
     kStartStates,   ///< of an LCD: self-test message and backlight
@@ -68,7 +68,8 @@ std::span<const CardKind> cardKinds();
 /// which can do nothing.
 const CardKind& kindOf(const PERIFCARD& card);
 
-/// Serial task: enters what discovery found at `address` (0 to 15) into its
-/// record. Values, flags, sums and the poll frame are not cleared first: a
-/// second discovery without a clearing doubles the poll frame of an input card.
+/// The serial task enters what discovery found at `address` into the record `card`. Values,
+/// flags, sums and the poll frame are not cleared first: a second discovery without a
+/// clearing doubles the poll frame of an input card.
+/// REQUIRES: `address` is at most 15.
 void setUpCard(PERIFCARD& card, std::uint8_t address, char kindCode);

@@ -31,7 +31,8 @@ void PERIFCARD::ClearPIOAnswer() {
 }
 
 void PERIFCARD::storePioAnswer(const std::array<char, 16>& answer) {
-    // Byte 0 last: who sees it there sees the others.
+    // Byte 0 is stored last: a reader that finds 'Q' there also finds the other bytes of the
+    // answer.
     for (std::size_t i = answer.size(); i-- > 0;) {
         pioAnswer_[i].store(answer[i], std::memory_order_release);
     }

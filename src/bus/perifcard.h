@@ -28,17 +28,18 @@ class PERIFCARD {
     /// Poll answers that are averaged into one analogue reading.
     static constexpr std::int32_t kAveraging = 6;
 
-    /// Back to an empty slot; the address and the sample count stay. Called by
-    /// the master loop before it sends a discovery request.
+    /// Makes the record that of an empty slot; the address and the sample count stay. The
+    /// master loop calls this before it sends a discovery request.
     void clearPerifCard() ZOLT_EXCLUDES(pollFrameLock_);
 
-    /// Master loop: forgets the PIO answer, so that an old one cannot pass for
-    /// the answer to the next request.
+    /// The master loop forgets the PIO answer, so that an old one cannot pass for the answer
+    /// to the next request.
     void ClearPIOAnswer();
-    /// Serial task: keeps the first 16 bytes of a 'Q' answer; missing ones are 0.
+    /// The serial task keeps the first 16 bytes of a 'Q' answer; missing ones are 0.
     void storePioAnswer(const std::array<char, 16>& answer);
-    /// A byte (0 to 15) of the last PIO answer. Once byte 0 is 'Q' the others
-    /// belong to it.
+    /// One byte of the last PIO answer. Once byte 0 is 'Q', the other bytes belong to the
+    /// same answer.
+    /// REQUIRES: `index` is at most 15.
     char pioAnswer(std::size_t index) const;
 
     /// The poll frame is a list, so it alone of all fields has a lock.
@@ -56,8 +57,8 @@ class PERIFCARD {
     std::atomic<const char*> kindName{"EMPTY"};
     /// Last known data bytes; the output translation writes them too.
     std::array<std::atomic<std::uint8_t>, kBlocks> values{};
-    /// Serial task: 1 where the value of the same index changed in the last poll
-    /// answer.
+    /// 1 where the value of the same index changed in the last poll answer. The serial task
+    /// alone uses these.
     std::array<std::atomic<std::uint8_t>, kBlocks> changed{};
     /// The switch of this card's polling, which the master loop sets; discovery switches
     /// it on for an input card.

@@ -7,8 +7,8 @@
 
 #include "bus/perifcard.h"
 
-/// A poll answer becomes a changed record and report lines. Pure: a record and
-/// bytes in, a changed record and texts out. Runs on the serial task's thread.
+/// These functions turn a poll answer into a changed record and report lines. They depend
+/// on their arguments alone and run on the serial task's thread.
 
 /// Clears the record's changed flags, then takes over the data bytes of a poll
 /// answer as the record's kind says: each kind looks at its own number of bytes

@@ -5,15 +5,15 @@
 
 namespace {
 
-/// Read attempts, not time: there is no pause between them, so an answer is
-/// picked up within one read of its arrival. On an idle line the shorter limit
+/// The limits count read attempts and not time. There is no pause between attempts, so an
+/// answer is picked up within one read of its arrival. On an idle line the shorter limit
 /// is some tens of milliseconds.
 constexpr int kAttempts = 150000;
 /// The controller takes longer over the hardware check and discovery.
 constexpr int kLongAttempts = 300000;
 
-// Answers that the host makes itself. No static lists: those would be destroyed
-// at exit while the worker still runs.
+// These are the answers that the host makes itself. Static lists in their place would be
+// destroyed at exit while the worker still runs.
 ByteList nothingSent() {
     return {'L', 'C', 'E'};
 }
@@ -47,8 +47,7 @@ void SERIAL_INTERFACE::sendFrame(const ByteList& request) {
     waitingForAnswer_ = true;
     receivedCount_ = 0;
     if (port_.write(frame.data(), 1 + count) < 0) {
-        // The wait runs all the same and ends in the time-out that closes the
-        // port.
+        // The wait for the answer still follows, and its time-out closes the port.
         logger_.error("unable to  write to ", devicePath_);
     }
 }
@@ -59,7 +58,7 @@ ByteList SERIAL_INTERFACE::awaitAnswer(int attemptLimit) {
     while (waitingForAnswer_ && attempts < attemptLimit) {
         const ssize_t count = port_.read(chunk.data(), chunk.size());
         if (count > 0) {
-            receive(chunk.data(), static_cast<std::size_t>(count));
+            receive(std::span(chunk).first(static_cast<std::size_t>(count)));
         }
         ++attempts;
     }
@@ -71,12 +70,12 @@ ByteList SERIAL_INTERFACE::awaitAnswer(int attemptLimit) {
     return {receiveBuffer_.begin() + 1, receiveBuffer_.begin() + 1 + payload};
 }
 
-void SERIAL_INTERFACE::receive(const char* bytes, std::size_t count) {
+void SERIAL_INTERFACE::receive(std::span<const char> bytes) {
     const std::size_t kept = std::min(receivedCount_, receiveBuffer_.size());
-    std::copy_n(bytes, std::min(count, receiveBuffer_.size() - kept),
+    std::copy_n(bytes.begin(), std::min(bytes.size(), receiveBuffer_.size() - kept),
                 receiveBuffer_.begin() + static_cast<std::ptrdiff_t>(kept));
-    receivedCount_ += count;
-    // Signed on purpose: a length byte of 0x80 or more is complete at once.
+    receivedCount_ += bytes.size();
+    // The length byte is signed on purpose: 0x80 or more is complete at once.
     if (static_cast<int>(receivedCount_) > receiveBuffer_[0]) {
         waitingForAnswer_ = false;
     }

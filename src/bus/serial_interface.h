@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <list>
+#include <span>
 #include <string>
 
 #include "bus/perifcard.h"
@@ -33,10 +34,9 @@ class SERIAL_INTERFACE final : public CThread {
         kReady = 3,      ///< controller found
     };
 
-    /// An empty device path searches the ttyUSB devices whenever the link is
-    /// down; a given one is used as it is. `cards` and
-    /// `reports` outlive this object. The worker runs when the
-    /// constructor returns.
+    /// An empty device path searches the ttyUSB devices whenever the link is down; a given
+    /// one is used as it is. The worker runs when the constructor returns.
+    /// REQUIRES: `cards` and `reports` outlive this object.
     SERIAL_INTERFACE(std::string devicePath, LOGGER logger, CardTable& cards, ZLQUEUE* reports,
                      bool polling, bool autoDiscover);
     ~SERIAL_INTERFACE();
@@ -45,15 +45,16 @@ class SERIAL_INTERFACE final : public CThread {
     /// One cycle; runs on the worker. Always true.
     bool OnTask() override;
 
-    /// Any thread: the frames for a bus address (0 to 15), or for the controller
-    /// (wire::kSystemQueue).
+    /// The frames for a bus address, or for the controller (wire::kSystemQueue). Any thread
+    /// may call this and write to the queue.
+    /// REQUIRES: `index` is below wire::kQueues.
     ZLQUEUE& commandQueue(std::size_t index) { return commandQueues_[index]; }
 
-    /// Master loop: logs the signal and closes the port under the worker, whose
-    /// next exchange then times out.
+    /// The master loop has the signal logged and the port closed under the worker, whose next
+    /// exchange then times out.
     void mf_SIGhandler(int signal);
 
-    /// Any thread; for tests and status.
+    /// The state of the link, for tests; any thread may call this.
     LinkState linkState() const { return linkState_; }
 
     // The master loop writes these two, and the worker reads them once per cycle.
@@ -78,7 +79,7 @@ class SERIAL_INTERFACE final : public CThread {
     ByteList Comm2HW(ByteList request);
     void sendFrame(const ByteList& request);
     ByteList awaitAnswer(int attemptLimit);
-    void receive(const char* bytes, std::size_t count);
+    void receive(std::span<const char> bytes);
 
     // serial_task.cpp: the cycle
     /// An answer's payload, zero-padded.

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// A request of no known effect that goes ahead of tcsetattr, which alone
-/// configures the port; its result is ignored.
+/// A request that is sent before tcsetattr, as it always was. It has no known effect and
+/// its result is ignored: tcsetattr alone configures the port.
 constexpr unsigned long kDriverSettings = 0x403C7414;
 
 }  // namespace

@@ -21,7 +21,7 @@ class SerialPort {
     bool open(const std::string& path) ZOLT_EXCLUDES(lock_);
     /// 0, or the errno of tcsetattr.
     int apply(const termios& settings) ZOLT_EXCLUDES(lock_);
-    /// As read(2) and write(2).
+    /// These two do and return what read(2) and write(2) do.
     ssize_t read(char* buffer, std::size_t size) ZOLT_EXCLUDES(lock_);
     ssize_t write(const char* bytes, std::size_t size) ZOLT_EXCLUDES(lock_);
     void close() ZOLT_EXCLUDES(lock_);

@@ -103,7 +103,7 @@ bool SERIAL_INTERFACE::initGivenPort() {
         linkState_ = LinkState::kReady;
         return true;
     }
-    // The state stays: a fixed port that is not the bus is not tried again.
+    // The state stays kUnderTest: a fixed port that is not the bus is not tried again.
     return false;
 }
 

@@ -47,8 +47,8 @@ bool SERIAL_INTERFACE::OnTask() {
     }
     if (linkState_ == LinkState::kReady) {
         serveQueues();
-        // Also after a time-out has just closed the port: the polls then wait
-        // for the link to come back.
+        // Polls are queued even if a time-out has just closed the port; they then wait for
+        // the link to come back.
         queuePolls();
     }
     return true;

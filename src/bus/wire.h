@@ -39,23 +39,24 @@ inline constexpr std::size_t kAnswerAddress = 1;
 inline constexpr std::size_t kAnswerKinds = 1;
 /// Payload offset of a poll answer's data.
 inline constexpr std::size_t kPollData = 2;
-/// Payload offset and size of the version text in the hardware check answer,
-/// behind a status byte.
+/// Payload offset and size of the version text in the hardware check answer; a status byte
+/// comes before the text.
 inline constexpr std::size_t kVersion = 1;
 inline constexpr std::size_t kVersionSize = 4;
 /// Bytes of a PIO answer that a card record keeps.
 inline constexpr std::size_t kPioBytes = 16;
 
-/// The most request bytes that go out in one frame; the rest is cut. Only a poll
-/// frame that has grown over very many reconnects gets there.
+/// The most request bytes that go out in one frame; the rest is cut. Only a poll frame that
+/// has grown over very many reconnects gets this long.
 inline constexpr std::size_t kMaxRequest = 254;
-/// The most answer bytes, length byte included, that are kept. The length byte
-/// is signed, so a whole answer has 128 at most.
+/// The most answer bytes that are kept, length byte included. A whole answer has 128 bytes
+/// at most, because the length byte is signed; the other 8 are room that the buffer has
+/// always had to spare, and the host never looks at them.
 inline constexpr std::size_t kReceiveBuffer = 136;
 /// The most bytes of one read.
 inline constexpr std::size_t kReadSize = 255;
 
-/// Longest answer payload: a signed length byte.
+/// The longest answer payload, because the length byte is signed.
 inline constexpr std::size_t kMaxAnswer = 127;
 
 }  // namespace wire

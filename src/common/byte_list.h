@@ -9,9 +9,9 @@
 /// by value, so no function changes its caller's list.
 using ByteList = std::list<char>;
 
-/// Texts and lists of this many characters or more end the process in the
-/// conversions below that say so: nothing in the daemon gets near it, so one
-/// that does is a corrupted one.
+/// The conversions below that say so end the process for a text or a list of this many
+/// characters or more. No text of the daemon gets near this length, so one that does is
+/// corrupted.
 inline constexpr std::size_t kConversionLimit = 1000;
 
 /// The characters of `text` in order. The first is taken even when it is 0 or
@@ -19,19 +19,19 @@ inline constexpr std::size_t kConversionLimit = 1000;
 /// ends the list. Ends the process at kConversionLimit characters.
 ByteList Convert_String2QList(const std::string& text);
 
-/// The characters of a zero-terminated text without the terminator; an empty
-/// text gives an empty list.
+/// The characters of `text` without the terminator; an empty text gives an empty list.
+/// REQUIRES: `text` is zero-terminated.
 ByteList Convert_CharBuff2QList(const char* text);
 
-/// The bytes of a buffer that begins with a signed count byte and holds that
-/// many bytes behind it; a count of 0x80 or more is negative and gives an
-/// empty list.
+/// The bytes that follow the count byte of `buffer`. The count byte is signed: 0x80 or
+/// more is negative and gives an empty list.
+/// REQUIRES: `buffer` holds the count byte and as many bytes as that counts.
 ByteList Convert_BinBuff2QList(const char* buffer);
 
 /// The bytes up to the first 0. Ends the process for a list of kConversionLimit
 /// bytes or more, wherever its first 0 is.
 std::string Convert_QList2String(const ByteList& list);
 
-/// Writes list.size() bytes to `buffer`: no count, no terminator. The caller
-/// provides the room.
+/// Writes list.size() bytes to `buffer`, without a count and without a terminator.
+/// REQUIRES: `buffer` has room for them.
 void Convert_QList2BinBuff(const ByteList& list, char* buffer);

@@ -11,7 +11,7 @@ void sleepsec(int seconds) {
 }
 
 void Sleep(unsigned int n) {
-    // 32-bit on purpose: the product wraps like the step count itself.
+    // The product has 32 bits on purpose: it wraps as the step count itself does.
     const std::uint32_t nanoseconds = static_cast<std::uint32_t>(n) * 100U;
     const timespec request{0, static_cast<long>(nanoseconds)};
     nanosleep(&request, nullptr);

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Pauses the calling thread for `seconds`, the whole time also when a signal
-/// arrives. 0 and less return at once.
+/// Pauses the calling thread for `seconds`, also when a signal arrives meanwhile. Returns
+/// at once for 0 and for negative numbers.
 void sleepsec(int seconds);
 
 /// Pauses for n steps of 100 nanoseconds with one request whose seconds part is
@@ -9,7 +9,6 @@ void sleepsec(int seconds);
 /// call returns at once. A signal ends the pause early.
 void Sleep(unsigned int n);
 
-/// Reads the clock for so long, and not at all when that is below 0: for pauses so
-/// short that a timer, which takes 20 to 60 microseconds to set up and to end, would be
-/// late.
+/// Busy-waits for `nanoseconds`; returns at once if the number is negative. This is for
+/// waits that are shorter than the 20 to 60 microseconds that a timer costs.
 void spinFor(long nanoseconds);

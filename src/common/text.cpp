@@ -7,8 +7,8 @@
 
 namespace {
 
-/// Hexadecimal texts are one or two digits; longer ones than this are a
-/// programming error that must not go on.
+/// A hexadecimal text has one or two digits. A text of this length or more is a
+/// programming error, so it ends the process.
 constexpr std::size_t kHexTextLimit = 5;
 
 }  // namespace

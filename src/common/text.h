@@ -16,12 +16,13 @@ std::string BTOA(bool value);
 /// True for exactly "True", "true" and "TRUE".
 bool ATOB(const std::string& text);
 
-/// A zero-terminated text as a string. Ends the process at 1000 characters or
-/// more (kConversionLimit of byte_list.h).
+/// `text` as a string. Ends the process for 1000 characters or more (kConversionLimit of
+/// byte_list.h).
+/// REQUIRES: `text` is zero-terminated.
 std::string Convert_CharBuff2String(const char* text);
 
-/// 0 to 15 for the digits 0-9 and A-F. Every other character is 0, lower-case
-/// letters included.
+/// The value of the digit: 0 to 15 for 0-9 and A-F. Every other character gives 0, also a
+/// lower-case letter.
 char HexCharToByte(char digit);
 
 /// The byte of two hexadecimal digits.

@@ -24,7 +24,7 @@ std::string hex(unsigned number) {
     return digits.data();
 }
 
-/// The same with at least two digits.
+/// The number in upper-case hexadecimal, with at least two digits.
 std::string hexByte(unsigned number) {
     return number < 0x10 ? "0" + hex(number) : hex(number);
 }

@@ -8,9 +8,8 @@
 #include "bus/perifcard.h"
 #include "common/byte_list.h"
 
-/// What IO clients may type, as a table of forms. All functions are pure but for
-/// one thing: a block command stores its value in the card record, whatever the
-/// card.
+/// What IO clients may type, as a table of forms. The functions have one side effect: a
+/// block command stores its value in the card record, whatever the card.
 
 /// A frame for the card at a bus address, 0 to 15. It is empty for a block
 /// command to a card that has no blocks to set.

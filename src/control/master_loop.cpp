@@ -95,7 +95,7 @@ void ZOLT::handleIoLine() {
     }
     if (isText(*line, "EXIT" + config_.io.inpSeparator)) {
         io_->replyQueue.ToQueue(Convert_String2QList("ZOLT: Bye Bye..." + config_.io.outSeparator));
-        // The whole loop stands still, so that the farewell reaches the client.
+        // The whole loop waits here, so that the farewell reaches the client.
         sleepsec(1);
         io_->CloseByCommand();
         return;

@@ -59,7 +59,8 @@ void readInterfaces(const pugi::xml_node& element, Reading& reading) {
             return;
         }
         INTERFACE_DESCRIPTOR& entry = reading.entries[next++];
-        // As it stands now: a speed set further down is not for the interfaces.
+        // The entry takes the delay that has been read so far: a speed further down in the
+        // file does not apply to it.
         entry.threadDelay = reading.config.threadDelay;
         if (!readInterface(child, entry)) {
             reading.config.errorText = (entry.name + " interface port number is less than 1025")

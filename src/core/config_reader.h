@@ -12,5 +12,5 @@ inline constexpr const char* kUnloadable = "Unable to load config, or unable to 
 /// of a port which is too low.
 CONFIG_DESCRIPTOR readConfigFile(const std::string& path);
 
-/// Tells the system log that the daemon cannot start for want of a configuration.
+/// Reports to the system log that the daemon cannot start without a configuration.
 void reportUnloadable();

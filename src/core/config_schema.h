@@ -15,7 +15,7 @@ inline constexpr const char* kRoot = "ZOLTConfig";
 inline constexpr const char* kInterfaces = "Interfaces";
 /// More entries than this in one Interfaces element are not read.
 inline constexpr std::size_t kEntryLimit = 4;
-/// A smaller port ends the reading: those are the system's own.
+/// A port below this one is the system's own and ends the reading.
 inline constexpr std::int32_t kLowestPort = 1025;
 
 inline constexpr const char* kDebuglog = "Debuglog";
@@ -52,7 +52,7 @@ struct Target {
     const char* name;
     INTERFACE_DESCRIPTOR CONFIG_DESCRIPTOR::*interface;
 };
-/// In the order in which the daemon opens them.
+/// The targets, in the order in which the daemon opens them.
 std::span<const Target> targets();
 
 }  // namespace config_schema

@@ -34,7 +34,7 @@ struct INTERFACE_DESCRIPTOR {
 
 /// The whole configuration.
 struct CONFIG_DESCRIPTOR {
-    /// The error text that means that there is none.
+    /// The error text of a configuration without an error.
     static constexpr const char* kNoError = "NONE";
 
     INTERFACE_DESCRIPTOR io;

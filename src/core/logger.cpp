@@ -65,7 +65,7 @@ void LOGGER::logPieces(const char* tag, std::initializer_list<std::string_view> 
 void LOGGER::LOG(std::string tag, std::string text, int messageLevel) {
     const std::time_t now = std::time(nullptr);
     MutexGuard guard(lock_);
-    // Non-blocking, so that a pipe without a reader cannot stop the caller.
+    // The file is opened non-blocking, so that a pipe without a reader cannot stop the caller.
     const int file = open(fileName.c_str(),
                           O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
     if (file == -1) {

@@ -10,7 +10,7 @@ void ZLQUEUE::ToQueue(ByteList item) {
             reader_->itemAdded();
         }
     }
-    // Unlocked, so that the reader does not wake up to wait for the lock.
+    // The lock is free here, so that the reader does not wake up only to wait for it.
     if (reader_ != nullptr) {
         reader_->wake();
     }

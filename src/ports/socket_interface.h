@@ -19,8 +19,8 @@
 /// later; replies left over go to the next client.
 class SOCKET_INTERFACE final : public CThread {
   public:
-    /// `requests` takes what clients send and outlives this object. The worker runs when the
-    /// constructor returns.
+    /// `requests` takes what clients send. The worker runs when the constructor returns.
+    /// REQUIRES: `requests` outlives this object.
     SOCKET_INTERFACE(INTERFACE_DESCRIPTOR settings, LOGGER logger, ZLQUEUE* requests,
                      FramingMode mode);
     ~SOCKET_INTERFACE();

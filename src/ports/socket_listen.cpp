@@ -64,7 +64,7 @@ bool SOCKET_INTERFACE::Init() {
     address.sin_addr.s_addr = htonl(INADDR_ANY);
     address.sin_port = htons(static_cast<std::uint16_t>(descriptor.port));
     if (bind(listening, reinterpret_cast<const sockaddr*>(&address), sizeof address) == -1) {
-        // Not fatal: an unbound socket listens on a port of the system's choice.
+        // The daemon goes on: an unbound socket listens on a port of the system's choice.
         error("couldn't bind socket for", " interface");
     }
     if (listen(listening, kBacklog) == -1) {
@@ -105,8 +105,8 @@ void SOCKET_INTERFACE::acceptClient() {
             setOption(client, option);
         }
     }
-    // One locked region: a command that closes the interface comes before all of this, or
-    // after all of it.
+    // The rest is one locked region: a command that closes the interface comes before all of
+    // it or after all of it.
     MutexGuard guard(lock_);
     clientSocket_ = client;
     if (descriptor.connectionState != ConnectionState::kAccepting) {

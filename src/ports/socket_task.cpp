@@ -39,7 +39,7 @@ SOCKET_INTERFACE::~SOCKET_INTERFACE() {
 }
 
 void SOCKET_INTERFACE::end() {
-    // First, so that a worker that is just reopening does not go on to accept.
+    // This comes first, so that a worker that is just reopening does not go on to accept.
     requestStop();
     {
         MutexGuard guard(lock_);
@@ -64,7 +64,7 @@ bool SOCKET_INTERFACE::OnTask() {
     if (descriptor.connectionState == ConnectionState::kClosed) {
         reopen();
     }
-    // Last, so that a placeholder interface still runs its first cycle whole.
+    // This comes last, so that a placeholder interface still runs its first cycle whole.
     if (descriptor.name == "DMI") {
         park();
     }
@@ -150,8 +150,8 @@ void SOCKET_INTERFACE::writeToClient(bool clientLost) {
     int client = -1;
     {
         MutexGuard guard(lock_);
-        // A close by command in this cycle: what is queued from now on is for
-        // the next client. A client that left by itself takes one item with it.
+        // After a close by command in this cycle, what is queued is for the next client. A
+        // client that left by itself takes one item with it.
         if (!clientLost && !connected()) {
             return;
         }

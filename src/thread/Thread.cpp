@@ -59,7 +59,7 @@ bool CThread::Start() {
     }
     if (kernel == Kernel::kEnded) {
         pthread_join(handle_, nullptr);
-        // An event-driven kernel took its open bracket along.
+        // A kernel that ended in an event-driven cycle has left its bracket open.
         event_.Reset();
         kernel_ = Kernel::kNone;
     }
@@ -84,7 +84,7 @@ bool CThread::Start() {
 }
 
 void CThread::Stop() {
-    // A kernel that has not begun would set the running flag after us.
+    // A kernel that has not begun would set the running flag after it is cleared here.
     while (kernel_ == Kernel::kCreated) {
         Sleep(idleTime_);
     }

@@ -17,13 +17,13 @@ using ThreadType_t = int;
 inline constexpr ThreadType_t kEventDriven = 0;
 inline constexpr ThreadType_t kIntervalDriven = 1;
 
-/// What CThread::ThreadState() says. A type of its own name, because a member has the name
-/// ThreadState.
+/// What CThread::ThreadState() says. The type is not called ThreadState, because a member
+/// has that name.
 enum class KernelState : std::int32_t {
     kBusy = 0,          ///< a cycle is in progress
     kWaiting = 1,       ///< the last cycle ended normally
     kDown = 2,          ///< there is no kernel
-    kShuttingDown = 3,  ///< a cycle was told to end
+    kShuttingDown = 3,  ///< a cycle was asked to end
     kFault = 4,         ///< something failed: see the error flags
 };
 

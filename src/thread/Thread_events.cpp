@@ -37,8 +37,8 @@ bool CThread::Event(CTask* task) {
         return false;
     }
     {
-        // One locked region: a kernel that is in a cycle could otherwise take and
-        // complete the task before it is marked as queued.
+        // Storing and marking are one locked region: a kernel that is in a cycle could
+        // otherwise take and complete the task before it is marked as queued.
         MutexGuard guard(lock_);
         task->setThreadId(threadId_);
         if (!store(task)) {

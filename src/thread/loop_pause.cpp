@@ -58,7 +58,8 @@ void LoopPause::pauseWith(std::int32_t microseconds, Items items, int descriptor
         return;
     }
     const auto begin = std::chrono::steady_clock::now();
-    // In this order: what is counted or announced later finds the loop resting.
+    // The loop says that it rests before it looks for work: an item or a change that comes
+    // after the look then finds the loop resting and wakes it.
     resting_ = true;
     if (!changed_ && (items_ == 0 || items == Items::kStay)) {
         rest(descriptor);

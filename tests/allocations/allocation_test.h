@@ -27,7 +27,7 @@ class AllocationTest : public testing::Test {
         return kinds;
     }
 
-    /// What one cycle of a worker takes.
+    /// The number of allocations in one cycle of a worker.
     template <typename Worker>
     static std::size_t cycle(Worker& worker) {
         return support::allocationsOf([&] { worker.OnTask(); }).count;
@@ -35,8 +35,8 @@ class AllocationTest : public testing::Test {
 
     std::size_t masterCycle() { return daemon_.masterCycle().count; }
 
-    /// Lets a client's bytes arrive and its interface queue them; what its cycle
-    /// takes.
+    /// Lets a client's bytes arrive and its interface queue them. Gives the number of
+    /// allocations in the interface's cycles.
     static std::size_t receive(support::TcpClient& client, SOCKET_INTERFACE& interface,
                                const std::string& bytes) {
         client.send(bytes);

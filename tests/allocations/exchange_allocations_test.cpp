@@ -2,15 +2,15 @@
 
 namespace {
 
-/// Three bytes of the poll and four of its answer.
+/// The three bytes of a poll and the four of its answer.
 constexpr std::size_t kPoll = 7;
-/// Of a report such as "a3b0d40", and the room for one report.
+/// The bytes of a report such as "a3b0d40", and one allocation for the list of reports.
 constexpr std::size_t kReport = 8;
 
 class ExchangeAllocations : public AllocationTest {
   protected:
-    /// Cycles until no queue has a block left to take in the next one; with the
-    /// polls of the next cycle queued.
+    /// Runs cycles until no queue takes a block in the next one. The polls of that cycle are
+    /// queued then.
     void startPolling() {
         daemon_.serial().globalPolling = true;
         for (std::size_t i = 0; i < kItemsOfABlock; ++i) daemon_.serial().OnTask();

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Sees at each cycle what its kernel's thread has taken from the heap so far.
+/// Records at each cycle what its kernel's thread has taken from the heap so far.
 class CountingWorker final : public CThread {
   public:
     CountingWorker() { SetThreadType(kIntervalDriven, 1); }

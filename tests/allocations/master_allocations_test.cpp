@@ -24,7 +24,7 @@ class MasterAllocations : public AllocationTest {
     std::optional<support::TcpClient> io_;
 };
 
-TEST_F(MasterAllocations, AReportForNobodyTakesNothing) {
+TEST_F(MasterAllocations, AReportWithoutAClientTakesNothing) {
     queueReport();
     EXPECT_EQ(masterCycle(), 0U);
 }

@@ -1,5 +1,5 @@
-// Not of allocations, but of the same daemon without threads: when the master loop asks
-// whether a monitor is connected.
+// These tests are not about allocations, but they use the same daemon without threads. They
+// show when the master loop asks whether a monitor is connected.
 #include "tests/allocations/allocation_test.h"
 #include "tests/support/hand_run/hand_run_workers.h"
 

@@ -1,5 +1,5 @@
-// Not of allocations, but of the same daemon without threads: each item keeps its
-// reader from resting until it is taken.
+// These tests are not about allocations, but they use the same daemon without threads. They
+// show that each item keeps its reader from resting until the item is taken.
 #include "tests/allocations/allocation_test.h"
 #include "tests/support/hand_run/hand_run_workers.h"
 
@@ -43,7 +43,7 @@ TEST_F(WaitingItems, ALineAndAReportWaitForTheMasterLoop) {
     EXPECT_EQ(waitingItems(), 3);
 }
 
-TEST_F(WaitingItems, WhatAMonitorSendsWaitsForNobody) {
+TEST_F(WaitingItems, WhatAMonitorSendsWaitsForNoReader) {
     auto mon = daemon_.connect(daemon_.mon());
     receive(mon, daemon_.mon(), "HELP\r\n");
     EXPECT_EQ(waitingItems(), 0);

@@ -118,7 +118,7 @@ TEST_F(ClientBytes, AFloodOnIoThatIsReadPacketByPacketReachesTheCardWholeAndInOr
     expectServesAsBefore();
 }
 
-TEST_F(ClientBytes, AFloodOnIoAndOnMonCostsNobodyTheService) {
+TEST_F(ClientBytes, AFloodOnIoAndOnMonCostsNoClientTheService) {
     settings_.percent = 99;
     startServing();
     std::string lines;

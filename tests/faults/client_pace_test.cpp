@@ -48,7 +48,7 @@ class ClientPace : public FaultTest {
     }
 };
 
-TEST_F(ClientPace, OneThatNeverReadsHoldsUpNobodyElse) {
+TEST_F(ClientPace, OneThatNeverReadsHoldsUpNoOther) {
     keepSocketBuffersSmall();
     startServing();
     auto monitor = greeted(support::kMonPort);

@@ -7,7 +7,7 @@
 
 /// The resources of the system that a process holds.
 struct DaemonState {
-    /// The files behind its descriptors, sorted, without the numbers of sockets, pipes and
+    /// The files that its descriptors refer to, sorted, without the numbers of sockets, pipes and
     /// terminals.
     std::vector<std::string> descriptors;
     std::size_t threads = 0;

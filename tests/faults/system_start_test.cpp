@@ -30,7 +30,7 @@ class SystemStart : public FaultTest {
     }
 };
 
-TEST_F(SystemStart, ClosedStandardStreamsAreNobodysSocketAndNobodysPort) {
+TEST_F(SystemStart, ClosedStandardStreamsBecomeNeitherASocketNorThePort) {
     plugBus();
     support::writeConfiguration(settings_.toXml());
     support::StandardStreams closed;

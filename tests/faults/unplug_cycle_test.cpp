@@ -154,7 +154,7 @@ TEST_F(UnplugCycle, ThreeHundredTimesInMidFrameUnderOtherNames) {
     expectNothingLeft(before, kLimit + kMemoryMargin);
 }
 
-TEST_F(UnplugCycle, MemoryIsFlatWhereNoPollWaitsBehindTheTornOne) {
+TEST_F(UnplugCycle, MemoryIsFlatWhereNoPollWaitsAfterTheTornOne) {
     openLink("3 digital-input\n5 digital-output\n");
     expectServes();
     const DaemonState before = stateOf(::getpid());

@@ -6,7 +6,7 @@ namespace {
 
 using support::TcpClient;
 
-/// How a connection ends, and what becomes of the replies and the next client.
+/// How a connection ends, and what happens then to the replies and to the next client.
 class ConnectionEnd : public InterfaceFixture {
   protected:
     /// A reply that cannot be written until the client reads.

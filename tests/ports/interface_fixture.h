@@ -15,9 +15,9 @@
 #include "tests/support/tcp/tcp_client.h"
 #include "tests/support/temporary_log.h"
 
-/// One TCP interface on a port of the system's choice. As built its worker has
-/// been ended and the test runs the cycles itself, one by one; a live one works
-/// by itself. Its pauses of whole seconds are written down and cost no time.
+/// One TCP interface on a port of the system's choice. build() ends its worker, and the test
+/// runs the cycles itself, one by one; buildLive() lets the worker run. The interface's
+/// pauses of whole seconds are recorded and take no time.
 class InterfaceFixture : public testing::Test {
   protected:
     using Texts = std::vector<std::string>;
@@ -42,7 +42,7 @@ class InterfaceFixture : public testing::Test {
         interface_->Stop();
     }
 
-    /// An interface with a client, behind its banner.
+    /// An interface with a client that has read its banner.
     support::TcpClient connected(const std::string& name = "IO",
                                  FramingMode mode = FramingMode::kText) {
         build(name, mode);
@@ -94,7 +94,7 @@ class InterfaceFixture : public testing::Test {
         return items;
     }
 
-    /// The log lines from the first one on that is not in `known`'s place.
+    /// The log lines after the first `known`.
     Texts loggedSince(std::size_t known) const {
         const Texts lines = log_.lines();
         return {lines.begin() + static_cast<std::ptrdiff_t>(known), lines.end()};

@@ -27,7 +27,7 @@ TEST_F(Listening, InitOpensThePort) {
 }
 
 TEST_F(Listening, ListensOnTheConfiguredPortOfEveryAddress) {
-    // Below the range that the system picks ports from by itself.
+    // These ports are below the range from which the system picks ports by itself.
     for (int port = 20000 + ::getpid() % 5000; port < 32000; ++port) {
         build("MON", FramingMode::kText, port);
         interface_->Init();
@@ -39,7 +39,7 @@ TEST_F(Listening, ListensOnTheConfiguredPortOfEveryAddress) {
     EXPECT_EQ(own_sockets::local(own_sockets::listening()).sin_addr.s_addr, htonl(INADDR_ANY));
 }
 
-TEST_F(Listening, ABusyPortIsLoggedAndListensAllTheSame) {
+TEST_F(Listening, ABusyPortIsLoggedAndStillListens) {
     build();
     ASSERT_TRUE(interface_->Init());
     const int busy = own_sockets::listeningPort();
@@ -72,7 +72,7 @@ TEST_F(Listening, ARefusedSocketIsLoggedAndNeverTriedAgain) {
     EXPECT_EQ(own_sockets::listening(), -1);
 }
 
-TEST_F(Listening, ARefusedOptionIsLoggedAndListensAllTheSame) {
+TEST_F(Listening, ARefusedOptionIsLoggedAndStillListens) {
     build();
     faults_.fail(Call::kSetsockopt, ENOBUFS);
     EXPECT_TRUE(interface_->Init());
@@ -102,7 +102,7 @@ TEST_F(Listening, TakesAClientAfterAPause) {
     EXPECT_EQ(stateInPause, ConnectionState::kAccepting);
     EXPECT_EQ(state(), ConnectionState::kConnected);
 
-    // The port as it stands in the address, its bytes in the network's order.
+    // The log shows the port in network byte order, as the address has it.
     const std::uint16_t clientPort =
         ntohs(own_sockets::peer(own_sockets::accepted(own_sockets::listeningPort())).sin_port);
     EXPECT_EQ(log_.lines(), (Texts{"[INF] IO interface listening on port 0",

@@ -237,7 +237,7 @@ class Placeholder : public InterfaceFixture {
     const std::string parked_ = "[INF] On task DMI interface";
 };
 
-TEST_F(Placeholder, SaysSoOnceAndServesNobody) {
+TEST_F(Placeholder, SaysSoOnceAndServesNoClient) {
     buildLive("DMI");
     ASSERT_TRUE(support::waitUntil([&] { return log_.has(parked_); }));
     EXPECT_TRUE(interface_->Init());

@@ -5,9 +5,9 @@
 #include <mutex>
 #include <string>
 
-/// Makes the system refuse calls of the program under test, or lets something
-/// happen just before one. Works by standing in for the calls below, for which
-/// the test program is linked with --wrap. One at a time; any thread.
+/// Makes the system refuse calls of the code under test, or lets something happen just
+/// before one. The test program wraps the calls below when it is linked. There is one such
+/// object at a time; any thread may use it.
 class SystemFaults {
   public:
     enum class Call { kSocket, kSetsockopt, kBind, kListen, kAccept, kSelect };
@@ -22,8 +22,7 @@ class SystemFaults {
     /// Runs just before the next such call goes to the system, on its thread.
     void beforeNext(Call call, std::function<void()> action);
 
-    // For the wrapped calls.
-    // True when the call is to fail, with errno set.
+    /// The wrapped calls ask this: true when the call is to fail, with errno set.
     static bool refused(Call call);
 
   private:

@@ -41,18 +41,18 @@ class Configuration : public ProcessTest {
     support::SystemLog systemLog_;
 };
 
-TEST_F(Configuration, MissingFileIsToldToTheSystemLog) {
+TEST_F(Configuration, MissingFileIsReportedToTheSystemLog) {
     std::filesystem::remove(support::kConfigurationFile);
     expectRefused();
 }
 
-TEST_F(Configuration, BrokenXmlIsToldToTheSystemLog) {
+TEST_F(Configuration, BrokenXmlIsReportedToTheSystemLog) {
     support::writeConfiguration("<ZOLTConfig><Debuglog File=\"" + settings_.logFile +
                                 "\" Loglevel=\"1\"/>");
     expectRefused();
 }
 
-TEST_F(Configuration, EmptyFileIsToldToTheSystemLog) {
+TEST_F(Configuration, EmptyFileIsReportedToTheSystemLog) {
     support::writeConfiguration("");
     expectRefused();
 }

@@ -34,7 +34,7 @@ TEST_F(PidFile, StaysAfterAConfigurationFailure) {
     EXPECT_EQ(support::readFile(support::kPidFile), std::to_string(daemon_.number()));
 }
 
-TEST_F(PidFile, MissingFolderIsToldOnStandardOutputAndEndsTheDaemon) {
+TEST_F(PidFile, MissingFolderIsReportedOnStandardOutputAndEndsTheDaemon) {
     std::filesystem::remove("/run/zolt");
     ASSERT_EQ(daemon_.start(), "status 0");
     EXPECT_EQ(daemon_.waitForEnd(), "status 1");

@@ -39,7 +39,7 @@ TEST_F(Start, StandardStreamsStayOpen) {
     EXPECT_EQ(std::filesystem::read_symlink(streams + "2"), support::standardErrorFile());
 }
 
-TEST_F(Start, LogTellsSettingsAndPortsInAFixedOrder) {
+TEST_F(Start, LogHasSettingsAndPortsInAFixedOrder) {
     settings_.discover = true;
     settings_.percent = 100;
     start();

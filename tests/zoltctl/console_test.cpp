@@ -69,11 +69,11 @@ TEST_F(ConsoleByPipe, LinesThatComeUnaskedAreShown) {
     const FakeTcpPort cae(kDefaultCae, {script, script});
     const std::string shown = "COE:Illegal command -> \\x1B[2Jx\n";
     expectOutcome(runWith("DRVVER\n"), 0, shown + shown + "CIA: DRIVER VERSION 1.20\n");
-    const std::string told = R"({"unasked":"COE:Illegal command -> \u001b[2Jx"})"
-                             "\n";
+    const std::string unasked = R"({"unasked":"COE:Illegal command -> \u001b[2Jx"})"
+                                "\n";
     expectOutcome(
         runWith("DRVVER\n", {"--json"}), 0,
-        told + told + R"({"command":"DRVVER","reply":["CIA: DRIVER VERSION 1.20"]})" + "\n");
+        unasked + unasked + R"({"command":"DRVVER","reply":["CIA: DRIVER VERSION 1.20"]})" + "\n");
 }
 
 TEST_F(ConsoleByPipe, TheDaemonsEnd) {

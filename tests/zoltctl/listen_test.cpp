@@ -43,7 +43,7 @@ class Listening : public CommandTest {
         item("a3b0d40") + item("a8b0d5A") + item("aFb5d01") + item("a1b0dFF") + item("a3b0d00");
 };
 
-TEST_F(Listening, WatchTellsTimeAddressNameBlockAndValue) {
+TEST_F(Listening, WatchShowsTimeAddressNameBlockAndValue) {
     const FakeTcpPort cae(kDefaultCae, {playing(names_), playing(names_)});
     const FakeTcpPort io(kDefaultIo, {showing(kIoBanner, changes_), showing(kIoBanner, changes_)});
     auto outcome = run({"watch", "--count", "5"});
@@ -87,7 +87,7 @@ TEST_F(Listening, AHeldConsoleCostsTheNamesAndANote) {
                   "client holds the port");
 }
 
-TEST_F(Listening, MonitorTellsWhatThePortShows) {
+TEST_F(Listening, MonitorPrintsWhatThePortShows) {
     const std::string shown =
         item("a3b0d40") + item("a5b1dFB") + item("a5b1dFF\r\nnon\x1Bsense") + item("a3b0d00");
     const FakeTcpPort mon(kDefaultMon, {showing(kMonBanner, shown), showing(kMonBanner, shown)});

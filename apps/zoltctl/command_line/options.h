@@ -11,7 +11,7 @@ namespace zoltctl {
 /// An option of every command that takes a value.
 struct OptionRow {
     const char* name;
-    const char* variable;  ///< the environment variable that stands in for it
+    const char* variable;  ///< the environment variable with the same effect
     const char* value;
     const char* purpose;
     std::optional<std::string> GivenSettings::*given;

@@ -19,7 +19,7 @@ std::string written(const Diary& diary) {
     return text;
 }
 
-TEST(Diary, TellsEachNoteUnderItsChapterAndCountsTheSameInARow) {
+TEST(Diary, ListsEachNoteUnderItsChapterAndCountsTheSameInARow) {
     Diary diary;
     diary.begin("storm 1");
     for (const char* text : {"flood", "flood", "unplug", "flood"}) diary.note(text);

@@ -37,7 +37,7 @@ TEST(Ledger, WhatALaterOneOvertakesIsOutOfOrderAndNotLost) {
               "sent 3, seen 3, lost 0, doubled 0, out of order 1");
 }
 
-TEST(Ledger, WhatNobodySentIsUnknown) {
+TEST(Ledger, WhatWasNeverSentIsUnknown) {
     EXPECT_EQ(played("ab", "axb").tally().text(),
               "sent 2, seen 3, lost 0, doubled 0, out of order 0, unknown 1");
 }

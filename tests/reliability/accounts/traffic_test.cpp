@@ -40,7 +40,7 @@ TEST(LinkLossExplains, NothingThatComesTwiceOrOutOfOrder) {
     EXPECT_FALSE(disordered.linkLossExplains(1, true));
 }
 
-TEST(LinkLossExplains, PresetOutputsOnlyBehindADiscovery) {
+TEST(LinkLossExplains, PresetOutputsOnlyAfterADiscovery) {
     Traffic::Result result;
     result.commands.unknown = 1;
     result.presetFrames = 1;

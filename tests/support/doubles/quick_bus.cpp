@@ -34,8 +34,8 @@ void QuickBus::written(std::string_view frame) {
 
 void QuickBus::answer(std::string_view first, std::string_view rest) {
     pending_[0] = static_cast<char>(first.size() + rest.size());
-    const auto behind = std::copy(first.begin(), first.end(), pending_.begin() + 1);
-    std::copy(rest.begin(), rest.end(), behind);
+    const auto second = std::copy(first.begin(), first.end(), pending_.begin() + 1);
+    std::copy(rest.begin(), rest.end(), second);
     pendingSize_ = 1 + first.size() + rest.size();
 }
 

@@ -41,7 +41,7 @@ TEST(Missing, IsWhatWasSentAndDidNotArrive) {
     EXPECT_EQ(missing({1, 2}, {}), 2U);
 }
 
-TEST(Missing, IsNotMadeUpForByWhatNobodySent) {
+TEST(Missing, IsNotMadeUpForByWhatWasNeverSent) {
     EXPECT_EQ(missing({1, 2}, {1, 255}), 1U);
     EXPECT_EQ(missing({1, 2}, {1, 1}), 1U);
 }

@@ -24,7 +24,7 @@ class LinkFixture : public testing::Test {
 
     static constexpr const char* kHardwareAnswer = "05 06 31 2E 30 34";
     static constexpr const char* kHardwareRequest = "03 40 6F 9A";
-    /// An answer that only says that there was one.
+    /// An answer without a meaning of its own, which only avoids the time-out.
     static constexpr const char* kAcknowledgement = "01 06";
 
     /// Builds a link to `device` and runs its first cycle.
@@ -34,7 +34,7 @@ class LinkFixture : public testing::Test {
         link_ = std::make_unique<SERIAL_INTERFACE>(portPath_, logger, cards_, &reports_, polling,
                                                    autoDiscover);
         link_->Stop();
-        // Only now is there a port: whatever cycles the worker came to found none.
+        // The port exists from here on; the worker's own cycles before this have found none.
         std::filesystem::create_symlink(device, portPath_);
         logStart_ = log_.lines().size();
         pauses_.take();

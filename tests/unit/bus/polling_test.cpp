@@ -105,7 +105,7 @@ TEST_F(Polling, FlagsOfTheLastAnswerAreClearedByAnUnchangedOne) {
     EXPECT_EQ(changeReports(card_, 3), Reports{});
 }
 
-TEST_F(Polling, FlagsStandUntilTheNextPollAnswer) {
+TEST_F(Polling, FlagsStayUntilTheNextPollAnswer) {
     become(card_kind::kDigitalInput);
     take("00 07");
     EXPECT_EQ(changeReports(card_, 3), Reports{"a3b1d07"});

@@ -11,13 +11,12 @@
 
 #include "lib/os/descriptor.h"
 
-/// The cards' end of a serial line, worked by a script: a pseudo-terminal on
-/// which the answer to a request lies ready just before the host's read call
-/// that is to find it. Nothing races, so a slow machine changes no outcome.
+/// The cards' end of a serial line, run by a script: a pseudo-terminal that gets the answer
+/// to a request just before the read call of the host that is to find it. Nothing races, so
+/// a slow machine changes no outcome.
 ///
-/// Works by standing between the program under test and its read and write
-/// calls, so the test program is linked with --wrap for these two. One line at a
-/// time; any thread.
+/// The line sees the read and write calls of the code under test because the test program
+/// wraps these two when it is linked. There is one line at a time; any thread may use it.
 class ScriptedLine {
   public:
     /// Bytes (not hexadecimal) that arrive before the `attempt`-th read call
@@ -54,7 +53,7 @@ class ScriptedLine {
     /// What the host has set the port to.
     termios settings() const;
 
-    // For the wrapped calls.
+    // The wrapped calls use the functions below.
     bool isHostEnd(int descriptor) const;
     void beforeRead();
     void afterWrite(const std::string& written);
@@ -63,7 +62,7 @@ class ScriptedLine {
     void deliver(const std::string& text);
 
     zolt_os::Descriptor controller_;
-    /// Held open, so that the line keeps its mode and its bytes while the host
+    /// This end stays open, so that the line keeps its mode and its bytes while the host
     /// closes and opens its own end.
     zolt_os::Descriptor terminal_;
     std::string path_;

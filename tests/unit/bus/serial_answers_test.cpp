@@ -60,7 +60,7 @@ TEST_F(SerialAnswers, DiscoveryWritesAllSixteenRecords) {
         EXPECT_EQ(cards_[i].address, i);
     }
     EXPECT_EQ(hexText(cards_[15].pollFrame()), "20 0F 02");
-    EXPECT_EQ(cards_[16].kindCode, 99) << "the record behind the last address";
+    EXPECT_EQ(cards_[16].kindCode, 99) << "the record after the last address";
 }
 
 TEST_F(SerialAnswers, AnUnknownKindIsUnidentified) {

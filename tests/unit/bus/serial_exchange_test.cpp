@@ -4,8 +4,8 @@
 
 namespace {
 
-/// What a request is answered with shows in the PIO answer of card 3, in the
-/// reports, in the log and in the link's state.
+/// The effect of an answer shows in the PIO answer of card 3, in the reports, in the log and
+/// in the link's state.
 class Exchange : public LinkFixture {
   protected:
     void SetUp() override { connect(); }
@@ -17,7 +17,7 @@ class Exchange : public LinkFixture {
     }
 };
 
-TEST_F(Exchange, RequestGoesOutInOneWriteBehindItsLength) {
+TEST_F(Exchange, RequestGoesOutInOneWriteAfterItsLength) {
     queue(3, "20 03 02");
     line_.answer(kAcknowledgement);
     link_->OnTask();
@@ -65,7 +65,7 @@ TEST_F(Exchange, LengthOfZeroOrAbove127IsAnEmptyAnswerAtOnce) {
 
 TEST_F(Exchange, TheLongestAnswerHas127Bytes) {
     queue(3, "20 03 02");
-    // Complete only with its last byte.
+    // The answer is complete only with its last byte.
     line_.answerInPieces({{1, bytes("7F 51 03 " + repeated("AA", 100))},
                           {2, bytes(repeated("BB", 24))},
                           {3, bytes("CC")}});
@@ -92,7 +92,7 @@ TEST_F(Exchange, PiecesBeyondTheBufferAreCountedOnly) {
 }
 
 TEST_F(Exchange, StaleInputIsThrownAwayOnceWithAtMost255Bytes) {
-    // 255 stale bytes are dropped; what stands behind them passes for the answer.
+    // 255 stale bytes are dropped; the bytes after them pass for the answer.
     line_.put(repeated("02 4E 4E", 85) + " 03 51 03 AB");
     queue(3, "20 03 02");
     link_->OnTask();

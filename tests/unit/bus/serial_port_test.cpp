@@ -66,7 +66,7 @@ TEST_F(Port, AClosedPortFailsEveryCallAndTouchesNoOtherFile) {
     const int number = openNumbers()[0];
     port_.close();
     EXPECT_TRUE(openNumbers().empty());
-    // Whoever is given the number next must not feel the port's calls.
+    // The file that gets the number next must not get the port's calls.
     int ends[2];
     ASSERT_EQ(::pipe(ends), 0);
     EXPECT_TRUE(ends[0] == number || ends[1] == number);

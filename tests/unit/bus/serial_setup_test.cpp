@@ -89,7 +89,7 @@ struct Version {
 
 class VersionText : public SetUpOfThePort, public testing::WithParamInterface<Version> {};
 
-TEST_P(VersionText, IsWhatStandsBehindTheStatusByte) {
+TEST_P(VersionText, IsWhatFollowsTheStatusByte) {
     line_.answer(GetParam().answer);
     build(line_.path());
     EXPECT_EQ(logged(), (Texts{tryLine(), foundLine(GetParam().text)}));

@@ -19,7 +19,7 @@ TEST_F(SerialTask, TakesOneFrameOfEachQueueInOrder) {
     Texts first;
     Texts second;
     for (std::size_t i = 0; i < wire::kQueues; ++i) {
-        // Filled from the last queue on, so that the order is not the filling's.
+        // The last queue is filled first, so that the order is not that of the filling.
         const std::size_t index = wire::kQueues - 1 - i;
         const std::string number = hexText(std::string(1, static_cast<char>(index)));
         queue(index, "10 " + number + " 01");
@@ -138,7 +138,7 @@ TEST_F(SerialTask, ATimeoutStillQueuesThePollsOfTheCycle) {
     EXPECT_EQ(line_.takeWrites(), Texts{"03 20 03 02"});
     EXPECT_EQ(takeFrames(link_->commandQueue(3)), Texts{"20 03 02"});
     EXPECT_EQ(takeFrames(link_->commandQueue(5)), (Texts{"20 05 01", "20 05 01"}))
-        << "the card behind the failing one gains a frame";
+        << "the card after the failing one gains a frame";
 }
 
 TEST_F(SerialTask, ALostLinkKeepsTheCards) {

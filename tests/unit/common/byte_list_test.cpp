@@ -101,7 +101,7 @@ TEST(ByteListDeathTest, AThousandCharactersEndTheProcess) {
     EXPECT_EXIT(Convert_QList2String(ByteList(1000, 'x')), KilledBySignal(SIGABRT), "");
 }
 
-TEST(ByteListDeathTest, TheLimitCountsTheListBehindItsFirstZeroToo) {
+TEST(ByteListDeathTest, TheLimitCountsTheBytesAfterTheFirstZeroToo) {
     ByteList list(1000, 'x');
     list.front() = '\0';
     EXPECT_EXIT(Convert_QList2String(list), KilledBySignal(SIGABRT), "");

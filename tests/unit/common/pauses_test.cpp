@@ -42,8 +42,8 @@ class RepeatedSignals {
     struct sigaction oldAction_ {};
 };
 
-// A pause may be longer than asked on a busy machine, never shorter: the tests
-// look at lower bounds and at what the system said of the request.
+// On a busy machine a pause may be longer than asked for, but never shorter: the tests look
+// at lower bounds and at the system's answer to the request.
 
 int errorOfSleep(unsigned steps) {
     errno = 0;
@@ -91,7 +91,9 @@ TEST(Pauses, ASpinLastsItsTime) {
     spinFor(-1);
 }
 
-TEST(Pauses, SleepsecOfNothingReturns) {
+// The test only has to come to its end: seconds that were taken as unsigned would last for
+// many years.
+TEST(Pauses, SleepsecOfZeroOrLessReturnsAtOnce) {
     sleepsec(0);
     sleepsec(-1);
 }

@@ -269,7 +269,7 @@ TEST_P(CardConfigCommands, IsUnknownWithoutTheSeparatorOrInLowerCase) {
     }
 }
 
-TEST_P(CardConfigCommands, StandsAnywhereInTheLine) {
+TEST_P(CardConfigCommands, MayBeAnywhereInTheLine) {
     host_.answerWith("51 00 00 07");
     for (const std::string& text : {" " + row_.line + "\r\n", "please " + row_.line + " \r\n",
                                     row_.line + "\r\nand more", "\r\n" + row_.line}) {

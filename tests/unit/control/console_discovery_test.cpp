@@ -47,7 +47,7 @@ class ConsoleDiscovery : public ConsoleFixture {
                                                           {15, "6 channel ANALOGUE INPUT"}};
 };
 
-TEST_F(ConsoleDiscovery, ListsAllAddressesAndAsksNobody) {
+TEST_F(ConsoleDiscovery, ListsAllAddressesAndAsksNoCard) {
     const Events events = eventsOf("DISCOVER");
     EXPECT_EQ(events.size(), 18U);
     EXPECT_EQ(events, repliesAndPrompt(list("DISCOVER LIST:", known_)));
@@ -109,7 +109,7 @@ TEST_F(ConsoleDiscovery, ForcedDoesNotListWhatAnswersLater) {
     EXPECT_EQ(eventsOf("DISCOVER"), repliesAndPrompt(list("DISCOVER LIST:", known_)));
 }
 
-TEST_F(ConsoleDiscovery, ForcedRestoresPollingBehindTheList) {
+TEST_F(ConsoleDiscovery, ForcedRestoresPollingAfterTheList) {
     eventsOf("ENABLEPOLL");
     EXPECT_EQ(eventsOf("FORCEDISCOVER"), forced(known_, "polling on"));
     EXPECT_TRUE(host_.polling());

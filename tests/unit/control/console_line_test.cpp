@@ -65,7 +65,7 @@ TEST(ConsoleLine, PartsOutsideTheLineAreEmpty) {
     EXPECT_EQ(line(":").atColon(1), "");
 }
 
-TEST(ConsoleLine, FindsValuesBehindTheFirstEqualsSign) {
+TEST(ConsoleLine, FindsValuesAfterTheFirstEqualsSign) {
     EXPECT_EQ(line("x=80\r\n").afterEquals(2), "80");
     EXPECT_EQ(line("x=80\r\n").afterEquals(1), "8");
     EXPECT_EQ(line("x=12 y=34").afterEquals(2), "12");

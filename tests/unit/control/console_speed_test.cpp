@@ -66,7 +66,7 @@ TEST_F(ConsoleSpeed, ANumberThatNoLongHoldsIsOutOfRange) {
     }
 }
 
-TEST_F(ConsoleSpeed, StandsAnywhereInTheLine) {
+TEST_F(ConsoleSpeed, MayBeAnywhereInTheLine) {
     EXPECT_EQ(eventsOf("xSPEED=50"), set(2525, "50"));
     EXPECT_EQ(eventsOf("a=50 SPEED=1"), set(2525, "50 SPEED=1")) << "the first sign counts";
     EXPECT_EQ(eventsOf("speed=50"), Events{kUnknownCommand});

@@ -55,7 +55,7 @@ TEST_F(IoForms, DigitsThatAreNoneAreZero) {
     EXPECT_EQ(outcome("a5bzd22"), "5: 10 05 02 22 0F");
 }
 
-TEST_F(IoForms, CharactersBehindABlockAreIgnored) {
+TEST_F(IoForms, CharactersAfterABlockAreIgnored) {
     EXPECT_EQ(outcome("a5b1dFBxyz"), "5: 10 05 02 FF FB");
     EXPECT_EQ(outcome("a5b1dFB0"), "5: 10 05 02 FF FB");
     EXPECT_EQ(outcome("a5b1dFBHSPAp"), "5: 10 05 02 FF FB");
@@ -77,7 +77,7 @@ TEST_F(IoForms, ACutBlockStoresNothing) {
 
 // Infrared streams
 
-TEST_F(IoForms, AStreamIsSentBehindItsCount) {
+TEST_F(IoForms, AStreamIsSentAfterItsCount) {
     EXPECT_EQ(outcome("a9sHS434F434B524F414348"), "9: 10 09 0A 09 43 4F 43 4B 52 4F 41 43 48");
 }
 
@@ -134,7 +134,7 @@ TEST_F(IoForms, AnUnknownLcdControlIsIllegal) {
     }
 }
 
-TEST_F(IoForms, CharactersBehindAnLcdControlAreIgnored) {
+TEST_F(IoForms, CharactersAfterAnLcdControlAreIgnored) {
     EXPECT_EQ(outcome("aElCLxyz"), "14: 10 0E 01 00");
     EXPECT_EQ(outcome("aElBOHS"), "14: 10 0E 01 05");
 }

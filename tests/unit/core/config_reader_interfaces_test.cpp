@@ -14,12 +14,12 @@ constexpr const char* kPortError = " interface port number is less than 1025";
 
 class ConfigInterfaces : public testing::Test {
   protected:
-    /// With these children of the root.
+    /// Reads a configuration whose root has these children.
     CONFIG_DESCRIPTOR read(const std::string& children) {
         support::writeFile(path_, "<ZOLTConfig>" + children + "</ZOLTConfig>");
         return readConfigFile(path_);
     }
-    /// With these entries in one Interfaces element.
+    /// Reads a configuration with these entries in one Interfaces element.
     CONFIG_DESCRIPTOR readEntries(const std::string& entries) {
         return read("<Interfaces>" + entries + "</Interfaces>");
     }
@@ -93,7 +93,7 @@ TEST_F(ConfigInterfaces, PortsFrom1025OnAreTaken) {
     EXPECT_EQ(readEntries(R"(<I Name="IO" Port="65536"/>)").io.port, 65536);
     EXPECT_EQ(readEntries(R"(<I Name="IO" Port=" 2001 tcp"/>)").io.port, 2001);
     EXPECT_EQ(readEntries(R"(<I Name="IO" Port="2147483647"/>)").io.port, INT32_MAX);
-    // 32 bits of it are 1025.
+    // The lower 32 bits of this number are 1025.
     EXPECT_EQ(readEntries(R"(<I Name="IO" Port="4294968321"/>)").io.port, 1025);
 }
 
@@ -155,7 +155,7 @@ TEST_F(ConfigInterfaces, APortErrorEndsTheReadingAtOnce) {
     EXPECT_EQ(config.debugLogFile, "");
     EXPECT_EQ(config.logLevel, 0);
     EXPECT_EQ(config.threadDelay, 5000);
-    // It is for the debug log only.
+    // The error text is for the debug log only.
     EXPECT_TRUE(system_calls::takeLogCalls().empty());
 }
 

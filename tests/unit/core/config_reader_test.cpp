@@ -23,7 +23,7 @@ class ConfigReader : public testing::Test {
         support::writeFile(path_, text);
         return readConfigFile(path_);
     }
-    /// With these children of the root.
+    /// Reads a configuration whose root has these children.
     CONFIG_DESCRIPTOR read(const std::string& children) {
         return readText("<ZOLTConfig>" + children + "</ZOLTConfig>");
     }
@@ -51,7 +51,7 @@ void expectDefaults(const CONFIG_DESCRIPTOR& config) {
 
 void expectUnloadable(const CONFIG_DESCRIPTOR& config) {
     EXPECT_EQ(config.errorText, "Unable to load config, or unable to parse XML file!");
-    // Whoever asked decides who is told.
+    // The caller decides where the failure is reported.
     EXPECT_TRUE(system_calls::takeLogCalls().empty());
     EXPECT_EQ(config.threadDelay, 5000);
     EXPECT_EQ(config.io.port, 0);
@@ -81,11 +81,11 @@ TEST_F(ConfigReader, AFileThatIsNotWellFormedIsAnError) {
     expectUnloadable(readText("<ZOLTConfig>"));
     expectUnloadable(readText("<ZOLTConfig><Speed Percent=\"50\"></ZOLTConfig>"));
     expectUnloadable(readText("<ZOLTConfig><Speed Percent=50/></ZOLTConfig>"));
-    // Nothing of what stands before the fault is taken.
+    // The settings before the fault are not taken, either.
     expectUnloadable(readText("<ZOLTConfig><Speed Percent=\"100\"/>"));
 }
 
-TEST_F(ConfigReader, TheSystemLogIsToldWhoCouldNotStart) {
+TEST_F(ConfigReader, TheSystemLogSaysThatTheDaemonCannotStart) {
     reportUnloadable();
     EXPECT_EQ(system_calls::takeLogCalls(),
               (std::vector<std::string>{

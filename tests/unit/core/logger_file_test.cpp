@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 using support::readFile;
 using support::splitLines;
 
-/// The descriptors of this process that stand for the file.
+/// The descriptors of this process that refer to the file.
 std::set<int> descriptorsOf(const std::string& path) {
     std::set<int> found;
     for (const auto& entry : fs::directory_iterator("/proc/self/fd")) {
@@ -125,9 +125,9 @@ TEST_F(LoggerFile, IsSkippedSilentlyWhenItCannotBeOpened) {
     EXPECT_EQ(lines().size(), 1U);
 }
 
-TEST_F(LoggerFile, MayBeAPipeThatNobodyReads) {
+TEST_F(LoggerFile, MayBeAPipeWithoutAReader) {
     ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
-    logger_.info("nobody listens");
+    logger_.info("no reader");
     const zolt_os::Descriptor reader(open(path_.c_str(), O_RDONLY | O_NONBLOCK));
     ASSERT_TRUE(reader.valid());
     for (int i = 0; i < 200; ++i) {

@@ -89,7 +89,7 @@ TEST_F(Logger, AMessageIsJoinedOfItsPieces) {
                              " [ERR] no file\n");
 }
 
-TEST_F(Logger, TheTextIsTakenAsItStands) {
+TEST_F(Logger, TheTextIsWrittenUnchanged) {
     const system_calls::FixedClock clock(kNow);
     logger_.LOG("%s", "100 % \xFF %n\nnext", 1);
     EXPECT_EQ(content(), std::string(kStamp) + " [%s] 100 % \xFF %n\nnext\n");
@@ -170,7 +170,8 @@ TEST_F(Logger, TheTimeIsReadBeforeTheLoggerIsFree) {
     std::jthread second([&] { logger_.info("waited"); });
     ASSERT_TRUE(support::waitUntil([&] { return system_calls::clockReadings() > readings; }));
     clock.set(kNow + 30);
-    // Both would be seen otherwise: the second is not held a second time.
+    // A logger that read the time before it locked would let the second line through, because
+    // only the first opening is held.
     EXPECT_EQ(content(), "");
     held.release();
     holder.join();

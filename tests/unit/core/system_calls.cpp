@@ -75,7 +75,7 @@ std::time_t __wrap_time(std::time_t* result) {
     if (result != nullptr) {
         *result = now;
     }
-    // Last, so that whoever sees the count may change the clock.
+    // The count comes last, so that a test that sees it may change the clock.
     ++clockReadingCount;
     return now;
 }
@@ -96,7 +96,7 @@ void __wrap_syslog(int priority, const char* format, ...) {
     va_end(arguments);
 }
 
-// What a build with fortified calls makes of it.
+// A build with fortified calls turns syslog() into this call.
 void __wrap___syslog_chk(int priority, int /*flag*/, const char* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-/// The linker leads the system calls of the code under test through
-/// system_calls.cpp. Without one of these in place each call goes straight on,
-/// except those to the system log, which never reach it.
+/// The linker sends the system calls of the code under test through system_calls.cpp.
+/// While none of these objects lives, each call goes straight on to the system, except
+/// that those to the system log never reach it.
 namespace system_calls {
 
 /// Sets the clock of the code under test while it lives.

@@ -24,7 +24,7 @@ TEST(Comparer, BytesMayComeInOtherPiecesThanWritten) {
     EXPECT_TRUE(comparer.complete());
 }
 
-TEST(Comparer, WrongByteIsToldWithWhatWasExpected) {
+TEST(Comparer, WrongByteIsReportedWithTheExpectedOne) {
     Comparer comparer;
     comparer.expect({bytes("io", "abc\r")});
     const auto problem = comparer.take(bytes("io", "abd\r"));

@@ -64,7 +64,7 @@ TEST(Dialogue, RebuiltFileKeepsEverythingButTheExpectations) {
               "    # between\n");
 }
 
-TEST(Dialogue, MistakesAreToldWithTheirLine) {
+TEST(Dialogue, MistakesAreReportedWithTheirLine) {
     EXPECT_EQ(refusal("start\n\nfly away\n"), "x.dialogue:3: unknown action \"fly\"");
     EXPECT_EQ(refusal("polling maybe\nstart\n"), "x.dialogue:1: expected on or off, not \"maybe\"");
     EXPECT_EQ(refusal("percent 5x\nstart\n"), "x.dialogue:1: expected a number, not \"5x\"");

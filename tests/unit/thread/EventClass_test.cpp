@@ -65,7 +65,7 @@ TEST(EventClass, ASetWaitsForTheEndOfTheBracket) {
     EXPECT_TRUE(setter.staysBlocked());
     event.Reset();
     EXPECT_TRUE(setter.returns());
-    // It was not lost on the way.
+    // The wake-up was not lost on the way.
     EXPECT_TRUE(event.Wait());
     event.Reset();
 }

@@ -85,11 +85,12 @@ TEST(MutexClass, ItsEndWaitsForTheHolder) {
     EXPECT_TRUE(destruction.staysBlocked());
     mutex->Unlock();
     EXPECT_TRUE(destruction.returns());
-    // Destroyed above; its memory gets an object again for the owner to end.
+    // The mutex was destroyed above; its memory gets an object again for the owner to end.
     std::construct_at(mutex.get());
 }
 
-// Asserts by its survival: a destructor that waited for the holder would wait for ever.
+// The test only has to come to its end: a destructor that waited for the holder would wait
+// for ever.
 TEST(MutexClass, ItsHolderMayEndIt) {
     CMutexClass mutex;
     mutex.Lock();

@@ -151,7 +151,7 @@ TEST_F(ThreadEvents, AnIntervalDrivenThreadRefusesEvents) {
     EXPECT_FALSE(worker.wake());
     EXPECT_EQ(worker.GetEventsPending(), 0U);
     hold.release();
-    // It goes on all the same.
+    // The refusal does not stop the thread.
     EXPECT_TRUE(worker.reachesCycle(10));
     EXPECT_TRUE(worker.handled().empty());
     EXPECT_EQ(worker.errorFlags(), thread_error::kIllegalEvent);

@@ -53,7 +53,7 @@ TEST(ThreadTasks, ATaskRunsOnTheKernelAndIsCompleted) {
     EXPECT_EQ(worker.cycles(), 0);
 }
 
-TEST(ThreadTasks, ATaskBehindACycleIsQueued) {
+TEST(ThreadTasks, ATaskPostedDuringACycleIsQueued) {
     Hold hold;
     TestTask task;
     TaskWorker worker([&] {

@@ -16,7 +16,7 @@ namespace {
 
 static_assert(!std::has_virtual_destructor_v<CThread>);
 
-/// Builds itself for as long as a kernel needs to start.
+/// A worker whose construction takes as long as a kernel needs to start.
 class SlowlyBuiltWorker : public CThread {
   public:
     SlowlyBuiltWorker() {
@@ -180,7 +180,7 @@ std::ptrdiff_t tableOffset(MemberFunction function) {
     return offset;
 }
 
-TEST(Thread, TheEventOperationStandsFirstInTheTable) {
+TEST(Thread, TheEventOperationIsTheFirstInTheTable) {
     using Plain = bool (CThread::*)();
     using WithEvent = bool (CThread::*)(void*);
     EXPECT_EQ(tableOffset(static_cast<Plain>(&CThread::OnTask)) -

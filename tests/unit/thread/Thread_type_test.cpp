@@ -30,7 +30,7 @@ TEST(ThreadType, AnIntervalDrivenThreadPausesForItsIdleTime) {
 TEST(ThreadType, AnIdleTimeOfASecondOrMoreIsNoPause) {
     Worker worker;
     worker.SetThreadType(kIntervalDriven, 10'000'000);
-    // One second each if they paused.
+    // Each cycle would take a second if the thread paused.
     EXPECT_TRUE(worker.reachesCycle(1000));
     EXPECT_TRUE(pauses(1'000'000'000));
 }
@@ -63,7 +63,7 @@ TEST(ThreadType, AChangeWakesTheKernelAndWaitsForItsCycle) {
     });
     worker.wake();
     ASSERT_TRUE(first.isReached());
-    // Without a change there is no wake-up to wait with.
+    // Without a change the call wakes nothing, and so does not wait for the cycle.
     worker.SetThreadType(kEventDriven, 5);
     system_calls::PauseCount count(55'500);
     BackgroundCall change([&] { worker.SetThreadType(kIntervalDriven, 555); });
@@ -98,7 +98,7 @@ TEST(ThreadType, TheFirstIntervalCycleStillHoldsTheEvent) {
     first.release();
     EXPECT_TRUE(change.returns());
     ASSERT_TRUE(second.isReached());
-    // The second one does not: this would wait for ever.
+    // The second cycle does not hold the event: this call would wait for ever if it did.
     worker.SetThreadType(kIntervalDriven, 1);
     second.release();
     EXPECT_TRUE(worker.reachesCycle(10));
@@ -107,7 +107,7 @@ TEST(ThreadType, TheFirstIntervalCycleStillHoldsTheEvent) {
 TEST(ThreadType, AThreadThatBecomesEventDrivenWaitsAgainWithoutAPause) {
     Hold hold;
     Worker worker([&] {
-        // Not in the first one, which may still hold the event.
+        // The first cycle may still hold the event, so the second one stops.
         if (worker.cycles() == 2) {
             hold.stopHere();
         }

@@ -20,11 +20,11 @@ using Clock = std::chrono::steady_clock;
 using Lengths = std::vector<unsigned>;
 using std::chrono::microseconds;
 
-/// So long that no test sees the end of such a rest: a loop that goes on was woken.
+/// No test lasts until the end of such a rest: a loop that goes on was woken.
 constexpr std::chrono::hours kForTheTest{1};
 
-/// Longer than a test waits for a call that returns, and short enough that a loop that
-/// nothing wakes does not hold up the test program for ever.
+/// This is longer than a test waits for a call that returns, and short enough that a loop
+/// that nothing wakes does not hold up the test program for ever.
 constexpr std::chrono::seconds kTooLong{2 * support::kPatience};
 
 /// Whether a loop that rests goes on after `wakeUp`.

@@ -76,7 +76,7 @@ int __wrap_pthread_create(pthread_t* handle, const pthread_attr_t* attributes,
     auto start = std::make_unique<HeldStart>(HeldStart{function, argument});
     const int error = __real_pthread_create(handle, attributes, runWhenReleased, start.get());
     if (error == 0) {
-        // The new thread owns it now.
+        // The new thread owns `start` now.
         static_cast<void>(start.release());
     }
     return error;

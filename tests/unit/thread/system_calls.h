@@ -3,10 +3,9 @@
 #include <functional>
 #include <vector>
 
-/// The linker leads the system calls of the code under test through
-/// system_calls.cpp, so that a test can hold, refuse or count them. Without one
-/// of these in place each call goes straight on. At most one of a kind lives at
-/// a time.
+/// The linker sends the system calls of the code under test through system_calls.cpp, so
+/// that a test can hold, refuse or count them. While none of these objects lives, each call
+/// goes straight on to the system. At most one of a kind lives at a time.
 namespace system_calls {
 
 /// Holds the kernels created while it lives before their first instruction.
@@ -49,8 +48,8 @@ class PauseCount {
 /// How many sleeps for work have begun in this process so far.
 int restsBegun();
 
-/// Writes down the sleeps in microseconds that any thread asks for while it lives. They
-/// take no time then.
+/// Records the sleeps in microseconds that any thread asks for while it lives. They take no
+/// time then.
 class RecordedSleeps {
   public:
     RecordedSleeps();

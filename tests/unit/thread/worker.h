@@ -12,7 +12,7 @@
 /// A point in a cycle at which the kernel stops until the test lets it go on.
 class Hold {
   public:
-    /// In the cycle.
+    /// The cycle calls this.
     void stopHere() {
         reached_ = true;
         support::waitUntil([this] { return released_.load(); });

@@ -13,7 +13,7 @@ bool isLoopback(const char* host) {
     return addresses.size() == 1 && addresses[0].isLoopback();
 }
 
-TEST(Resolver, TellsAddressesOfThisMachineFromOthers) {
+TEST(Resolver, DistinguishesAddressesOfThisMachineFromOthers) {
     EXPECT_TRUE(isLoopback("127.0.0.1"));
     EXPECT_TRUE(isLoopback("127.255.0.3"));
     EXPECT_TRUE(isLoopback("::1"));
