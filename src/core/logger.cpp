@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <ctime>
+#include <mutex>
 #include <utility>
 
 namespace {
@@ -16,12 +17,22 @@ constexpr std::size_t kLineLimit = 999;
 /// The level of all the daemon's own messages.
 constexpr int kMessageLevel = 1;
 
-std::string timeStamp(std::time_t now) {
+// The rules of the time zone belong to the C library and are one for all loggers. No
+// destructor ends this mutex under the workers when the process exits.
+constinit std::mutex zoneMutex;
+
+std::tm localTime(std::time_t now) {
+    const std::lock_guard guard(zoneMutex);
     // The machine's time zone may change while the daemon runs, and localtime_r alone reads
     // the zone's rules only once.
     tzset();
     std::tm local{};
     localtime_r(&now, &local);
+    return local;
+}
+
+std::string timeStamp(std::time_t now) {
+    const std::tm local = localTime(now);
     std::array<char, 256> buffer{};
     return {buffer.data(),
             std::strftime(buffer.data(), buffer.size(), "%Y-%m-%d %H:%M:%S", &local)};
