@@ -9,7 +9,7 @@
 
 namespace {
 
-void idleCycle(benchmark::State& state) {
+void idleInterfaceCycle(benchmark::State& state) {
     const support::HandRunDaemon daemon(outputCards());
     const auto client = daemon.connect(daemon.io());
     const AllocationCounters counters(state);
@@ -31,7 +31,7 @@ void reply(benchmark::State& state) {
     }
 }
 
-BENCHMARK(idleCycle)->Name("interface cycle: nothing to do");
+BENCHMARK(idleInterfaceCycle)->Name("interface cycle: nothing to do");
 BENCHMARK(reply)->Name("interface cycle: a reply")->Arg(9)->Arg(50);
 
 }  // namespace

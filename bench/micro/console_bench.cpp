@@ -48,7 +48,7 @@ void interpret(benchmark::State& state, const std::string& command) {
     if (empty(host.replies) != 0) state.SkipWithError("the line is not a command");
 }
 
-const bool registered = [] {
+const bool consoleLinesRegistered = [] {
     for (const char* line : kLines) {
         benchmark::RegisterBenchmark((std::string("console: ") + line).c_str(), interpret,
                                      std::string(line));

@@ -8,7 +8,7 @@
 
 namespace {
 
-void idleCycle(benchmark::State& state) {
+void idleLinkCycle(benchmark::State& state) {
     const support::HandRunDaemon daemon(sixteenInputs());
     const AllocationCounters counters(state);
     for (auto _ : state) daemon.serial().OnTask();
@@ -38,7 +38,7 @@ void polls(benchmark::State& state) {
     for (auto _ : state) daemon.serial().OnTask();
 }
 
-BENCHMARK(idleCycle)->Name("serial cycle: nothing to do");
+BENCHMARK(idleLinkCycle)->Name("serial cycle: nothing to do");
 BENCHMARK(exchange)->Name("serial cycle: one output");
 BENCHMARK(polls)->Name("serial cycle: polls")->Arg(1)->Arg(16);
 

@@ -33,7 +33,7 @@ void translate(benchmark::State& state, const Row& row) {
     for (auto _ : state) benchmark::DoNotOptimize(translateOutput(command, host.cards()));
 }
 
-const bool registered = [] {
+const bool ioFormsRegistered = [] {
     for (const Row& row : kRows) {
         benchmark::RegisterBenchmark((std::string("IO: ") + row.command).c_str(), translate, row);
     }

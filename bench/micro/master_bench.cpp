@@ -29,7 +29,7 @@ void measureCycles(benchmark::State& state, support::HandRunDaemon& daemon,
     });
 }
 
-void idleCycle(benchmark::State& state) {
+void idleMasterCycle(benchmark::State& state) {
     support::HandRunDaemon daemon(sixteenInputs());
     std::optional<AllocationCounters> counters;
     daemon.runMaster([&] {
@@ -65,7 +65,7 @@ void outputCommand(benchmark::State& state) {
     });
 }
 
-BENCHMARK(idleCycle)->Name("master cycle: nothing to do");
+BENCHMARK(idleMasterCycle)->Name("master cycle: nothing to do");
 BENCHMARK(report)->Name("master cycle: a report");
 BENCHMARK(outputCommand)->Name("master cycle: an output command");
 
