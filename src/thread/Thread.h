@@ -100,7 +100,7 @@ class CThread {
     /// Asks the kernel to end after its current cycle, without waiting for its end as Stop()
     /// does.
     void requestStop() { running_ = false; }
-    /// False once Stop() was called; for cycles that never return by themselves.
+    /// False once the kernel was asked to end; for cycles that never return by themselves.
     bool running() const { return running_; }
     /// Sets the stack of kernels that start from now on, in bytes; 0 is the system's
     /// default.
