@@ -5,7 +5,7 @@
 namespace support {
 
 /// What one thread has taken from the heap by `new`; freeing does not reduce the numbers.
-/// Only programs that contain allocation_count.cpp count.
+/// REQUIRES: the program is linked with zolt_replaces(heap).
 struct Allocations {
     std::size_t count = 0;
     std::size_t bytes = 0;  ///< as asked for

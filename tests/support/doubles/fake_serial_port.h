@@ -22,8 +22,8 @@ class SerialLine {
 };
 
 /// Connects every serial port of the daemon to `line` from now on, whatever its device.
-/// REQUIRES: `line` outlives the ports. A program that contains fake_serial_port.cpp uses the
-/// fake in place of the daemon's SerialPort.
+/// REQUIRES: `line` outlives the ports, and the program is linked with
+/// zolt_replaces(serial_port).
 void plugIn(SerialLine& line);
 
 /// A serial link on a port that is connected to `line`. If its worker has no thread

@@ -4,9 +4,9 @@
 
 namespace support {
 
-/// While one lives, a loop's rest does not end by itself within the patience of a test.
-/// Works by standing in for ppoll, so the test program is linked with --wrap=ppoll. One
-/// at a time.
+/// As long as such an object exists, a loop's rest does not end by itself within the patience
+/// of a test. Only one may exist at a time.
+/// REQUIRES: the program is linked with zolt_replaces(rests).
 class LongRests {
   public:
     LongRests();

@@ -8,8 +8,8 @@
 namespace support {
 
 /// As long as such an object exists, the pauses of whole seconds are recorded and return at
-/// once. It replaces sleepsec(): the test program contains recorded_pauses.cpp and is linked
-/// with --wrap=_Z8sleepseci. Only one may exist at a time; any thread may pause.
+/// once. Only one may exist at a time; any thread may pause.
+/// REQUIRES: the program is linked with zolt_replaces(pauses).
 class RecordedPauses {
   public:
     RecordedPauses();

@@ -14,9 +14,9 @@ namespace support {
 
 /// The daemon without threads and without files, on ports of the system's choice
 /// and on a QuickBus. Its master loop and its workers run cycle by cycle on the
-/// thread of the test. A program that uses it links hand_run_workers.cpp and
-/// fake_serial_port.cpp, and lets the linker replace popen (--wrap=popen), so that the
-/// link finds a port on every machine. Only one may exist at a time.
+/// thread of the test. Only one may exist at a time.
+/// REQUIRES: the program is linked with zolt_replaces(threads serial_port heap) and
+/// zolt_wraps(popen); with the latter the link finds a port on every machine.
 class HandRunDaemon {
   public:
     /// `kinds` has the kind of the card at each address. The link has found the

@@ -7,8 +7,8 @@
 
 namespace support {
 
-/// A program that links hand_run_workers.cpp in has workers without threads, whose
-/// cycles the test runs itself, and pauses that take no time.
+/// A program with zolt_replaces(threads) has workers without threads, whose cycles the
+/// test runs itself, and pauses that take no time.
 
 /// All workers that exist, oldest first.
 const std::vector<CThread*>& workers();
