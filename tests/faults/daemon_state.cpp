@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "tests/support/files.h"
+#include "tests/support/sanitizer.h"
 
 namespace {
 
@@ -59,9 +60,5 @@ DaemonState stateOf(pid_t process) {
 }
 
 bool memoryIsMeaningful() {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    return false;
-#else
-    return true;
-#endif
+    return !support::kMemorySanitized;
 }

@@ -7,6 +7,7 @@
 #include "tests/faults/fault_test.h"
 #include "tests/support/files.h"
 #include "tests/support/process/private_view.h"
+#include "tests/support/sanitizer.h"
 #include "tests/support/wait.h"
 
 namespace {
@@ -105,9 +106,9 @@ class DescriptorsAtStart : public FaultTest {
 };
 
 TEST_F(DescriptorsAtStart, AnInterfaceThatCannotListenIsDeadUntilTheNextStart) {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "the checks of this build need descriptors of their own";
-#endif
+    if (support::kAddressSanitizer) {
+        GTEST_SKIP() << "the checks of this build need descriptors of their own";
+    }
     plugBus();
     startAfter("");
     expectFullRound();

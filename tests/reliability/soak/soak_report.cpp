@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdio>
 
+#include "tests/support/sanitizer.h"
+
 namespace reliability {
 namespace {
 
@@ -17,12 +19,7 @@ constexpr const char* kLine =
     "%6.1f  %8zu  %10zu  %4zu  %3zu  %9zu/%-8zu  %11zu/%-9zu  %4zu  "
     "%9zu/%-4zu  %11lld ms\n";
 
-// A sanitizer keeps freed memory, and finds leaks itself.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool kMemoryJudged = false;
-#else
-constexpr bool kMemoryJudged = true;
-#endif
+constexpr bool kMemoryJudged = !support::kMemorySanitized;
 
 template <typename... Values>
 std::string formatted(const char* format, Values... values) {

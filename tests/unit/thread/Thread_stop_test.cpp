@@ -3,6 +3,7 @@
 #include <array>
 #include <thread>
 
+#include "tests/support/sanitizer.h"
 #include "tests/unit/thread/background_call.h"
 #include "tests/unit/thread/system_calls.h"
 #include "tests/unit/thread/worker.h"
@@ -177,11 +178,7 @@ TEST(ThreadStop, TheBaseAloneEndsByItsDestructor) {
 
 // More rounds meet more orders of the steps; the thread sanitizer also reports a race in an
 // order that did no harm, so it has the long run.
-#ifdef __SANITIZE_THREAD__
-constexpr int kManyWorkers = 1000;
-#else
-constexpr int kManyWorkers = 200;
-#endif
+constexpr int kManyWorkers = support::kThreadSanitizer ? 1000 : 200;
 
 TEST(ThreadStop, ManyIntervalDrivenWorkersUnderLoad) {
     Load load;
