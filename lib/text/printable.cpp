@@ -1,5 +1,6 @@
 #include "lib/text/printable.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -55,6 +56,17 @@ std::size_t shownLength(std::string_view text) {
     return 0;
 }
 
+/// The start of the character that a cut at `at` would divide; `at` if it divides none.
+std::size_t startOfCharacter(std::string_view text, std::size_t at) {
+    constexpr std::size_t kLongest = 4;
+    for (std::size_t start = at - std::min(at, kLongest - 1); start < at; ++start) {
+        if (start + shownLength(text.substr(start)) > at) {
+            return start;
+        }
+    }
+    return at;
+}
+
 }  // namespace
 
 std::string hexEscape(char byte) {
@@ -80,7 +92,7 @@ std::string quote(std::string_view text) {
     if (text.size() <= kQuoteLimit) {
         return '"' + printable(text) + '"';
     }
-    return '"' + printable(text.substr(0, kQuoteLimit)) + "...\"";
+    return '"' + printable(text.substr(0, startOfCharacter(text, kQuoteLimit))) + "...\"";
 }
 
 }  // namespace zolt_text

@@ -13,8 +13,8 @@ std::string hexEscape(char byte);
 /// the result is for people and cannot be read back.
 std::string printable(std::string_view text);
 
-/// The printable text in quotation marks. Of a text longer than 60 bytes the first 60
-/// are shown, with "..." after them.
+/// The printable text in quotation marks. Of a text longer than 60 bytes the whole
+/// characters within the first 60 are shown, with "..." after them.
 std::string quote(std::string_view text);
 
 }  // namespace zolt_text

@@ -30,4 +30,17 @@ TEST(Printable, LongQuotesAreCut) {
     EXPECT_EQ(quote(std::string(61, 'x')), '"' + std::string(60, 'x') + "...\"");
 }
 
+TEST(Printable, LongQuotesAreNotCutInsideACharacter) {
+    for (const std::string character : {"ü", "世", "🐈"}) {
+        for (std::size_t before = 60 - character.size(); before <= 60; ++before) {
+            const std::string start(before, 'x');
+            EXPECT_EQ(quote(start + character + "y"),
+                      '"' + start + (before + character.size() == 60 ? character : "") + "...\"");
+        }
+    }
+    // A byte that begins no character is shown as an escape, as everywhere.
+    EXPECT_EQ(quote(std::string(59, 'x') + "\xE4zz"), '"' + std::string(59, 'x') + "\\xE4...\"");
+    EXPECT_EQ(quote(std::string(61, '\x80')).size(), 2 + 60 * std::string("\\x80").size() + 3);
+}
+
 }  // namespace
