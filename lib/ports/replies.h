@@ -8,7 +8,7 @@
 #include "lib/ports/dialogue.h"
 #include "lib/ports/port_error.h"
 
-/// Reads the console's replies. All functions throw PortError: kRefused or
+/// Reads the console's replies. The functions that read throw PortError: kRefused or
 /// kNotKnown if the daemon refuses the command, kNotZolt if the command cannot
 /// have this reply.
 namespace zolt_ports {

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-/// Numbers, bytes and readable text: what every program and every test writes and
-/// reads in the same way.
+/// Numbers, bytes and readable text: what the programs in apps/ and the tests write and
+/// read in the same way.
 namespace zolt_text {
 
 /// One upper-case digit; only the low four bits of `value` count.
