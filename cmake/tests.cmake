@@ -16,7 +16,7 @@ target_precompile_headers(precompiled_tests PRIVATE
 
 zolt_targets_below(tests ${PROJECT_SOURCE_DIR}/tests)
 foreach(target IN LISTS tests ITEMS precompiled_tests)
-  # After the options of the build type, so that this one counts.
+  # This option comes after those of the build type, so it counts.
   target_compile_options(${target} PRIVATE -O0)
 endforeach()
 foreach(target IN LISTS tests)

@@ -9,7 +9,7 @@ namespace zolt_check {
 /// The options of the command line that change the report.
 struct ReportOptions {
     bool json = false;
-    /// Only findings: no settings and no verdict.
+    /// Whether the report has findings only, without settings and verdict.
     bool quiet = false;
     /// Warnings leave the exit status at 0.
     bool errorsOnly = false;

@@ -20,7 +20,7 @@ class Histogram {
     void add(double microseconds);
     void add(const Histogram& other);
     std::uint64_t count() const { return count_; }
-    /// As percentile() above, rounded down to whole microseconds.
+    /// The result of percentile() above, rounded down to whole microseconds.
     double percentile(double percent) const;
 
   private:

@@ -70,7 +70,7 @@ std::size_t pieceLength(std::string_view sent, bool byLine) {
     return std::min(end, framing::kReadSize);
 }
 
-void interpret(std::string_view sent, const Separators& separators, RecordingHost& host,
+void interpret(std::string_view sent, const Separators& separators, support::RecordingHost& host,
                bool byLine) {
     for (std::size_t address = 0; address < fuzz::kKinds.size(); ++address) {
         host.addCard(address, fuzz::kKinds[address]);
@@ -92,9 +92,9 @@ void interpret(std::string_view sent, const Separators& separators, RecordingHos
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view sent = fuzz::textOf(data, size, kMostBytes);
     for (const Separators& separators : kSeparators) {
-        RecordingHost silent;
+        support::RecordingHost silent;
         interpret(sent, separators, silent, false);
-        RecordingHost answering;
+        support::RecordingHost answering;
         answering.answerWith("51 03 01 " +
                              hexText(sent.substr(sent.empty() ? 0 : sent.size() - 1)));
         interpret(sent, separators, answering, true);

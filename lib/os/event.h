@@ -11,7 +11,7 @@ class Event {
     Event();
 
     void raise();
-    /// To be waited for with POLLIN.
+    /// The descriptor; wait for POLLIN on it.
     int get() const { return descriptor_.get(); }
 
   private:

@@ -51,11 +51,11 @@ class PERIFCARD {
     std::atomic<std::int32_t> dataLength{0};
     /// 0 to 15, written at discovery.
     std::atomic<std::uint8_t> address{0};
-    /// As received in the discovery answer.
+    /// The code of the kind, as received in the discovery answer.
     std::atomic<char> kindCode{0};
     /// Display name of the kind, at most 39 characters of static storage.
     std::atomic<const char*> kindName{"EMPTY"};
-    /// Last known data bytes; the output translation writes them too.
+    /// The last known data bytes; the output translation writes them, too.
     std::array<std::atomic<std::uint8_t>, kBlocks> values{};
     /// 1 where the value of the same index changed in the last poll answer. The serial task
     /// alone uses these.

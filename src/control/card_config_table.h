@@ -41,7 +41,7 @@ struct CardConfigCommand {
     unsigned registerBase;
     unsigned endBOffset = 0;
     Value value = Value::kNone;
-    /// For Value::kState: the member that keeps the last state.
+    /// The member that keeps the last state, for Value::kState alone.
     std::uint8_t CarriedStates::*carried = nullptr;
     const char* success;
     /// Whether " at address x" follows the success text.

@@ -106,7 +106,7 @@ SOCKET_INTERFACE::Readable SOCKET_INTERFACE::readable(int client) {
         return Readable::kError;
     }
     if (client >= FD_SETSIZE) {
-        // No select set can hold this number.
+        // A set of select() cannot hold a number this high.
         pollfd item{client, POLLIN, 0};
         const timespec wait{0, kWaitMicroseconds * 1000};
         const int ready = ppoll(&item, 1, &wait, nullptr);

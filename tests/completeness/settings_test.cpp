@@ -38,7 +38,7 @@ std::vector<Name> names() {
 
 class EveryNameOfTheConfiguration : public testing::TestWithParam<Name> {
   protected:
-    /// As an XML file has it.
+    /// The text as an XML file has it.
     static std::string written() {
         return GetParam().isElement ? "<" + GetParam().text : " " + GetParam().text + "=\"";
     }

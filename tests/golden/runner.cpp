@@ -17,7 +17,7 @@ using support::Clock;
 
 constexpr std::chrono::seconds kStepPatience{20};
 constexpr std::chrono::milliseconds kLookEvery{3};
-// No item may come for this time after the last step.
+// The time after the last step in which no item may come.
 constexpr std::chrono::milliseconds kEndQuiet{300};
 // A thread that waits so long for a processor in one step misses the daemon's time limits: some
 // tens of milliseconds for an answer of the bus, a second for the answer of a card.

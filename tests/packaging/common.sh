@@ -66,7 +66,7 @@ keepTree() {
     mv "$cache/$1.tar.new" "$cache/$1.tar"
 }
 
-# What apt loads is kept for the next run.
+# The packages that apt loads are kept for the next run.
 mountArchives() {
     mkdir -p "$cache/archives/partial"
     mount --bind "$cache/archives" "$tree/var/cache/apt/archives"

@@ -24,11 +24,11 @@ isGone() { ! kill -0 "$1" 2>/dev/null; }
     --trace none --trace-file "$trace" </dev/null &
 simulator=$!
 waitFor test -e /dev/ttyUSB0 || fail "the simulated bus did not start"
-# As the udev rule does it with an adapter.
+# The udev rule does this with an adapter.
 chgrp dialout "$(readlink -f /dev/ttyUSB0)"
 chmod 0660 "$(readlink -f /dev/ttyUSB0)"
 
-# As the unit does it.
+# The unit does this.
 mkdir /run/zolt
 chown zolt:zolt /run/zolt
 setpriv --reuid zolt --regid zolt --groups dialout /usr/sbin/zolt >/tmp/output
@@ -36,7 +36,7 @@ waitFor test -s /run/zolt/zolt.pid || fail "the daemon did not start"
 daemon=$(cat /run/zolt/zolt.pid)
 [ "$(stat -c %U "/proc/$daemon")" = zolt ] || fail "it does not run as zolt"
 
-# The last of the three; until then a port may still be closed.
+# This port opens last of the three; until then a port may still be closed.
 waitFor grep -q 'MON interface listening' /var/log/zolt/zolt.log || fail "the ports did not open"
 for port in 4001:CAE 4002:IO 4003:MON; do
     exec 3<>"/dev/tcp/127.0.0.1/${port%:*}"

@@ -90,7 +90,7 @@ printf '[Service]\nSystemCallErrorNumber=\n' >"$dropIns/strict.conf"
 booted systemd-run -q --unit=zolt-sim zolt-sim --bus /usr/share/zolt-sim/buses/all-kinds.bus \
     --link /dev/ttyUSB0 --trace none --trace-file /tmp/trace
 waitFor 20 booted test -e /dev/ttyUSB0 || fail "the simulated bus did not start"
-# As the udev rule does it with an adapter.
+# The udev rule does this with an adapter.
 # shellcheck disable=SC2016
 booted sh -c 'adapter=$(readlink -f /dev/ttyUSB0); chgrp dialout $adapter; chmod 0660 $adapter'
 restart
@@ -171,7 +171,7 @@ quietly booted apt-get -y remove zolt
 booted test ! -e /run/zolt || fail "it was not stopped"
 quietly booted apt-get -y purge zolt
 booted systemctl daemon-reload
-# What this test has made stays, and so do the other two packages.
+# The files that this test has made stay, and so do the other two packages.
 booted dpkg -L zolt-sim zolt-tools | sort >"$work/others"
 booted find /etc /var /run /lib/systemd /usr -name '*zolt*' | sort | comm -23 - "$work/others" |
     grep -v -e '^/etc/systemd/system/zolt\.service\.d$' -e 'zolt-sim\.service$' \

@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace support {
+
 /// A new folder that is removed, with its content, when this object goes.
 class TemporaryFolder {
   public:
@@ -28,3 +30,5 @@ class TemporaryFolder {
   private:
     std::filesystem::path path_;
 };
+
+}  // namespace support

@@ -33,7 +33,7 @@ class DaemonFound : public DaemonTest, public ::testing::WithParamInterface<Way>
   protected:
     void SetUp() override {
         DaemonTest::SetUp();
-        // None that zoltctl would try by itself.
+        // zoltctl would not try this separator by itself.
         settings_.cae.inSeparator = settings_.io.inSeparator = ";";
         start();
         std::filesystem::copy_file(support::kConfigurationFile, otherFile());

@@ -95,7 +95,7 @@ void FakeConnection::awaitUnread() const {
 }
 
 void FakeConnection::hold() const {
-    // Of interest is only that both directions are shut.
+    // The wait ends when both directions are shut.
     pollfd ended{socket_, 0, 0};
     ::poll(&ended, 1, static_cast<int>(std::chrono::milliseconds(support::kPatience).count()));
 }

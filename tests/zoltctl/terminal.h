@@ -11,7 +11,7 @@ class Terminal {
   public:
     Terminal();
 
-    /// For the program that runs there.
+    /// The end for the program that runs there.
     int inner() const { return inner_.get(); }
     void type(const std::string& keys) const;
     /// Waits until the program has shown `text` after what was waited for before;

@@ -31,9 +31,9 @@ struct Fault {
     std::chrono::milliseconds delay{0};
     unsigned count = 0;
     Bytes bytes;
-    /// Only requests that name this card.
+    /// The fault is for requests that name this card alone.
     std::optional<std::uint8_t> at;
-    /// Only requests of this kind.
+    /// The fault is for requests of this kind alone.
     std::optional<RequestKind> requestKind;
     /// How many strikes are left; nothing if there is no end.
     std::optional<unsigned> times = 1;

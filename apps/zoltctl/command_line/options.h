@@ -17,7 +17,7 @@ struct OptionRow {
     std::optional<std::string> GivenSettings::*given;
 };
 
-/// In the order in which --help shows them.
+/// The options, in the order in which --help shows them.
 std::span<const OptionRow> optionRows();
 
 }  // namespace zoltctl

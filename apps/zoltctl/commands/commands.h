@@ -6,7 +6,7 @@
 
 namespace zoltctl {
 
-/// In the order in which --help shows them.
+/// The commands, in the order in which --help shows them.
 std::span<const CommandRow> commandRows();
 
 }  // namespace zoltctl

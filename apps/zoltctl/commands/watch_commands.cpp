@@ -32,7 +32,7 @@ using zolt_text::quote;
 
 namespace {
 
-/// By address; empty where there is no card.
+/// The names of the cards by address; empty where there is no card.
 using Names = std::array<std::string, 16>;
 
 /// A console that is free answers within 3 seconds.

@@ -10,9 +10,9 @@ namespace bench {
 /// Measures what else the machine does during the stretches.
 class NoiseWatch {
   public:
-    /// To be called when a stretch begins.
+    /// Call this when a stretch begins.
     void begin();
-    /// To be called when the stretch has ended, and all that was started in it.
+    /// Call this when the stretch has ended, and all that was started in it.
     void end();
 
     Noise noise() const;

@@ -68,7 +68,7 @@ class Trial {
     void addProcessor(const std::string& figure, double seconds, std::size_t commands);
     /// Adds the memory of the process, and returns the number of its threads.
     std::size_t addHoldings(const std::string& figure, pid_t process);
-    /// To be called when the contestant has ended.
+    /// Call this when the contestant has ended.
     void close(const Slave& slave);
 
     const Contestant& contestant_;

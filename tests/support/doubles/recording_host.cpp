@@ -6,6 +6,8 @@
 #include "bus/card_kinds.h"
 #include "tests/support/text/bytes.h"
 
+namespace support {
+
 void RecordingHost::plugIn(std::size_t address, char kind) {
     kinds_.at(address) = kind;
 }
@@ -74,3 +76,5 @@ void RecordingHost::happened(const std::string& event) {
     watch(event);
     events_.push_back(event);
 }
+
+}  // namespace support

@@ -10,7 +10,9 @@
 #include "bus/wire.h"
 #include "control/console_host.h"
 
-/// The console's host without daemon and bus: it writes down in order what the
+namespace support {
+
+/// The console's host without daemon and bus: it records in order what the
 /// commands do, and answers for the cards. A pause takes no time; the bus answers
 /// a request during the pause that follows it.
 class RecordingHost : public ConsoleHost {
@@ -62,3 +64,5 @@ class RecordingHost : public ConsoleHost {
     std::string request_;
     std::vector<std::string> events_;
 };
+
+}  // namespace support

@@ -4,7 +4,7 @@
 
 /// What one line leads to: a request, a success reply, and a second reply or none.
 struct Exchange {
-    /// Without the line end that a sent line has; a line that begins with a line
+    /// The line, without the line end that a sent line has; a line that begins with a line
     /// end is sent as it is here.
     std::string line;
     std::string request;

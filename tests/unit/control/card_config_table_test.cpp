@@ -150,7 +150,7 @@ TEST(CardConfigTable, IsInTestOrder) {
 }
 
 TEST(CardConfigTable, ALineWithAllKeywordsRunsThemInTestOrder) {
-    RecordingHost host;
+    support::RecordingHost host;
     Console console(host, "\r\n", "\r\n");
     std::string line;
     Events expected;

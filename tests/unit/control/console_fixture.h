@@ -44,6 +44,6 @@ class ConsoleFixture : public testing::Test {
     /// What a line causes; the line end is added.
     Events eventsOf(const std::string& line) { return eventsOfText(line + "\r\n"); }
 
-    RecordingHost host_;
+    support::RecordingHost host_;
     Console console_{host_, "\r\n", "\r\n"};
 };

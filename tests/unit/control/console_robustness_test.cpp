@@ -47,7 +47,7 @@ class ConsoleRobustness : public testing::TestWithParam<std::string> {
         return isCommand;
     }
 
-    RecordingHost host_;
+    support::RecordingHost host_;
     Console console_{host_, GetParam(), "\r\n"};
 };
 

@@ -31,7 +31,7 @@ class ConfigInterfaces : public testing::Test {
     }
 
   private:
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
     std::string path_ = folder_.file("zoltconf.xml");
 };
 

@@ -28,7 +28,7 @@ class ConfigReader : public testing::Test {
         return readText("<ZOLTConfig>" + children + "</ZOLTConfig>");
     }
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
     std::string path_ = folder_.file("zoltconf.xml");
 };
 

@@ -41,7 +41,7 @@ class LoggerFile : public testing::Test {
 
     std::vector<std::string> lines() const { return splitLines(readFile(path_)); }
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
     std::string path_ = fs::canonical(folder_.file("")).string() + "/zolt.log";
     LOGGER logger_;
 };

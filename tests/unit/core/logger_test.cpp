@@ -37,7 +37,7 @@ class Logger : public testing::Test {
 
     std::string content() const { return readFile(path_); }
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
     std::string path_ = folder_.file("zolt.log");
     LOGGER logger_;
 };

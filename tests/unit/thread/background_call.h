@@ -22,8 +22,8 @@ class BackgroundCall {
     bool returns() const {
         return support::waitUntil([this] { return returned_.load(); });
     }
-    /// For a call that must not return yet. It is watched for a moment only: on
-    /// a slow machine this misses a wrong return, it never invents one.
+    /// True if the call has not returned after a moment. On a slow machine this may miss a
+    /// wrong return, but it never invents one.
     bool staysBlocked() const {
         constexpr std::chrono::milliseconds kMoment{50};
         return !support::waitUntil([this] { return returned_.load(); }, kMoment);

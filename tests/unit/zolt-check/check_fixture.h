@@ -50,6 +50,6 @@ class CheckFixture : public testing::Test {
     static constexpr const char* kIo = R"(<I Name="IO" Port="4002"/>)";
     static constexpr const char* kMon = R"(<I Name="MON" Port="4003"/>)";
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
     std::string path_ = folder_.file("zoltconf.xml");
 };

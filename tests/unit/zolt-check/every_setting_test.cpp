@@ -50,7 +50,7 @@ class EverySetting : public testing::Test {
         return zolt_check::checkFile(path_);
     }
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
     std::string path_ = folder_.file("zoltconf.xml");
 };
 

@@ -27,7 +27,7 @@ class SettingsTest : public testing::Test {
         return failureOf([&] { make(given); });
     }
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
 };
 
 constexpr const char* kInterfaces =

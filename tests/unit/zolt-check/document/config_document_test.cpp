@@ -18,7 +18,7 @@ class Document : public testing::Test {
         return loadConfigDocument(path_);
     }
 
-    TemporaryFolder folder_;
+    support::TemporaryFolder folder_;
     std::string path_ = folder_.file("zoltconf.xml");
 };
 
