@@ -50,8 +50,22 @@ LineReader::LineReader(const std::vector<std::string>& separators) : ends_{"\r",
     }
 }
 
+std::size_t LineReader::startOfPart() const {
+    std::size_t start = buffer_.size();
+    for (const std::string& end : ends_) {
+        for (std::size_t length = std::min(end.size() - 1, buffer_.size()); length > 0; --length) {
+            if (std::string_view(buffer_).ends_with(std::string_view(end).substr(0, length))) {
+                start = std::min(start, buffer_.size() - length);
+                break;
+            }
+        }
+    }
+    return start;
+}
+
 std::optional<std::string> LineReader::next() {
     for (;;) {
+        const std::size_t part = startOfPart();
         // The earliest end counts, and the longest of those that begin there.
         std::size_t at = std::string::npos;
         std::size_t length = 0;
@@ -62,15 +76,20 @@ std::optional<std::string> LineReader::next() {
                 length = end.size();
             }
         }
-        if (at == std::string::npos) {
-            checkLength(buffer_, buffer_.size());
+        if (at == std::string::npos || at > part) {
+            checkLength(buffer_, part);
             return std::nullopt;
         }
         checkLength(buffer_, at);
         std::string line = buffer_.substr(0, at);
-        buffer_.erase(0, at + length);
+        // This end may be the beginning of a longer one, so it waits for the next bytes; the
+        // line does not.
+        buffer_.erase(0, at == part ? at : at + length);
         if (!line.empty()) {
             return line;
+        }
+        if (at == part) {
+            return std::nullopt;
         }
     }
 }

@@ -39,6 +39,10 @@ class LineReader {
     std::optional<std::string> next();
 
   private:
+    /// Where the part of an end begins with which the bytes end; their number if they end
+    /// with none.
+    std::size_t startOfPart() const;
+
     std::vector<std::string> ends_;
     std::string buffer_;
 };

@@ -95,6 +95,37 @@ TEST(Lines, EndWithAnyOfTheEnds) {
     EXPECT_EQ(all(lines), Texts{"a5b1dFF"});
 }
 
+TEST(Lines, ComeByteByByteAsWell) {
+    for (const std::string separator : {"\r\n", "\n", "\r", "##", "\r\n>", "#;\r\n", "\r\r\n"}) {
+        LineReader lines({separator});
+        Texts found;
+        for (const char byte : "one" + separator + "\rtwo" + separator + "\r") {
+            lines.feed(std::string(1, byte));
+            for (const std::string& line : all(lines)) {
+                found.push_back(line);
+            }
+        }
+        EXPECT_EQ(found, (Texts{"one", "two"})) << separator;
+    }
+}
+
+TEST(Lines, DoNotWaitForTheRestOfALongerEnd) {
+    LineReader lines({"\r\n"});
+    lines.feed("one\r");
+    EXPECT_EQ(all(lines), Texts{"one"});
+    lines.feed("two\n");
+    EXPECT_EQ(all(lines), Texts{"two"});
+}
+
+TEST(Lines, OfTheGreatestLengthMayHaveTheirEndInPieces) {
+    const std::string longest(4096, 'x');
+    LineReader lines({"##"});
+    lines.feed(longest + "#");
+    EXPECT_EQ(lines.next(), std::nullopt);
+    lines.feed("#");
+    EXPECT_EQ(lines.next(), longest);
+}
+
 TEST(Lines, WithoutEndDoNotLookLikeZolt) {
     LineReader lines({});
     lines.feed(std::string(4097, 'x'));
