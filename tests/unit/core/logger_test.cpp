@@ -170,8 +170,8 @@ TEST_F(Logger, TheTimeIsReadBeforeTheLoggerIsFree) {
     std::jthread second([&] { logger_.info("waited"); });
     ASSERT_TRUE(support::waitUntil([&] { return system_calls::clockReadings() > readings; }));
     clock.set(kNow + 30);
-    // A logger that read the time before it locked would let the second line through, because
-    // only the first opening is held.
+    // The second message has read its time and waits for the lock. Without the lock its line
+    // would be there, because only the first opening is held.
     EXPECT_EQ(content(), "");
     held.release();
     holder.join();
