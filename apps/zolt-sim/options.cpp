@@ -84,6 +84,24 @@ void declareOptions(CLI::App& app, Options& options, RawValues& raw) {
     app.set_version_flag("--version", "zolt-sim " ZOLT_SIM_VERSION, "prints the version");
 }
 
+/// The arguments in reverse, as the parser takes them. "--option=" becomes two arguments:
+/// the parser would take the argument after it for its value.
+std::vector<std::string> prepared(const CLI::App& app, const std::vector<std::string>& arguments) {
+    std::vector<std::string> words;
+    for (const std::string& argument : arguments) {
+        const std::string name = argument.substr(0, argument.find('='));
+        const CLI::Option* option =
+            argument.starts_with("--") ? app.get_option_no_throw(name) : nullptr;
+        const bool empty = option != nullptr && option->get_items_expected() > 0 &&
+                           argument.size() == name.size() + 1;
+        words.push_back(empty ? name : argument);
+        if (empty) {
+            words.emplace_back();
+        }
+    }
+    return {words.rbegin(), words.rend()};
+}
+
 }  // namespace
 
 Options parseOptions(const std::vector<std::string>& arguments) {
@@ -94,8 +112,7 @@ Options parseOptions(const std::vector<std::string>& arguments) {
     app.footer("Controls are read from the standard input, one per line; \"help\" lists them.");
     declareOptions(app, options, raw);
     try {
-        // The parser takes the arguments from the back.
-        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        app.parse(prepared(app, arguments));
     } catch (const CLI::CallForHelp&) {
         options.text = app.help();
         return options;

@@ -1,5 +1,6 @@
 #include "apps/zolt-sim/text_file.h"
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -10,6 +11,9 @@
 
 namespace zolt_sim {
 namespace {
+
+/// Bytes; far above any file that a person or a program writes for the bus.
+constexpr std::size_t kLargestFile = 16U << 20U;
 
 std::string withoutComment(const std::string& line) {
     constexpr const char* kBlanks = " \t\r";
@@ -33,9 +37,15 @@ std::string readTextFile(const std::string& path) {
     if (!file) {
         throw Error(path + ": " + std::strerror(errno));
     }
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
+    std::string text;
+    std::array<char, 65536> piece;
+    while (file.read(piece.data(), piece.size()), file.gcount() > 0) {
+        text.append(piece.data(), static_cast<std::size_t>(file.gcount()));
+        if (text.size() > kLargestFile) {
+            throw Error(path + ": is larger than 16 MiB");
+        }
+    }
+    return text;
 }
 
 void forEachEntry(std::string_view text, const std::string& fileName,

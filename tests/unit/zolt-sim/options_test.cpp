@@ -85,7 +85,11 @@ TEST(Options, ThatAreUnknownAreNamed) {
 
 TEST(Options, NeedValuesThatMakeSense) {
     EXPECT_EQ(complaintAbout({"--bus"}), "--bus: 1 required FILE missing");
-    EXPECT_EQ(complaintAboutOther({"--control="}), "--control: 1 required PATH missing");
+    EXPECT_EQ(complaintAboutOther({"--control="}), "--control: the value is empty");
+    EXPECT_EQ(complaintAboutOther({"--trace-file=", "--baud=0"}),
+              "--trace-file: the value is empty");
+    EXPECT_EQ(complaintAboutOther({"--baud=", "x"}), "unexpected argument \"x\"");
+    EXPECT_EQ(complaintAboutOther({"--speed="}), "unknown option \"--speed=\"");
     EXPECT_EQ(complaintAboutOther({"--control", ""}), "--control: the value is empty");
     EXPECT_EQ(complaintAboutOther({"--baud", "fast"}),
               "--baud: \"fast\" is not a decimal number from 0 to 100000000");

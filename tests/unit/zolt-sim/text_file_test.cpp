@@ -30,6 +30,10 @@ TEST(TextFile, ThatCannotBeReadIsNamed) {
               folder.file("") + ": is a directory");
 }
 
+TEST(TextFile, ThatHasNoEndIsRefused) {
+    EXPECT_EQ(complaintOf([] { readTextFile("/dev/zero"); }), "/dev/zero: is larger than 16 MiB");
+}
+
 TEST(Entries, HaveNeitherCommentsNorBlanksAtTheirEnds) {
     EXPECT_EQ(entriesOf("# one\n\n  3 servo  # the arm\r\n\t\nmissing silent"),
               (std::vector<std::string>{"3 servo", "missing silent"}));
