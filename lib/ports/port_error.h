@@ -22,7 +22,10 @@ enum class Reason {
     kRefused,      ///< the daemon or the card has refused the command
     kNotKnown,     ///< the daemon does not know the command
     kNoLineEnd,    ///< the daemon takes none of the usual line ends
-    kInterrupted,  ///< the interrupt of a Deadline came
+    /// The interrupt of a Deadline came between two attempts to open a port. In any other
+    /// wait the interrupt counts as the end of the time: kHeld before the banner, kTimeout
+    /// after it.
+    kInterrupted,
 };
 
 /// A failure at a port. The text is one line for people, without control characters;

@@ -85,8 +85,9 @@ TEST_F(SettingsTest, LineEnds) {
         const char* text;
         std::optional<std::string> end;
     };
-    for (const Case& entry : {Case{"auto", std::nullopt}, Case{"crlf", "\r\n"}, Case{"lf", "\n"},
-                              Case{"cr", "\r"}, Case{"\\n\\r;", "\n\r;"}, Case{"", ""}}) {
+    for (const Case& entry :
+         {Case{"auto", std::nullopt}, Case{"crlf", "\r\n"}, Case{"lf", "\n"}, Case{"cr", "\r"},
+          Case{"\\n\\r;", "\n\r;"}, Case{"", ""}, Case{"a;\\x\\", "a;\\x\\"}}) {
         GivenSettings given;
         given.config = write(kInterfaces);
         given.lineEnd = entry.text;
