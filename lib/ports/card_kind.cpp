@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <vector>
+
+#include "lib/text/alternatives.h"
 
 namespace zolt_ports {
 namespace {
@@ -70,18 +73,13 @@ CardKind kindNamed(std::string_view name) {
 }
 
 std::string neededKinds(const std::function<bool(const CardKindRow&)>& wanted) {
-    std::vector<std::string_view> names;
+    std::vector<std::string> names;
     for (const CardKindRow& row : kKinds) {
         if (wanted(row)) {
-            names.push_back(row.needed);
+            names.emplace_back(row.needed);
         }
     }
-    std::string text;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        text += i == 0 ? "" : i + 1 == names.size() ? " or " : ", ";
-        text += names[i];
-    }
-    return text;
+    return zolt_text::alternatives(names);
 }
 
 }  // namespace zolt_ports

@@ -1,26 +1,18 @@
 #include "lib/text/escape.h"
 
+#include <cstdint>
 #include <stdexcept>
 
 #include "lib/text/hexadecimal.h"
-#include "lib/text/printable.h"
 
 namespace zolt_text {
 namespace {
 
 std::string escaped(char byte) {
-    switch (byte) {
-        case '\r':
-            return "\\r";
-        case '\n':
-            return "\\n";
-        case '\t':
-            return "\\t";
-        case '\\':
-            return "\\\\";
-        default:
-            return byte >= ' ' && byte <= '~' ? std::string(1, byte) : hexEscape(byte);
+    if (byte == '\\') {
+        return "\\\\";
     }
+    return byte >= ' ' && byte <= '~' ? std::string(1, byte) : escapeOf(byte);
 }
 
 /// The byte of the two digits after "\x".
@@ -33,6 +25,23 @@ char hexEscaped(std::string_view digits) {
 }
 
 }  // namespace
+
+std::string hexEscape(char byte) {
+    return "\\x" + hexByte(static_cast<std::uint8_t>(byte));
+}
+
+std::string escapeOf(char byte) {
+    switch (byte) {
+        case '\r':
+            return "\\r";
+        case '\n':
+            return "\\n";
+        case '\t':
+            return "\\t";
+        default:
+            return hexEscape(byte);
+    }
+}
 
 std::string escape(std::string_view bytes) {
     std::string text;

@@ -5,6 +5,12 @@
 
 namespace zolt_text {
 
+/// "\x0A": a byte as an escape of two upper-case digits.
+std::string hexEscape(char byte);
+
+/// A byte as an escape: \r, \n and \t by these names, every other byte as \xNN.
+std::string escapeOf(char byte);
+
 /// Writes bytes so that every one can be read back from the text: printable ASCII as it
 /// is, \r, \n and \t by these names, a backslash as \\, every other byte as \xNN.
 std::string escape(std::string_view bytes);

@@ -3,27 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
 
-#include "lib/text/hexadecimal.h"
+#include "lib/text/escape.h"
 
 namespace zolt_text {
 namespace {
 
 constexpr std::size_t kQuoteLimit = 60;
-
-std::string shownEscape(char byte) {
-    switch (byte) {
-        case '\r':
-            return "\\r";
-        case '\n':
-            return "\\n";
-        case '\t':
-            return "\\t";
-        default:
-            return hexEscape(byte);
-    }
-}
 
 /// The number of bytes of the character at the start of `text`; 0 if the text starts
 /// with a control character or with a byte that is not UTF-8.
@@ -69,16 +55,12 @@ std::size_t startOfCharacter(std::string_view text, std::size_t at) {
 
 }  // namespace
 
-std::string hexEscape(char byte) {
-    return "\\x" + hexByte(static_cast<std::uint8_t>(byte));
-}
-
 std::string printable(std::string_view text) {
     std::string result;
     while (!text.empty()) {
         const std::size_t length = shownLength(text);
         if (length == 0) {
-            result += shownEscape(text[0]);
+            result += escapeOf(text[0]);
             text.remove_prefix(1);
         } else {
             result += text.substr(0, length);

@@ -5,9 +5,6 @@
 
 namespace zolt_text {
 
-/// "\x0A": a byte as an escape of two upper-case digits.
-std::string hexEscape(char byte);
-
 /// Writes control characters and bytes that are not UTF-8 as \r, \n, \t or \xNN, so
 /// that no text from elsewhere can steer a terminal. A backslash stays as it is, so
 /// the result is for people and cannot be read back.

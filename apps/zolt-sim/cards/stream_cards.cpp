@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "apps/zolt-sim/cards/wire.h"
+#include "lib/text/escape.h"
 #include "lib/text/hexadecimal.h"
-#include "lib/text/printable.h"
 
 namespace zolt_sim {
 namespace {

@@ -5,10 +5,12 @@
 #include <string_view>
 
 #include "apps/zoltctl/failure.h"
+#include "lib/text/alternatives.h"
 #include "lib/text/printable.h"
 
 namespace zoltctl {
 
+using zolt_text::alternatives;
 using zolt_text::printable;
 using zolt_text::quote;
 
@@ -67,14 +69,6 @@ struct Expected {
     }
 };
 
-std::string joined(const std::vector<std::string>& tokens) {
-    std::string text;
-    for (std::size_t i = 0; i < tokens.size(); ++i) {
-        text += (i == 0 ? "" : i + 1 == tokens.size() ? " or " : ", ") + tokens[i];
-    }
-    return text;
-}
-
 Failure complaint(const std::vector<std::string>& words, const Expected& expected) {
     const auto usage = [](const std::string& text) { return Failure(Status::kUsage, text); };
     if (expected.depth == words.size()) {
@@ -82,7 +76,7 @@ Failure complaint(const std::vector<std::string>& words, const Expected& expecte
         for (const std::string& word : words) {
             said += (said.empty() ? "" : " ") + printable(word);
         }
-        return usage(joined(expected.tokens) + " is missing after \"" + said + '"');
+        return usage(alternatives(expected.tokens) + " is missing after \"" + said + '"');
     }
     const std::string word = quote(words[expected.depth]);
     if (expected.tokens.empty()) {
@@ -92,7 +86,7 @@ Failure complaint(const std::vector<std::string>& words, const Expected& expecte
     if (expected.tokens.size() == 1 && parameter != nullptr) {
         return usage(word + " is not " + parameter->noun + " (" + parameter->form + ")");
     }
-    return usage(word + " is not expected here; expected: " + joined(expected.tokens));
+    return usage(word + " is not expected here; expected: " + alternatives(expected.tokens));
 }
 
 }  // namespace

@@ -14,6 +14,12 @@ TEST(Escape, NamesWhatDoesNotPrint) {
     EXPECT_EQ(escape(""), "");
 }
 
+TEST(Escape, OfOneByteIsItsNameOrItsDigits) {
+    EXPECT_EQ(escapeOf('\n'), "\\n");
+    EXPECT_EQ(escapeOf('a'), "\\x61");
+    EXPECT_EQ(hexEscape('\n'), "\\x0A");
+}
+
 TEST(Escape, EveryByteCanBeReadBack) {
     std::string bytes;
     for (int byte = 0; byte < 256; ++byte) {
