@@ -9,6 +9,9 @@ namespace {
 
 constexpr double kMicroseconds = 1e6;
 
+/// One poll of a digital input card on the wire, in microseconds: 9 bytes of 10 bits.
+constexpr double kWirePoll = 9 * 10 * kMicroseconds / 460800;
+
 // `function` gets the daemon's value and another one of each round that has both.
 template <typename Function>
 void addPerRound(Report& report, const std::string& target, const std::string& label,

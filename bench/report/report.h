@@ -75,15 +75,12 @@ struct Report {
     std::optional<std::string> labelOf(Role role) const;
 };
 
-/// Adds the figures that follow from others: the shares of the wire's limit and
-/// of the bare loop, the cost of a further card, the time of a change beyond an exchange, the busy
-/// wait and the processor time above the busy wait.
+/// Adds the figures that follow from others: the shares of the wire's limit and of the bare
+/// loop, the cost of a further card, the time of a change beyond an exchange, the busy wait
+/// and the processor time above the busy wait.
 void addDerived(Report& report);
 
 /// The limit of the wire: full scans a second of `cards` polled digital input cards.
 double wireScans(unsigned cards);
-
-/// One poll of a digital input card on the wire, in microseconds.
-inline constexpr double kWirePoll = 9 * 10 * 1e6 / 460800;
 
 }  // namespace bench

@@ -3,6 +3,13 @@
 #include <algorithm>
 
 namespace zolt_ports {
+namespace {
+
+/// How long a port that refuses may still be about to listen again: the daemon takes
+/// some 4 seconds after its client has left.
+constexpr OpeningPlan::Seconds kRefusedWindow{6};
+
+}  // namespace
 
 OpeningPlan::Clock::time_point OpeningPlan::after(Clock::time_point now, Seconds time) {
     return now + std::chrono::duration_cast<Clock::duration>(time);

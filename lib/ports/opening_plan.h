@@ -5,10 +5,6 @@
 
 namespace zolt_ports {
 
-/// How long a port that refuses may still be about to listen again: the daemon takes
-/// some 4 seconds after its client has left.
-constexpr std::chrono::duration<double> kRefusedWindow{6};
-
 /// The pause between two attempts to connect.
 constexpr std::chrono::duration<double> kRetryPause{0.1};
 

@@ -42,8 +42,6 @@ class Stage {
     std::string finish();
     /// Returns the last frames on the bus, with their times.
     std::string frameLog() const;
-    /// Returns true once the daemon has been signalled to stop.
-    bool stopping() const { return stopping_; }
 
   private:
     struct Client {

@@ -42,15 +42,13 @@ class SoakStage : public WatchedDaemon {
     std::size_t explainedLosses();
     /// Forgets the commands sent so far: one that still arrives counts as never sent.
     void beginAccount();
-    /// False if a discovery that clears the cards is under way or has been disturbed: which
-    /// commands are legal is then unknown until the next calm.
-    bool cardsKnown() const { return cardsKnown_; }
+    /// To be called with false when a discovery that clears the cards begins: which commands
+    /// are legal is then unknown until the next calm, and no output command is sent.
     void setCardsKnown(bool known) { cardsKnown_ = known; }
 
     /// Sends the text on one of the three clients. On the monitor, whose input the daemon
     /// keeps forever, it sends nothing once a total of 16 KiB is reached.
     void type(NonBlockingClient& client, const std::string& text);
-    std::size_t typedOnMonitor() const { return typedOnMonitor_; }
     /// The memory that the daemon holds at least for what was typed on the monitor.
     std::size_t monitorKib() const;
 
