@@ -22,7 +22,6 @@ using zolt_text::printable;
 namespace {
 
 /// A conversation with the daemon's console.
-
 class Conversation {
   public:
     Conversation(ConsoleSession& console, LineInput& input, const Settings& settings,
