@@ -6,25 +6,11 @@
 #include <unistd.h>
 
 #include <array>
-#include <cstdlib>
 #include <fstream>
 
 #include "lib/os/descriptor.h"
 
 namespace zolt_sim::test {
-
-Folder::Folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "simXXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) {
-        throw std::runtime_error("mkdtemp failed");
-    }
-    path_ = name;
-}
-
-Folder::~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
 
 std::string Folder::write(const std::string& name, const std::string& text) const {
     std::ofstream(file(name), std::ios::binary) << text;

@@ -1,47 +1,24 @@
 #pragma once
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
-#include <filesystem>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "apps/zolt-sim/bytes.h"
 #include "lib/os/descriptor.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/wait.h"
 
 namespace zolt_sim::test {
 
-/// A loaded machine needs far less; only a failing test waits this long.
-inline constexpr std::chrono::seconds kDeadline{30};
-
-template <typename Predicate>
-bool waitUntil(Predicate predicate) {
-    const auto end = std::chrono::steady_clock::now() + kDeadline;
-    while (!predicate()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    return true;
-}
+using support::waitUntil;
 
 /// A new empty folder. The destructor removes it with everything in it.
-class Folder {
+class Folder : public TemporaryFolder {
   public:
-    Folder();
-    ~Folder();
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
     /// Writes a file and returns its path.
     std::string write(const std::string& name, const std::string& text) const;
-
-  private:
-    std::filesystem::path path_;
 };
 
 /// The host's end of the wire. It opens the adapter as a host program would.
