@@ -15,7 +15,7 @@ namespace zolt_sim::test {
 using support::waitUntil;
 
 /// A new empty folder. The destructor removes it with everything in it.
-class Folder : public TemporaryFolder {
+class Folder : public support::TemporaryFolder {
   public:
     /// Writes a file and returns its path.
     std::string write(const std::string& name, const std::string& text) const;
