@@ -29,14 +29,6 @@ std::string hexBytes(std::span<const std::uint8_t> bytes) {
     return text;
 }
 
-std::string hexNumber(std::size_t value, std::size_t digits) {
-    std::string text;
-    for (; value != 0 || text.size() < digits; value >>= 4U) {
-        text.insert(text.begin(), digitOf(static_cast<unsigned>(value & 0x0FU)));
-    }
-    return text;
-}
-
 std::optional<std::uint8_t> parseHexDigit(char digit) {
     if (digit >= '0' && digit <= '9') {
         return static_cast<std::uint8_t>(digit - '0');

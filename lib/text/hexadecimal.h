@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -20,9 +19,6 @@ std::string hexByte(std::uint8_t value);
 
 /// "0A FF": all bytes, with one blank between two of them.
 std::string hexBytes(std::span<const std::uint8_t> bytes);
-
-/// Upper-case digits, filled with zeros from the left to `digits` digits.
-std::string hexNumber(std::size_t value, std::size_t digits);
 
 /// 0 to 15 for a digit of either case; nothing for any other character.
 std::optional<std::uint8_t> parseHexDigit(char digit);

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "fuzz/support/cards.h"
-#include "lib/text/hexadecimal.h"
 #include "tests/completeness/source_words.h"
+#include "tests/support/text/hex_number.h"
 
 void PrintTo(const CardKind& kind, std::ostream* out) {
     *out << kind.name;
@@ -31,7 +31,7 @@ TEST_P(EveryCardKind, HasItsRowInTheBusDocument) {
     const CardKind& kind = GetParam();
     const std::string document = sourceFile("docs/card-bus.md");
     const std::size_t start =
-        document.find("\n| " + zolt_text::hexNumber(static_cast<unsigned>(kind.code), 2) + " | ");
+        document.find("\n| " + support::hexNumber(static_cast<unsigned>(kind.code), 2) + " | ");
     ASSERT_NE(start, std::string::npos) << "docs/card-bus.md";
     const std::string row = document.substr(start + 1, document.find('\n', start + 1) - start - 1);
     const std::string outputs =

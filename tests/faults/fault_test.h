@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "lib/text/hexadecimal.h"
 #include "tests/faults/daemon_state.h"
 #include "tests/support/process/daemon_process.h"
 #include "tests/support/process/daemon_settings.h"
 #include "tests/support/process/sim_process.h"
 #include "tests/support/tcp/tcp_client.h"
+#include "tests/support/text/hex_number.h"
 
 /// The daemon on a simulated bus with a card of every kind, both in a private view. A case
 /// does something bad to the daemon and then checks what still has to hold.
@@ -93,5 +93,5 @@ class FaultTest : public ::testing::Test {
 
 /// Two upper-case hexadecimal digits.
 inline std::string hexByte(unsigned value) {
-    return zolt_text::hexNumber(value & 0xFFU, 2);
+    return support::hexNumber(value & 0xFFU, 2);
 }

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "lib/text/hexadecimal.h"
 #include "tests/support/tcp/tcp_client.h"
+#include "tests/support/text/hex_number.h"
 #include "tests/support/wait.h"
 #include "tests/zoltctl/daemon_test.h"
 
@@ -37,7 +37,7 @@ struct Input {
     bool settled = true;
 
     std::string report() const {
-        return std::string("a") + address + "b" + block + "d" + zolt_text::hexNumber(value, 2);
+        return std::string("a") + address + "b" + block + "d" + support::hexNumber(value, 2);
     }
 };
 
@@ -90,7 +90,7 @@ class WatchChanges : public DaemonTest {
             input.value = (input.value + 1) % 256;
             input.settled = false;
             controls.push_back(std::string("set ") + input.address + " " + input.block + " " +
-                               zolt_text::hexNumber(input.value, 2));
+                               support::hexNumber(input.value, 2));
         }
         sim_->controlAll(controls);
         made_ += controls.size();

@@ -1,6 +1,6 @@
 #include "tests/reliability/accounts/input_cards.h"
 
-#include "lib/text/hexadecimal.h"
+#include "tests/support/text/hex_number.h"
 
 namespace reliability {
 namespace {
@@ -15,15 +15,15 @@ constexpr std::size_t kAhead = 200;
 }  // namespace
 
 std::string reportText(unsigned address, std::size_t block, unsigned value) {
-    return "a" + zolt_text::hexNumber(address, 1) + "b" + zolt_text::hexNumber(block, 1) + "d" +
-           zolt_text::hexNumber(value, 2);
+    return "a" + support::hexNumber(address, 1) + "b" + support::hexNumber(block, 1) + "d" +
+           support::hexNumber(value, 2);
 }
 
 std::vector<std::string> InputCard::change(BusWatch& bus) {
     value_ = (value_ + 1) & 0xFF;
-    const std::string address = zolt_text::hexNumber(address_, 1);
+    const std::string address = support::hexNumber(address_, 1);
     if (kind_ == Kind::kKeyMatrix) {
-        bus.control("key " + address + " " + zolt_text::hexNumber(value_, 2));
+        bus.control("key " + address + " " + support::hexNumber(value_, 2));
         return {reportText(address_, 0, value_)};
     }
     std::vector<std::string> reports;
@@ -31,7 +31,7 @@ std::vector<std::string> InputCard::change(BusWatch& bus) {
         // The second block has other values than the first, so that their reports differ.
         const unsigned value = (value_ + block * 0x80) & 0xFF;
         bus.control("set " + address + " " + std::to_string(block) + " " +
-                    zolt_text::hexNumber(value, 2));
+                    support::hexNumber(value, 2));
         reports.push_back(reportText(address_, block, value));
     }
     return reports;
@@ -55,9 +55,9 @@ std::vector<std::string> AnalogueScript::refill() {
 }
 
 void AnalogueScript::queueReading(const std::string& times) {
-    std::string answer = "fault answer 21 " + zolt_text::hexNumber(address_, 2);
-    for (const unsigned value : channels_) answer += " " + zolt_text::hexNumber(value, 2);
-    bus_.control(answer + " at " + zolt_text::hexNumber(address_, 1) + " for poll " + times);
+    std::string answer = "fault answer 21 " + support::hexNumber(address_, 2);
+    for (const unsigned value : channels_) answer += " " + support::hexNumber(value, 2);
+    bus_.control(answer + " at " + support::hexNumber(address_, 1) + " for poll " + times);
 }
 
 }  // namespace reliability

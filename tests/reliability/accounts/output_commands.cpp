@@ -1,6 +1,6 @@
 #include "tests/reliability/accounts/output_commands.h"
 
-#include "lib/text/hexadecimal.h"
+#include "tests/support/text/hex_number.h"
 
 namespace reliability {
 namespace {
@@ -10,7 +10,7 @@ constexpr unsigned kTextCard = 0xE;
 
 // The bytes as " 34" each.
 std::string blankAndByte(unsigned value) {
-    return " " + zolt_text::hexNumber(value, 2);
+    return " " + support::hexNumber(value, 2);
 }
 
 }  // namespace
@@ -36,8 +36,8 @@ OutputCommand OutputCommands::block(BlockCard& card) {
     unsigned& value = card.values[index];
     value = (value + 1) & 0xFF;
     OutputCommand command{card.address,
-                          "a" + zolt_text::hexNumber(card.address, 1) + "b" +
-                              zolt_text::hexNumber(index, 1) + "d" + zolt_text::hexNumber(value, 2),
+                          "a" + support::hexNumber(card.address, 1) + "b" +
+                              support::hexNumber(index, 1) + "d" + support::hexNumber(value, 2),
                           "10" + blankAndByte(card.address) +
                               blankAndByte(static_cast<unsigned>(card.values.size()))};
     for (const unsigned each : card.values) command.frame += blankAndByte(each);
@@ -46,7 +46,7 @@ OutputCommand OutputCommands::block(BlockCard& card) {
 
 OutputCommand OutputCommands::stream() {
     const unsigned number = number_++;
-    OutputCommand command{kStreamCard, "a9sHS" + zolt_text::hexNumber(number, 8),
+    OutputCommand command{kStreamCard, "a9sHS" + support::hexNumber(number, 8),
                           "10" + blankAndByte(kStreamCard) + " 05 04"};
     for (const unsigned shift : {24U, 16U, 8U, 0U}) {
         command.frame += blankAndByte((number >> shift) & 0xFF);
@@ -55,7 +55,7 @@ OutputCommand OutputCommands::stream() {
 }
 
 OutputCommand OutputCommands::text() {
-    const std::string number = zolt_text::hexNumber(number_++, 8);
+    const std::string number = support::hexNumber(number_++, 8);
     OutputCommand command{kTextCard, "aElPAp0000t" + number,
                           "10" + blankAndByte(kTextCard) + " 0C 09 00 00"};
     for (const char digit : number) command.frame += blankAndByte(static_cast<unsigned>(digit));

@@ -2,8 +2,8 @@
 #include <array>
 #include <filesystem>
 
-#include "lib/text/hexadecimal.h"
 #include "tests/reliability/soak/actions.h"
+#include "tests/support/text/hex_number.h"
 
 namespace reliability {
 namespace {
@@ -13,7 +13,7 @@ void changeInput(SoakStage& stage, Random& random) {
                                  "key 8",   "turn F 0", "turn F 5"};
     const std::string input = random.oneOf(kInputs);
     // The values above 7F are kept for the marks of the calm phases.
-    stage.bus().control(input + " " + zolt_text::hexNumber(random.below(0x80), 2));
+    stage.bus().control(input + " " + support::hexNumber(random.below(0x80), 2));
 }
 
 // The adapter of the bus gets odd numbers, strange adapters get even ones.
@@ -78,7 +78,7 @@ void makeNoise(SoakStage& stage, Random& random) {
     const std::size_t count = 1 + random.below(120);
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t byte = random.below(256);
-        fault += " " + zolt_text::hexNumber(byte == kDiscoveryAnswer ? 0 : byte, 2);
+        fault += " " + support::hexNumber(byte == kDiscoveryAnswer ? 0 : byte, 2);
     }
     stage.spoil(fault + " for " + spoilable(random) + " " + timesText(random));
 }
@@ -99,7 +99,7 @@ void spoilAnswer(SoakStage& stage, Random& random) {
     } else if (kind == "class") {
         fault += " " + std::string(1, "12346"[number % 5]);
     } else {
-        fault += " " + zolt_text::hexNumber(number, 2);
+        fault += " " + support::hexNumber(number, 2);
     }
     stage.spoil(fault + " for " + spoilable(random) + " " + timesText(random));
 }

@@ -19,13 +19,6 @@ TEST(Hexadecimal, IsWrittenInUpperCase) {
     EXPECT_EQ(hexBytes(Bytes{}), "");
 }
 
-TEST(Hexadecimal, NumbersAreFilledWithZeros) {
-    EXPECT_EQ(hexNumber(0x2F, 4), "002F");
-    EXPECT_EQ(hexNumber(0xABC, 2), "ABC");
-    EXPECT_EQ(hexNumber(0, 1), "0");
-    EXPECT_EQ(hexNumber(~std::size_t{0}, 16), "FFFFFFFFFFFFFFFF");
-}
-
 TEST(Hexadecimal, DigitsOfBothCasesAreRead) {
     EXPECT_EQ(parseHexDigit('0'), 0);
     EXPECT_EQ(parseHexDigit('9'), 9);
