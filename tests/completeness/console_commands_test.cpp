@@ -90,7 +90,10 @@ TEST_P(EveryConsoleCommand, IsCutAndMixedByTheRobustnessTest) {
 
 TEST_P(EveryConsoleCommand, IsSentInAGoldenDialogue) {
     const std::vector<std::string> sent = sentInDialogues("cae");
-    EXPECT_TRUE(std::any_of(sent.begin(), sent.end(), isIn)) << "tests/golden/dialogues";
+    // The replies that follow do not count: that of HELP names every command.
+    EXPECT_TRUE(std::any_of(sent.begin(), sent.end(), [](const std::string& dialogue) {
+        return isIn(dialogue.substr(0, dialogue.find('\n')));
+    })) << "tests/golden/dialogues";
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, EveryConsoleCommand, testing::ValuesIn(commands()),
