@@ -20,7 +20,7 @@ std::optional<RequestKind> requestKindNamed(std::string_view word);
 std::string_view requestKindName(RequestKind kind);
 
 /// The card that a poll, output or configuration request names in its second byte.
-/// Nothing for other requests and for a request that ends before that byte.
+/// Other requests, and a request that ends before that byte, name no card.
 std::optional<std::uint8_t> namedCard(const Bytes& request);
 
 }  // namespace zolt_sim

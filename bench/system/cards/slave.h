@@ -93,7 +93,7 @@ class Slave {
     /// The host has closed the port; `unanswered` is whether a request was still there.
     void noteClosed(bool unanswered);
     zolt_sim::Bytes frameFor(const zolt_sim::Bytes& request, Time atCard);
-    /// Of `times` only the times are set.
+    /// The caller sets the three times; note() takes card and value from the request.
     void note(const zolt_sim::Bytes& request, Output times);
 
     std::atomic<unsigned> baud_ = kBaud;
